@@ -1,0 +1,63 @@
+# The settings that every target of the project shares, and the functions that make targets.
+
+add_library(ferry_options INTERFACE)
+target_include_directories(ferry_options INTERFACE ${CMAKE_SOURCE_DIR}/src)
+
+if(MSVC)
+    target_compile_options(ferry_options INTERFACE /W4 /utf-8 /permissive- /Zc:__cplusplus /EHsc)
+    if(FERRY_WARNINGS_AS_ERRORS)
+        target_compile_options(ferry_options INTERFACE /WX)
+    endif()
+else()
+    target_compile_options(ferry_options INTERFACE
+        -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion
+        $<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor>)
+    if(FERRY_WARNINGS_AS_ERRORS)
+        target_compile_options(ferry_options INTERFACE -Werror)
+    endif()
+endif()
+
+if(FERRY_SANITIZE)
+    target_compile_options(ferry_options INTERFACE
+        -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(ferry_options INTERFACE -fsanitize=address,undefined)
+    target_compile_definitions(ferry_options INTERFACE _GLIBCXX_ASSERTIONS)
+endif()
+if(FERRY_FUZZ)
+    target_compile_options(ferry_options INTERFACE
+        -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all)
+    target_link_options(ferry_options INTERFACE -fsanitize=address,undefined)
+endif()
+if(FERRY_TRAPS)
+    target_compile_options(ferry_options INTERFACE
+        -fsanitize=undefined -fsanitize-undefined-trap-on-error)
+    target_compile_definitions(ferry_options INTERFACE _GLIBCXX_ASSERTIONS)
+endif()
+
+if(WIN32)
+    target_compile_definitions(ferry_options INTERFACE
+        UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN STRICT
+        WINVER=0x0A00 _WIN32_WINNT=0x0A00 NTDDI_VERSION=0x0A000006)
+    if(MINGW)
+        # ASLR with high entropy, NX, no import of a compiler's runtime DLL.
+        target_link_options(ferry_options INTERFACE
+            -static -Wl,--dynamicbase -Wl,--high-entropy-va -Wl,--nxcompat)
+    else()
+        set(CMAKE_MSVC_RUNTIME_LIBRARY "MultiThreaded$<$<CONFIG:Debug>:Debug>")
+        target_link_options(ferry_options INTERFACE /DYNAMICBASE /HIGHENTROPYVA /NXCOMPAT /guard:cf)
+    endif()
+endif()
+
+# ferry_portable(NAME SOURCES... [LINK LIBS...]): standard C++ only, built for every host.
+function(ferry_portable name)
+    cmake_parse_arguments(arg "" "" "SOURCES;LINK" ${ARGN})
+    add_library(${name} STATIC ${arg_SOURCES})
+    target_link_libraries(${name} PUBLIC ferry_options ${arg_LINK})
+endfunction()
+
+# ferry_adapter(NAME SOURCES... [LINK LIBS...]): talks to Windows; nothing elsewhere.
+function(ferry_adapter name)
+    if(WIN32)
+        ferry_portable(${name} ${ARGN})
+    endif()
+endfunction()
