@@ -1,0 +1,40 @@
+// Translates a dialog's controls from its text file, or writes that file.
+#pragma once
+
+#include <windows.h>
+
+#include <optional>
+#include <string>
+
+#include "settings/settings_store.h"
+
+namespace ferry::lang {
+
+/// Puts the texts of the user's language into dialogs. The language is asked for once.
+class DialogLocaliser {
+public:
+    /// `store` must outlive this object; `modulePath` is the executable's full path.
+    DialogLocaliser(settings::SettingsStore& store, std::wstring modulePath)
+        : store_(store), modulePath_(std::move(modulePath)) {}
+
+    /// Replaces the texts of `dialog`, made from template `templateId`, by those of its text
+    /// file; without such a file, writes the dialog's texts to it. Does nothing in the built-in
+    /// language unless the host wants its files maintained. Failures are silent.
+    void Localise(int templateId, HWND dialog);
+
+private:
+    struct Language {
+        std::wstring Suffix;
+        bool UsesFiles = false;
+    };
+
+    const Language& ChosenLanguage();
+    bool Import(int templateId, HWND dialog);
+    void Export(int templateId, HWND dialog);
+
+    settings::SettingsStore& store_;
+    std::wstring modulePath_;
+    std::optional<Language> language_;
+};
+
+}  // namespace ferry::lang
