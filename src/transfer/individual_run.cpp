@@ -1,0 +1,155 @@
+// The item-by-item run: walks the sources, makes folders, lets the item engine judge each file.
+#include "transfer/individual_run.h"
+
+#include "base/text.h"
+#include "paths/path_helpers.h"
+
+namespace ferry::transfer {
+namespace {
+
+constexpr std::uint32_t kAskEach = static_cast<std::uint32_t>(CollisionPolicy::AskEach);
+
+// The range message of a progress bar has 16 bits for the count.
+constexpr std::size_t kProgressModulus = 65536;
+
+bool IsFolder(std::uint32_t attributes) {
+    // The invalid value has every bit set, the folder's too.
+    return attributes != kInvalidAttributes && (attributes & kAttributeDirectory) != 0;
+}
+
+/// Where in `source` the part starts that the destination repeats: after the last backslash. A
+/// path without any is taken apart at its last slash or at its drive.
+std::size_t KeptPartStart(std::wstring_view source) {
+    if (source.find(L'\\') != std::wstring_view::npos)
+        return paths::ParentWithSeparator(source).size();
+    const std::size_t end = source.find_last_of(L"/:");
+    return end == std::wstring_view::npos ? 0 : end + 1;
+}
+
+}  // namespace
+
+IndividualRun::IndividualRun(const TransferRequest& request, FileSystem& fileSystem, ShellOperations& shell,
+                             Questions& questions, Progress& progress)
+    : request_(request),
+      fileSystem_(fileSystem),
+      questions_(questions),
+      progress_(progress),
+      engine_(fileSystem, shell, questions, request.What, request.Settings.TimeCmpType),
+      policy_(request.Settings.Policy) {}
+
+bool IndividualRun::Run() {
+    for (const std::wstring_view source : request_.Sources) {
+        // A folder may come with its separator; it is the same folder without.
+        if (!TransferSource(paths::StripTrailingSeparator(source)))
+            return false;
+    }
+    return true;
+}
+
+bool IndividualRun::TransferSource(std::wstring_view source) {
+    keptPartStart_ = KeptPartStart(source);
+    if (!IsFolder(fileSystem_.Attributes(source))) {
+        // Nothing to name at the destination; the shell takes an empty path for the desktop.
+        if (keptPartStart_ == source.size())
+            return true;
+        progress_.SetRange(1);
+        return TransferFile(source);
+    }
+    const SourceListing listing = ListSourceFolder(fileSystem_, source);
+    const std::size_t count = listing.Folders.Size() + listing.Files.Size();
+    progress_.SetRange(static_cast<std::uint32_t>(count % kProgressModulus));
+    for (const std::wstring_view folder : listing.Folders) {
+        if (!TransferFolder(folder))
+            return false;
+    }
+    for (const std::wstring_view file : listing.Files) {
+        if (!TransferFile(file))
+            return false;
+    }
+    if (request_.What == Operation::Move)
+        RemoveEmptiedFolders(listing.Folders);
+    return true;
+}
+
+bool IndividualRun::TransferFolder(std::wstring_view folder) {
+    if (!BeginItem())
+        return false;
+    const std::wstring target = TargetOf(folder);
+    // What a drive root holds goes straight into the destination, which exists and keeps its
+    // attributes.
+    if (HasKeptPart(folder))
+        MakeTargetFolder(folder, target);
+    progress_.ShowItem(paths::LastComponent(target));
+    return true;
+}
+
+bool IndividualRun::TransferFile(std::wstring_view source) {
+    if (!BeginItem())
+        return false;
+    const std::wstring target = TargetOf(source);
+    const std::wstring_view name = paths::LastComponent(target);
+    Item item{source, target, fileSystem_.Find(target)};
+    std::uint32_t policy = policy_;
+    if (item.Existing && policy == kAskEach) {
+        const CollisionAnswer answer = questions_.AskCollision(name);
+        if (answer.EndCode == kEndStopAll)
+            return false;
+        if (answer.EndCode != kEndOk && answer.EndCode != kEndForAll)
+            return true;
+        policy = answer.Policy;
+        if (answer.EndCode == kEndForAll)
+            policy_ = policy;
+    }
+    if (engine_.Handle(item, policy) == ItemResult::Stop)
+        return false;
+    progress_.ShowItem(name);
+    return true;
+}
+
+bool IndividualRun::BeginItem() {
+    if (progress_.DrainAndTakeCancel())
+        return false;
+    progress_.Step();
+    return true;
+}
+
+void IndividualRun::MakeTargetFolder(std::wstring_view source, std::wstring_view target) {
+    // A folder made just now is left as it is; any other result, an existing folder above all,
+    // makes the target look like the source.
+    if (fileSystem_.CreateFolder(target) == kFolderCreated)
+        return;
+    fileSystem_.NotifyFolderMade(target);
+    const std::uint32_t attributes = fileSystem_.Attributes(source);
+    if (attributes != kInvalidAttributes)
+        fileSystem_.SetAttributes(target, attributes);
+}
+
+void IndividualRun::RemoveEmptiedFolders(const base::TextList& folders) {
+    for (std::size_t index = folders.Size(); index > 0; --index) {
+        const std::wstring_view folder = folders[index - 1];
+        // The plain attributes lift the read-only bit, which would keep the folder.
+        if (HasMoved(folder) && fileSystem_.SetAttributes(folder, kAttributeDirectory))
+            fileSystem_.RemoveFolder(folder);
+    }
+}
+
+bool IndividualRun::HasMoved(std::wstring_view folder) {
+    if (!HasKeptPart(folder))
+        return false;
+    const std::wstring target = TargetOf(folder);
+    // An empty folder that was moved onto itself, or whose counterpart could not be made, would
+    // be gone from both places.
+    return !base::EqualsIgnoringAsciiCase(folder, target) && IsFolder(fileSystem_.Attributes(target));
+}
+
+bool IndividualRun::HasKeptPart(std::wstring_view path) const noexcept {
+    return path.size() > keptPartStart_;
+}
+
+std::wstring IndividualRun::TargetOf(std::wstring_view path) const {
+    std::wstring target = request_.Destination;
+    target += path.substr(keptPartStart_);
+    return target;
+}
+
+}  // namespace ferry::transfer
