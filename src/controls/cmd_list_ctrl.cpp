@@ -1,0 +1,102 @@
+#include "controls/cmd_list_ctrl.h"
+
+#include <algorithm>
+
+namespace ferry::controls {
+
+using framework::Answer;
+using framework::Route;
+
+namespace {
+
+// Space beside the text of a list column: the small icon and the list view's own margins.
+constexpr int kIconAndMargins = 28;
+
+}  // namespace
+
+bool CCmdListCtrl::Prepare(HWND list, HIMAGELIST icons) {
+    if (!Attach(list)) {
+        return false;
+    }
+    SendMessageW(list, LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(icons));
+    return true;
+}
+
+void CCmdListCtrl::Append(base::TextList list) {
+    items_.Append(std::move(list));
+    FitColumn();
+    SetItemCount(items_.Size());
+}
+
+void CCmdListCtrl::Clear() {
+    items_.Clear();
+    SetItemCount(0);
+}
+
+// A virtual list does not know its texts, so it cannot find its column width by itself. The name
+// with the most characters is nearly always the widest; a name wider than the list is cut.
+void CCmdListCtrl::FitColumn() const {
+    std::size_t longest = 0;
+    const wchar_t* name = L"";
+    for (std::size_t index = 0; index < items_.Size(); ++index) {
+        const ListItem& item = items_[index];
+        if (const std::size_t length = item.Path.size() - item.NameOffset; length > longest) {
+            longest = length;
+            name = item.DisplayName();
+        }
+    }
+    RECT client{};
+    GetClientRect(Handle(), &client);
+    const int text =
+        static_cast<int>(SendMessageW(Handle(), LVM_GETSTRINGWIDTHW, 0, reinterpret_cast<LPARAM>(name)));
+    const int dpi = static_cast<int>(GetDpiForWindow(Handle()));
+    const int wanted = text + MulDiv(kIconAndMargins, dpi, USER_DEFAULT_SCREEN_DPI);
+    SendMessageW(Handle(), LVM_SETCOLUMNWIDTH, 0, std::min(wanted, static_cast<int>(client.right)));
+}
+
+std::span<const Route> CCmdListCtrl::Routes() const {
+    static constexpr Route kRoutes[] = {
+        framework::OnMessage<&CCmdListCtrl::OnIconsReady>(kIconsReadyMessage),
+    };
+    return kRoutes;
+}
+
+Answer CCmdListCtrl::OnOwnNotification(NMHDR& header) {
+    switch (header.code) {
+        case LVN_GETDISPINFOW:
+            FillDisplayInfo(reinterpret_cast<NMLVDISPINFOW&>(header).item);
+            return 0;
+        case LVN_ODCACHEHINT: {
+            const auto& hint = reinterpret_cast<const NMLVCACHEHINT&>(header);
+            if (hint.iFrom >= 0 && hint.iTo >= hint.iFrom) {
+                icons_.Request(Handle(), static_cast<std::size_t>(hint.iFrom),
+                               static_cast<std::size_t>(hint.iTo));
+            }
+            return 0;
+        }
+        default:
+            return std::nullopt;
+    }
+}
+
+void CCmdListCtrl::FillDisplayInfo(LVITEMW& item) const {
+    const auto index = static_cast<std::size_t>(item.iItem);
+    if (item.iItem < 0 || index >= items_.Size()) {
+        return;
+    }
+    const ListItem& source = items_[index];
+    if ((item.mask & LVIF_TEXT) != 0) {
+        // The list view only reads the text; the field is writable for other kinds of lists.
+        item.pszText = const_cast<wchar_t*>(source.DisplayName());
+    }
+    if ((item.mask & LVIF_IMAGE) != 0) {
+        item.iImage = std::max(source.IconIndex.load(), 0);
+    }
+}
+
+Answer CCmdListCtrl::OnIconsReady(WPARAM first, LPARAM last) {
+    RedrawItems(static_cast<int>(first), static_cast<int>(last));
+    return 0;
+}
+
+}  // namespace ferry::controls

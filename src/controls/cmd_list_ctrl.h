@@ -1,0 +1,40 @@
+// The list of the items that the command works on.
+#pragma once
+
+#include "base/text_list.h"
+#include "controls/icon_worker.h"
+#include "controls/list_items.h"
+#include "framework/controls.h"
+
+namespace ferry::controls {
+
+/// A virtual list of paths: it shows their last components with the system's small icons, which
+/// are found in the background.
+class CCmdListCtrl : public framework::CListCtrl {
+public:
+    /// Attaches to the list view `list` and shows `icons`, the system's small image list.
+    bool Prepare(HWND list, HIMAGELIST icons);
+
+    /// Takes over the paths in `list` and shows them after the ones that are there.
+    void Append(base::TextList list);
+
+    /// Empties the list.
+    void Clear();
+
+    const ListItems& Items() const noexcept { return items_; }
+
+protected:
+    std::span<const framework::Route> Routes() const override;
+    framework::Answer OnOwnNotification(NMHDR& header) override;
+    void OnWindowGone() override { icons_.Stop(); }
+
+private:
+    void FillDisplayInfo(LVITEMW& item) const;
+    void FitColumn() const;
+    framework::Answer OnIconsReady(WPARAM first, LPARAM last);
+
+    ListItems items_;
+    IconWorker icons_{items_};
+};
+
+}  // namespace ferry::controls

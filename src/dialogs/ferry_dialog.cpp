@@ -1,0 +1,198 @@
+#include "dialogs/ferry_dialog.h"
+
+#include <shellapi.h>
+
+#include <tuple>
+
+#include "base/message_box_win32.h"
+#include "base/text.h"
+#include "framework/fields.h"
+#include "framework/handles.h"
+#include "hostlink/window_placement_win32.h"
+#include "ids.h"
+#include "process/manual.h"
+#include "process/shell_open_win32.h"
+
+namespace ferry::dialogs {
+
+using framework::Answer;
+using framework::Exchange;
+using framework::Route;
+
+namespace {
+
+constexpr int kMaxDestinationLength = 250;
+
+// A longer answer of the folder browser is no folder that the shell could name.
+constexpr std::size_t kBrowsedPathLimit = 520;
+
+// Asks whether a window is this dialog; another program of the host may send it.
+constexpr UINT kIdentifyMessage = 0x8030;
+
+constexpr std::uint16_t kMessageNoTabFolders = 62401;
+constexpr std::uint16_t kMessageMissingTail = 62325;
+constexpr std::uint16_t kMessageBrowsePrompt = 63503;
+
+constexpr int kOperations[] = {IDC_COPY, IDC_MOVE};
+constexpr int kModes[] = {IDC_BATCH, IDC_INDIVIDUAL};
+
+// In the order of the policies' numbers.
+constexpr int kPolicies[] = {
+    IDC_POLICY_OVERWRITE_OLDER,      IDC_POLICY_OVERWRITE_NEWER,
+    IDC_POLICY_KEEP_EXISTING,        IDC_POLICY_OVERWRITE,
+    IDC_POLICY_RENAME_INCOMING,      IDC_POLICY_RENAME_EXISTING,
+    IDC_POLICY_RENAME_AUTOMATICALLY, IDC_POLICY_ASK_EACH,
+};
+
+constexpr int kIndividualOnly[] = {IDC_POLICY_GROUP, IDC_PRECISION_LABEL, IDC_PRECISION};
+
+constexpr const wchar_t* kPrecisions[] = {L"標準", L"±1秒は同一とみなす", L"±2秒は同一とみなす"};
+
+// Favourites and typed names are not offered yet; a disabled control says so.
+constexpr int kNotOffered[] = {IDC_FAVOURITES, IDC_POLICY_RENAME_INCOMING, IDC_POLICY_RENAME_EXISTING};
+
+// Menus take "&" for a mnemonic.
+std::wstring MenuText(std::wstring_view text) {
+    return base::ReplaceAll(text, L"&", L"&&");
+}
+
+POINT CentreOf(HWND window) {
+    RECT box{};
+    GetWindowRect(window, &box);
+    return {(box.left + box.right) / 2, (box.top + box.bottom) / 2};
+}
+
+}  // namespace
+
+CFerryDlg::CFerryDlg(Services& services, const app::CommandLineOptions& options, HWND owner)
+    : CDialogEx(IDD_FERRY, owner), services_(services), options_(options) {
+    form_.Operation = static_cast<std::uint32_t>(options.TransferMode);
+}
+
+bool CFerryDlg::ExchangeForm(bool fromControls) {
+    static constexpr auto kFields = std::tuple{
+        framework::TextField<Form>{IDC_DESTINATION, &Form::Destination, kMaxDestinationLength},
+        framework::RadioField<Form>{kOperations, &Form::Operation},
+        framework::RadioField<transfer::TransferSettings>{kModes, &Form::Mode},
+        framework::RadioField<transfer::TransferSettings>{kPolicies, &Form::Policy},
+        framework::CheckField<transfer::TransferSettings>{IDC_NO_ASK, &Form::NoAsk},
+        framework::CheckField<transfer::TransferSettings>{IDC_OPEN_TARGET, &Form::OpenTarget},
+        framework::IndexField<transfer::TransferSettings>{IDC_PRECISION, &Form::TimeCmpType},
+    };
+    return framework::ExchangeFields(Handle(), form_, kFields,
+                                     fromControls ? Exchange::FromControls : Exchange::ToControls);
+}
+
+bool CFerryDlg::OnInitDialog() {
+    const hostlink::HostData& host = services_.Host;
+    const bool hostHandedData = !host.SelectedItems.IsEmpty() || !host.TabFolders.IsEmpty();
+    EnableWindow(Item(IDOK), hostHandedData ? TRUE : FALSE);
+    for (const int id : kNotOffered) {
+        EnableWindow(Item(id), FALSE);
+    }
+    for (const wchar_t* precision : kPrecisions) {
+        SendDlgItemMessageW(Handle(), IDC_PRECISION, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(precision));
+    }
+    services_.Localiser.Localise(IDD_FERRY, Handle());
+    list_.Prepare(Item(IDC_SOURCE_LIST), services_.Shell.SmallIcons());
+    destination_.Attach(Item(IDC_DESTINATION));
+    DragAcceptFiles(Handle(), TRUE);
+    static_cast<transfer::TransferSettings&>(form_) = transfer::LoadTransferSettings(services_.Settings);
+    ExchangeForm(false);
+    ShowModeLayout();
+    hostlink::CentreOverHost(Handle(), host.WindowMode);
+    list_.Append(std::move(services_.Host.SelectedItems));
+    ShowItemCount();
+    PresetDestination();
+    FillTabList();
+    hostlink::ApplyWindowMode(Handle(), host.WindowMode, {});
+    const bool listMode = options_.TabListMode != 0;
+    ShowWindow(Item(listMode ? IDC_OTHER_TABS : IDC_TAB_LIST), SW_HIDE);
+    FocusAtStart();
+    return false;
+}
+
+// Batch mode leaves conflicts to the shell, so only "do not ask" has a meaning there; the rest
+// belongs to individual mode.
+void CFerryDlg::ShowModeLayout() {
+    const bool individual = form_.Mode == static_cast<std::uint32_t>(transfer::WorkingMode::Individual);
+    const int showIndividual = individual ? SW_SHOW : SW_HIDE;
+    for (const int id : kIndividualOnly) {
+        ShowWindow(Item(id), showIndividual);
+    }
+    for (const int id : kPolicies) {
+        ShowWindow(Item(id), showIndividual);
+    }
+    ShowWindow(Item(IDC_NO_ASK), individual ? SW_HIDE : SW_SHOW);
+}
+
+std::span<const Route> CFerryDlg::Routes() const {
+    static constexpr Route kRoutes[] = {
+        framework::OnMessage<&CFerryDlg::OnDropFiles>(WM_DROPFILES),
+        framework::OnMessage<&CFerryDlg::OnCopyData>(WM_COPYDATA),
+        framework::OnMessage<&CFerryDlg::OnRaiseTimer>(WM_TIMER),
+        framework::OnMessage<&CFerryDlg::OnHelp>(WM_HELP),
+        framework::OnMessage<&CFerryDlg::OnAreYouFerry>(kIdentifyMessage),
+        framework::OnClick<&CFerryDlg::OnModeChanged>(IDC_BATCH),
+        framework::OnClick<&CFerryDlg::OnModeChanged>(IDC_INDIVIDUAL),
+        framework::OnClick<&CFerryDlg::OnBrowse>(IDC_BROWSE),
+        framework::OnClick<&CFerryDlg::OnOtherTabs>(IDC_OTHER_TABS),
+        framework::OnCommand<&CFerryDlg::OnTabSelected>(IDC_TAB_LIST, LBN_SELCHANGE),
+    };
+    return kRoutes;
+}
+
+void CFerryDlg::OnModeChanged() {
+    form_.Mode = IsDlgButtonChecked(Handle(), IDC_INDIVIDUAL) == BST_CHECKED ? 1 : 0;
+    ShowModeLayout();
+}
+
+void CFerryDlg::OnBrowse() {
+    const std::optional<std::wstring> chosen = services_.Shell.BrowseForFolder(
+        Handle(), services_.Messages.Fetch(kMessageBrowsePrompt), destination_.EditText());
+    if (chosen && !chosen->empty() && chosen->size() < kBrowsedPathLimit) {
+        SetDestinationAndSelect(*chosen);
+    }
+}
+
+void CFerryDlg::OnOtherTabs() {
+    const base::TextList& folders = services_.Host.TabFolders;
+    if (folders.IsEmpty()) {
+        base::ShowMessageBox(
+            services_.Messages.Fetch(kMessageNoTabFolders) + services_.Messages.Fetch(kMessageMissingTail),
+            MB_OK | MB_ICONEXCLAMATION);
+        return;
+    }
+    const framework::MenuHandle menu(CreatePopupMenu());
+    for (std::size_t index = 0; index < folders.Size(); ++index) {
+        AppendMenuW(menu.Get(), MF_STRING, index + 1, MenuText(folders[index]).c_str());
+    }
+    const POINT centre = CentreOf(Item(IDC_OTHER_TABS));
+    const int command = TrackPopupMenu(menu.Get(), TPM_CENTERALIGN | TPM_VCENTERALIGN | TPM_RETURNCMD,
+                                       centre.x, centre.y, 0, Handle(), nullptr);
+    if (command > 0) {
+        SetDestination(folders[static_cast<std::size_t>(command) - 1]);
+    }
+}
+
+void CFerryDlg::OnTabSelected() {
+    const LRESULT index = SendDlgItemMessageW(Handle(), IDC_TAB_LIST, LB_GETCURSEL, 0, 0);
+    if (index >= 0 && static_cast<std::size_t>(index) < services_.Host.TabFolders.Size()) {
+        SetDestination(services_.Host.TabFolders[static_cast<std::size_t>(index)]);
+    }
+}
+
+Answer CFerryDlg::OnHelp(WPARAM, LPARAM) {
+    process::OpenManualPage(Handle(), FERRY_MANUAL_BASE, process::kFerryManualPage);
+    return TRUE;
+}
+
+Answer CFerryDlg::OnRaiseTimer(WPARAM id, LPARAM) {
+    if (id != hostlink::kRaiseTimerId) {
+        return std::nullopt;
+    }
+    hostlink::RaiseOnce(Handle());
+    return 0;
+}
+
+}  // namespace ferry::dialogs

@@ -1,0 +1,75 @@
+// The confirmation dialog: what is transferred, where to, and how.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "app/command_line.h"
+#include "controls/cmd_list_ctrl.h"
+#include "dialogs/services.h"
+#include "framework/dialog.h"
+#include "transfer/request.h"
+
+namespace ferry::dialogs {
+
+/// The program's main window. It takes the host's selection and further deliveries, and on
+/// "start" it ends and carries the transfer out before DoModal returns.
+class CFerryDlg : public framework::CDialogEx {
+public:
+    CFerryDlg(Services& services, const app::CommandLineOptions& options, HWND owner);
+
+protected:
+    bool OnInitDialog() override;
+    void OnOK() override;
+    std::span<const framework::Route> Routes() const override;
+
+private:
+    /// What the controls hold.
+    struct Form : transfer::TransferSettings {
+        std::wstring Destination;
+        std::uint32_t Operation = 0;
+    };
+
+    /// How much was dropped on the dialog so far.
+    enum class Arrival { Nothing, FileList, FolderList };
+
+    bool ExchangeForm(bool fromControls);
+    void ShowModeLayout();
+
+    // Deliveries of the host and drops.
+    framework::Answer OnDropFiles(WPARAM drop, LPARAM);
+    framework::Answer OnCopyData(WPARAM, LPARAM data);
+    framework::Answer OnRaiseTimer(WPARAM id, LPARAM);
+    framework::Answer OnAreYouFerry(WPARAM, LPARAM) { return 1; }
+    bool TakeDelivery(const COPYDATASTRUCT& data);
+    void TakeDroppedItems(base::TextList paths);
+    void TakeDroppedFolders(const base::TextList& paths);
+    void PresetDestination();
+    void FillTabList();
+    void FocusAtStart();
+    void ShowItemCount();
+    void SetDestination(std::wstring_view folder);
+    void SetDestinationAndSelect(std::wstring_view folder);
+
+    // What the user does.
+    void OnModeChanged();
+    void OnBrowse();
+    void OnOtherTabs();
+    void OnTabSelected();
+    framework::Answer OnHelp(WPARAM, LPARAM);
+
+    // The start of the transfer.
+    bool MakeRequest(transfer::TransferRequest& request);
+    void ShowMessage(std::uint16_t number);
+    void TellHostToOpen(const std::wstring& destination);
+    void RunTransfer(const transfer::TransferRequest& request);
+
+    Services& services_;
+    app::CommandLineOptions options_;
+    Form form_;
+    Arrival arrival_ = Arrival::Nothing;
+    controls::CCmdListCtrl list_;
+    framework::CComboBoxEx destination_;
+};
+
+}  // namespace ferry::dialogs

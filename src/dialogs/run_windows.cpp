@@ -1,0 +1,73 @@
+#include "dialogs/run_windows.h"
+
+#include "base/message_box_win32.h"
+#include "dialogs/file_mode_dialog.h"
+
+namespace ferry::dialogs {
+
+namespace {
+
+constexpr std::uint16_t kMovingTitle = 5953;
+constexpr std::uint16_t kCopyingTitle = 5954;
+
+}  // namespace
+
+ProgressWindow::ProgressWindow(Services& services, HWND confirmation, transfer::Operation operation)
+    : confirmation_(confirmation), dialog_(services) {
+    dialog_.SetCancellable(true);
+    dialog_.SetFirstLine(
+        services.Messages.Fetch(operation == transfer::Operation::Move ? kMovingTitle : kCopyingTitle));
+    dialog_.Create(confirmation);
+    EnableWindow(confirmation, FALSE);
+}
+
+ProgressWindow::~ProgressWindow() {
+    EnableWindow(confirmation_, TRUE);
+    dialog_.DestroyWindow();
+}
+
+void ProgressWindow::SetRange(std::uint32_t count) {
+    dialog_.Bar().Start(count);
+}
+
+bool ProgressWindow::DrainAndTakeCancel() {
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
+        if (message.message == WM_QUIT) {
+            // Somebody wants the thread to end; the run ends at this point, and the loops above
+            // it have to hear of it too.
+            PostQuitMessage(static_cast<int>(message.wParam));
+            return true;
+        }
+        if (!dialog_.HandleDialogMessage(message)) {
+            TranslateMessage(&message);
+            DispatchMessageW(&message);
+        }
+    }
+    return dialog_.TakeCancelRequest();
+}
+
+void ProgressWindow::Step() {
+    dialog_.Bar().StepIt();
+}
+
+void ProgressWindow::ShowItem(std::wstring_view name) {
+    dialog_.SetSecondLine(std::wstring(name));
+}
+
+transfer::CollisionAnswer QuestionWindows::AskCollision(std::wstring_view name) {
+    CDlgFileMode dialog(services_, progress_.Window(), std::wstring(name));
+    const int endCode = static_cast<int>(dialog.DoModal());
+    return {endCode, dialog.Choice()};
+}
+
+// Without a way to type a name the item stays where it is: the answer of a cancelled dialog.
+transfer::NameAnswer QuestionWindows::AskNewName(transfer::RenameKind, std::wstring_view) {
+    return {};
+}
+
+void QuestionWindows::ShowError(std::uint16_t message) {
+    base::ShowMessageBox(services_.Messages.Fetch(message), MB_OK | MB_ICONERROR);
+}
+
+}  // namespace ferry::dialogs

@@ -1,0 +1,67 @@
+// Dialogs made from resource templates, modal and modeless.
+#pragma once
+
+#include <windows.h>
+
+#include "framework/window.h"
+
+namespace ferry::framework {
+
+/// A dialog of one resource template.
+/// Modal dialogs are created modeless and driven by a loop of our own, so that controls see keys
+/// before the dialog does and the object can go on working after its dialog has ended.
+class CDialog : public CWnd {
+public:
+    /// `owner` may be null. The template is looked up in the executable.
+    explicit CDialog(UINT templateId, HWND owner = nullptr) noexcept
+        : templateId_(templateId), owner_(owner) {}
+    ~CDialog() override;
+
+    /// Shows the dialog and returns what EndDialog was given; -1 when it could not be made.
+    int DoModal();
+
+    /// Makes the dialog without running a loop. False when it could not be made.
+    bool Create(HWND owner);
+
+    /// Destroys the window, if there is one.
+    virtual void DestroyWindow();
+
+    /// Ends the dialog: its owner is enabled, it is hidden at once, and DoModal returns `result`
+    /// as soon as the message that is being handled is done.
+    virtual void EndDialog(int result);
+
+    /// Gives `message` to the controls' pre-translation and to the dialog's keyboard handling.
+    /// True when it was consumed and must not be dispatched.
+    bool HandleDialogMessage(MSG& message);
+
+    UINT TemplateId() const noexcept { return templateId_; }
+
+protected:
+    /// Called once when all controls exist. True lets the system choose the first focus.
+    virtual bool OnInitDialog() { return true; }
+    virtual void OnOK() { EndDialog(IDOK); }
+    virtual void OnCancel() { EndDialog(IDCANCEL); }
+
+    /// The class's routes first, then the dialog's own OK and Cancel.
+    Answer Dispatch(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+private:
+    static INT_PTR CALLBACK DialogProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
+    void RunLoop();
+    void EnableOwner() noexcept;
+    bool Make(HWND owner);
+
+    UINT templateId_;
+    HWND owner_;
+    HWND disabledOwner_ = nullptr;
+    int result_ = -1;
+    bool ended_ = false;
+};
+
+/// The base of the program's own dialogs.
+class CDialogEx : public CDialog {
+public:
+    using CDialog::CDialog;
+};
+
+}  // namespace ferry::framework

@@ -1,0 +1,75 @@
+// Tables that say which member function handles which message.
+#pragma once
+
+#include <commctrl.h>
+#include <windows.h>
+
+#include <optional>
+#include <type_traits>
+
+namespace ferry::framework {
+
+class CWnd;
+
+/// What a handler answers: a result, or nothing for the default processing.
+using Answer = std::optional<LRESULT>;
+
+/// One line of a window's route table.
+struct Route {
+    static constexpr int kAnyId = -1;
+
+    UINT Message = 0;
+    int Id = kAnyId;  ///< Control number, for commands and notifications.
+    UINT Code = 0;    ///< Notification code, for commands and notifications.
+    Answer (*Invoke)(CWnd& window, WPARAM wParam, LPARAM lParam) = nullptr;
+};
+
+namespace detail {
+
+template <class Member>
+struct MemberOf;
+
+template <class Result, class Class, class... Arguments>
+struct MemberOf<Result (Class::*)(Arguments...)> {
+    using Type = Class;
+};
+
+template <auto Handler>
+using ClassOf = typename MemberOf<decltype(Handler)>::Type;
+
+}  // namespace detail
+
+/// Sends notification `code` of control `id`, as WM_COMMAND, to `void Class::Handler()`.
+template <auto Handler>
+constexpr Route OnCommand(int id, UINT code) {
+    return {WM_COMMAND, id, code, [](CWnd& window, WPARAM, LPARAM) -> Answer {
+                (static_cast<detail::ClassOf<Handler>&>(window).*Handler)();
+                return 0;
+            }};
+}
+
+/// Sends clicks on button `id`, and its keyboard and menu equivalents, to `void Class::Handler()`.
+template <auto Handler>
+constexpr Route OnClick(int id) {
+    return OnCommand<Handler>(id, BN_CLICKED);
+}
+
+/// Sends notification `code` of control `id`, as WM_NOTIFY, to
+/// `LRESULT Class::Handler(NMHDR& header)`.
+template <auto Handler>
+constexpr Route OnNotify(int id, UINT code) {
+    return {WM_NOTIFY, id, code, [](CWnd& window, WPARAM, LPARAM lParam) -> Answer {
+                return (static_cast<detail::ClassOf<Handler>&>(window).*
+                        Handler)(*reinterpret_cast<NMHDR*>(lParam));
+            }};
+}
+
+/// Sends `message` to `Answer Class::Handler(WPARAM, LPARAM)`.
+template <auto Handler>
+constexpr Route OnMessage(UINT message) {
+    return {message, Route::kAnyId, 0, [](CWnd& window, WPARAM wParam, LPARAM lParam) -> Answer {
+                return (static_cast<detail::ClassOf<Handler>&>(window).*Handler)(wParam, lParam);
+            }};
+}
+
+}  // namespace ferry::framework
