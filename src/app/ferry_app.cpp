@@ -1,8 +1,8 @@
 #include "app/ferry_app.h"
 
+#include <windows.h>
 #include <commctrl.h>
 #include <shellapi.h>
-#include <windows.h>
 
 #include <clocale>
 #include <memory>

@@ -22,12 +22,11 @@ TextList::TextList(TextList&& other) noexcept
       capacity_(std::exchange(other.capacity_, 0)) {}
 
 TextList& TextList::operator=(TextList&& other) noexcept {
-    if (this != &other) {
-        blocks_ = std::exchange(other.blocks_, {});
-        views_ = std::exchange(other.views_, {});
-        used_ = std::exchange(other.used_, 0);
-        capacity_ = std::exchange(other.capacity_, 0);
-    }
+    // Each exchange empties the other list first, so that even assigning to itself loses nothing.
+    blocks_ = std::exchange(other.blocks_, {});
+    views_ = std::exchange(other.views_, {});
+    used_ = std::exchange(other.used_, 0);
+    capacity_ = std::exchange(other.capacity_, 0);
     return *this;
 }
 

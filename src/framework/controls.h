@@ -1,8 +1,8 @@
 // The common controls that the dialogs use.
 #pragma once
 
-#include <commctrl.h>
 #include <windows.h>
+#include <commctrl.h>
 
 #include <cstdint>
 #include <string>

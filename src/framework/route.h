@@ -1,8 +1,8 @@
 // Tables that say which member function handles which message.
 #pragma once
 
-#include <commctrl.h>
 #include <windows.h>
+#include <commctrl.h>
 
 #include <optional>
 #include <type_traits>

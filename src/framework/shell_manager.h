@@ -1,8 +1,8 @@
 // The shell's services for dialogs: the folder browser and the system's small icons.
 #pragma once
 
-#include <commctrl.h>
 #include <windows.h>
+#include <commctrl.h>
 
 #include <optional>
 #include <string>
