@@ -14,6 +14,7 @@
 #include "app/dll_search_path.h"
 #include "dialogs/ferry_dialog.h"
 #include "dialogs/services.h"
+#include "framework/common_controls.h"
 #include "hostlink/host_link_win32.h"
 #include "hostlink/host_messages_win32.h"
 #include "hostlink/window_placement_win32.h"
@@ -59,7 +60,7 @@ CFerryApp::CFerryApp() {
 bool CFerryApp::InitInstance() {
     RestrictDllSearchPath();
     const INITCOMMONCONTROLSEX controls{sizeof controls, kControlClasses};
-    InitCommonControlsEx(&controls);
+    framework::CommonControls::Get().Init(&controls);
     CWinApp::InitInstance();
     const std::wstring modulePath = process::ModulePath();
     hostlink::PresenceMutex presence(modulePath);

@@ -1,7 +1,6 @@
 #include "framework/window.h"
 
-#include <commctrl.h>
-
+#include "framework/common_controls.h"
 #include "framework/errors.h"
 
 namespace ferry::framework {
@@ -11,8 +10,7 @@ namespace {
 // One object per window, so one number serves all.
 constexpr UINT_PTR kSubclassId = 1;
 
-// The window property that leads back to the object. Not every import library of comctl32 has
-// the call that would read it from the subclass.
+// The window property that leads back to the object.
 constexpr wchar_t kObjectProperty[] = L"Ferry.CWnd";
 
 bool Fits(const Route& route, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
@@ -45,12 +43,12 @@ CWnd* CWnd::FromHandle(HWND window) noexcept {
 
 bool CWnd::Attach(HWND window) noexcept {
     Detach();
-    if (window == nullptr || SetWindowSubclass(window, &CWnd::WindowProc, kSubclassId,
-                                               reinterpret_cast<DWORD_PTR>(this)) == FALSE) {
+    if (window == nullptr || CommonControls::Get().SetSubclass(window, &CWnd::WindowProc, kSubclassId,
+                                                               reinterpret_cast<DWORD_PTR>(this)) == FALSE) {
         return false;
     }
     if (SetPropW(window, kObjectProperty, this) == FALSE) {
-        RemoveWindowSubclass(window, &CWnd::WindowProc, kSubclassId);
+        CommonControls::Get().RemoveSubclass(window, &CWnd::WindowProc, kSubclassId);
         return false;
     }
     window_ = window;
@@ -60,7 +58,7 @@ bool CWnd::Attach(HWND window) noexcept {
 void CWnd::Detach() noexcept {
     if (window_ != nullptr) {
         RemovePropW(window_, kObjectProperty);
-        RemoveWindowSubclass(window_, &CWnd::WindowProc, kSubclassId);
+        CommonControls::Get().RemoveSubclass(window_, &CWnd::WindowProc, kSubclassId);
         window_ = nullptr;
     }
 }
@@ -107,11 +105,11 @@ LRESULT CWnd::Handle(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
         return *answer;
     }
     if (message != WM_NCDESTROY) {
-        return DefSubclassProc(window, message, wParam, lParam);
+        return CommonControls::Get().CallNext(window, message, wParam, lParam);
     }
     // The subclass has to be removed before the last message goes on, or its record leaks.
     Detach();
-    const LRESULT result = DefSubclassProc(window, message, wParam, lParam);
+    const LRESULT result = CommonControls::Get().CallNext(window, message, wParam, lParam);
     OnWindowGone();
     return result;
 }

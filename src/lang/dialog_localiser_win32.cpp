@@ -1,14 +1,11 @@
 #include "lang/dialog_localiser_win32.h"
 
-// After windows.h, which the shell's headers build on.
-#include <shlobj.h>
-
 #include <vector>
 
 #include "lang/catalogue.h"
 #include "lang/dialog_text.h"
 #include "lang/text_file_win32.h"
-#include "paths/path_helpers.h"
+#include "paths/folders_win32.h"
 
 namespace ferry::lang {
 namespace {
@@ -102,7 +99,7 @@ bool DialogLocaliser::Import(int templateId, HWND dialog) {
 void DialogLocaliser::Export(int templateId, HWND dialog) {
     const std::wstring& suffix = ChosenLanguage().Suffix;
     // Best effort: without the folder the file cannot be made either, and then nothing is.
-    SHCreateDirectory(nullptr, paths::LongPathText(DialogTextFolder(modulePath_, suffix)).c_str());
+    paths::MakeFolder(DialogTextFolder(modulePath_, suffix));
     std::vector<ControlText> controls;
     HWND control = nullptr;
     while ((control = FindWindowExW(dialog, control, nullptr, nullptr)) != nullptr) {

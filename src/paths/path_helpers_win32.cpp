@@ -9,17 +9,29 @@
 namespace ferry::paths {
 namespace {
 
-std::optional<std::wstring> AskLongName(const std::wstring& prefixedPath) {
-    const DWORD needed = GetLongPathNameW(prefixedPath.c_str(), nullptr, 0);
+std::optional<std::wstring> SystemLongName(const std::wstring& path) {
+    const DWORD needed = GetLongPathNameW(path.c_str(), nullptr, 0);
     if (needed == 0) {
         return std::nullopt;
     }
     std::wstring answer(needed + 1, L'\0');
-    const DWORD length = GetLongPathNameW(prefixedPath.c_str(), answer.data(), needed + 1);
+    const DWORD length = GetLongPathNameW(path.c_str(), answer.data(), needed + 1);
     if (length == 0 || length > needed) {
         return std::nullopt;
     }
     answer.resize(length);
+    return answer;
+}
+
+std::optional<std::wstring> AskLongName(const std::wstring& prefixedPath) {
+    std::optional<std::wstring> answer = SystemLongName(prefixedPath);
+    // Some systems give a prefixed path back as it came; those expand the plain one.
+    constexpr std::wstring_view kDrivePrefix = L"\\\\?\\";
+    if (answer == prefixedPath && !prefixedPath.starts_with(L"\\\\?\\UNC\\")) {
+        if (const auto plain = SystemLongName(prefixedPath.substr(kDrivePrefix.size()))) {
+            answer = std::wstring(kDrivePrefix) + *plain;
+        }
+    }
     return answer;
 }
 

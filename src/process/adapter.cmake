@@ -5,4 +5,4 @@ ferry_adapter(ferry_process_win32
         program_runner_win32.cpp
         shell_open_win32.cpp
         shell_version_win32.cpp
-    LINK ferry_process ferry_paths shell32 version)
+    LINK ferry_process ferry_paths shell32)

@@ -7,26 +7,30 @@
 #include <string>
 #include <vector>
 
+#include "base/system_library_win32.h"
+
 namespace ferry::process {
 namespace {
 
-std::wstring ShellLibraryPath() {
-    std::wstring folder(GetSystemDirectoryW(nullptr, 0), L'\0');
-    folder.resize(GetSystemDirectoryW(folder.data(), static_cast<UINT>(folder.size())));
-    return folder + L"\\shell32.dll";
-}
-
 std::optional<ShellVersionNumber> ReadShellVersion() {
-    const std::wstring path = ShellLibraryPath();
+    const base::LibraryHandle library = base::LoadSystemLibrary(L"version.dll");
+    auto* const sizeOf =
+        base::FindFunction<decltype(GetFileVersionInfoSizeW)>(library, "GetFileVersionInfoSizeW");
+    auto* const read = base::FindFunction<decltype(GetFileVersionInfoW)>(library, "GetFileVersionInfoW");
+    auto* const query = base::FindFunction<decltype(VerQueryValueW)>(library, "VerQueryValueW");
+    if (sizeOf == nullptr || read == nullptr || query == nullptr) {
+        return std::nullopt;
+    }
+    const std::wstring path = base::SystemFolder() + L"\\shell32.dll";
     DWORD ignored = 0;
-    const DWORD size = GetFileVersionInfoSizeW(path.c_str(), &ignored);
+    const DWORD size = sizeOf(path.c_str(), &ignored);
     std::vector<std::byte> block(size);
-    if (size == 0 || !GetFileVersionInfoW(path.c_str(), 0, size, block.data())) {
+    if (size == 0 || !read(path.c_str(), 0, size, block.data())) {
         return std::nullopt;
     }
     void* root = nullptr;
     UINT rootSize = 0;
-    if (!VerQueryValueW(block.data(), L"\\", &root, &rootSize) || rootSize < sizeof(VS_FIXEDFILEINFO)) {
+    if (!query(block.data(), L"\\", &root, &rootSize) || rootSize < sizeof(VS_FIXEDFILEINFO)) {
         return std::nullopt;
     }
     const auto* info = static_cast<const VS_FIXEDFILEINFO*>(root);

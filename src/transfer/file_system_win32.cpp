@@ -8,6 +8,7 @@
 #include <stdio.h>
 
 #include "base/handles_win32.h"
+#include "paths/folders_win32.h"
 #include "paths/path_helpers.h"
 #include "process/file_search_win32.h"
 
@@ -27,23 +28,6 @@ void Describe(const WIN32_FIND_DATAW& data, FoundItem& item) {
 
 bool IsDots(const wchar_t* name) noexcept {
     return name[0] == L'.' && (name[1] == L'\0' || (name[1] == L'.' && name[2] == L'\0'));
-}
-
-/// Makes the folder at `path`, in its prefixed form, after its missing parents.
-int CreateLongFolder(const std::wstring& path) {
-    if (CreateDirectoryW(path.c_str(), nullptr)) {
-        return kFolderCreated;
-    }
-    const auto error = static_cast<int>(GetLastError());
-    const std::size_t separator = path.find_last_of(L'\\', path.size() - 2);
-    if (error != ERROR_PATH_NOT_FOUND || separator == std::wstring::npos) {
-        return error;
-    }
-    const int parent = CreateLongFolder(path.substr(0, separator));
-    if (parent != kFolderCreated && parent != kFolderExists) {
-        return parent;
-    }
-    return CreateDirectoryW(path.c_str(), nullptr) ? kFolderCreated : static_cast<int>(GetLastError());
 }
 
 }  // namespace
@@ -96,14 +80,7 @@ std::uint64_t WindowsFileSystem::FileSize(std::wstring_view path) {
 }
 
 int WindowsFileSystem::CreateFolder(std::wstring_view path) {
-    const paths::LongPath target = paths::ToLongPath(path);
-    const int result = SHCreateDirectory(nullptr, target.Text.c_str());
-    if (target.Form == paths::LongPathForm::Unchanged || result == kFolderCreated ||
-        result == kFolderExists || result == kFolderCancelled) {
-        return result;
-    }
-    // The shell's function stops at 248 units on most versions; the system's own does not.
-    return CreateLongFolder(target.Text);
+    return paths::MakeFolder(path);
 }
 
 void WindowsFileSystem::NotifyFolderMade(std::wstring_view path) {

@@ -147,8 +147,12 @@ bool IndividualRun::HasKeptPart(std::wstring_view path) const noexcept {
 }
 
 std::wstring IndividualRun::TargetOf(std::wstring_view path) const {
+    std::wstring_view kept = path.substr(keptPartStart_);
+    // Below a drive that came without its separator the kept part starts with it.
+    if (kept.starts_with(L'\\'))
+        kept.remove_prefix(1);
     std::wstring target = request_.Destination;
-    target += path.substr(keptPartStart_);
+    target += kept;
     return target;
 }
 
