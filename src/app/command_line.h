@@ -4,15 +4,12 @@
 #include <span>
 #include <string_view>
 
+#include "dialogs/start_options.h"
+
 namespace ferry::app {
 
 /// What the command line preset for the dialog.
-struct CommandLineOptions {
-    int TransferMode = 0;    ///< 0 copy, 1 move.
-    int TabListMode = 0;     ///< 1: the list box of tab folders stands in the dialog.
-    int FocusMode = 0;       ///< 1, with TabListMode: that list box has the focus at start.
-    int TabFolderIndex = 0;  ///< Which tab folder is preset, modulo their number.
-};
+using CommandLineOptions = dialogs::StartOptions;
 
 /// Reads `arguments` (without the program's name) in order; later ones override earlier ones,
 /// unknown ones are ignored. Never fails.

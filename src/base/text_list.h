@@ -14,6 +14,8 @@ namespace ferry::base {
 class TextList {
 public:
     TextList() = default;
+    TextList(const TextList&) = delete;
+    TextList& operator=(const TextList&) = delete;
     TextList(TextList&& other) noexcept;
     TextList& operator=(TextList&& other) noexcept;
     ~TextList() = default;

@@ -106,7 +106,7 @@ std::wstring UnitsFromBytes(std::span<const std::byte> bytes) {
 std::vector<std::byte> BytesFromUnits(std::wstring_view units) {
     std::vector<std::byte> bytes(units.size() * 2);
     for (std::size_t i = 0; i < units.size(); ++i) {
-        const auto unit = static_cast<std::uint32_t>(units[i]);
+        const auto unit = static_cast<char32_t>(units[i]);
         bytes[2 * i] = static_cast<std::byte>(unit & 0xFF);
         bytes[2 * i + 1] = static_cast<std::byte>((unit >> 8) & 0xFF);
     }
@@ -126,7 +126,7 @@ std::string ToUtf8(std::wstring_view text) {
     std::string bytes;
     bytes.reserve(text.size());
     for (std::size_t i = 0; i < text.size(); ++i) {
-        char32_t point = static_cast<char32_t>(text[i]);
+        auto point = static_cast<char32_t>(text[i]);
         const char32_t next = i + 1 < text.size() ? static_cast<char32_t>(text[i + 1]) : 0;
         if (IsHighSurrogate(point) && IsLowSurrogate(next)) {
             point = 0x10000 + ((point - 0xD800) << 10) + (next - 0xDC00);

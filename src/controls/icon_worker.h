@@ -21,6 +21,8 @@ class IconWorker {
 public:
     /// `items` must outlive the worker.
     explicit IconWorker(ListItems& items) noexcept : items_(items) {}
+    IconWorker(const IconWorker&) = delete;
+    IconWorker& operator=(const IconWorker&) = delete;
     ~IconWorker();
 
     /// Finds the missing icons of the items `first` to `last`, both included, and then posts

@@ -64,7 +64,7 @@ POINT CentreOf(HWND window) {
 
 }  // namespace
 
-CFerryDlg::CFerryDlg(Services& services, const app::CommandLineOptions& options, HWND owner)
+CFerryDlg::CFerryDlg(Services& services, const StartOptions& options, HWND owner)
     : CDialogEx(IDD_FERRY, owner), services_(services), options_(options) {
     form_.Operation = static_cast<std::uint32_t>(options.TransferMode);
 }

@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
-#include "app/command_line.h"
 #include "controls/cmd_list_ctrl.h"
 #include "dialogs/services.h"
+#include "dialogs/start_options.h"
 #include "framework/dialog.h"
 #include "transfer/request.h"
 
@@ -16,7 +16,7 @@ namespace ferry::dialogs {
 /// "start" it ends and carries the transfer out before DoModal returns.
 class CFerryDlg : public framework::CDialogEx {
 public:
-    CFerryDlg(Services& services, const app::CommandLineOptions& options, HWND owner);
+    CFerryDlg(Services& services, const StartOptions& options, HWND owner);
 
 protected:
     bool OnInitDialog() override;
@@ -65,7 +65,7 @@ private:
     void RunTransfer(const transfer::TransferRequest& request);
 
     Services& services_;
-    app::CommandLineOptions options_;
+    StartOptions options_;
     Form form_;
     Arrival arrival_ = Arrival::Nothing;
     controls::CCmdListCtrl list_;

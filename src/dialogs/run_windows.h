@@ -12,6 +12,8 @@ class ProgressWindow : public transfer::Progress {
 public:
     /// `confirmation` is disabled as long as the window stands.
     ProgressWindow(Services& services, HWND confirmation, transfer::Operation operation);
+    ProgressWindow(const ProgressWindow&) = delete;
+    ProgressWindow& operator=(const ProgressWindow&) = delete;
     ~ProgressWindow() override;
 
     void SetRange(std::uint32_t count) override;

@@ -15,6 +15,8 @@ public:
     /// `owner` may be null. The template is looked up in the executable.
     explicit CDialog(UINT templateId, HWND owner = nullptr) noexcept
         : templateId_(templateId), owner_(owner) {}
+    CDialog(const CDialog&) = delete;
+    CDialog& operator=(const CDialog&) = delete;
     ~CDialog() override;
 
     /// Shows the dialog and returns what EndDialog was given; -1 when it could not be made.

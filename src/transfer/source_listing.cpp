@@ -15,7 +15,7 @@ constexpr wchar_t kFileMark = L'f';
 
 /// A folder that was read, with the entries that must wait until its subfolders were read.
 struct ReadFolder {
-    std::wstring_view Path;
+    std::wstring Prefix;   ///< Its path with the separator, which begins the path of each entry.
     std::wstring Waiting;  ///< Entry by entry: its mark, its name, a NUL. One text, for memory's sake.
     std::size_t Next = 0;
 };
@@ -35,8 +35,9 @@ private:
     void Read(std::wstring_view folder) {
         listing_.Folders.Append(folder);
         ReadFolder read;
-        read.Path = listing_.Folders[listing_.Folders.Size() - 1];
-        fileSystem_.Enumerate(read.Path, [&](const FoundItem& item) { Take(item, read); });
+        read.Prefix = paths::WithTrailingSeparator(folder);
+        fileSystem_.Enumerate(listing_.Folders[listing_.Folders.Size() - 1],
+                              [&](const FoundItem& item) { Take(item, read); });
         open_.push_back(std::move(read));
     }
 
@@ -44,7 +45,7 @@ private:
     void Take(const FoundItem& item, ReadFolder& read) {
         const bool isFolder = (item.Attributes & kAttributeDirectory) != 0;
         if (!isFolder && read.Waiting.empty()) {
-            listing_.Files.Append(Join(read.Path, item.Name));
+            listing_.Files.Append(Join(read.Prefix, item.Name));
             return;
         }
         read.Waiting += isFolder ? kFolderMark : kFileMark;
@@ -61,17 +62,17 @@ private:
         const std::wstring_view rest = std::wstring_view(read.Waiting).substr(read.Next);
         const std::wstring_view name = rest.substr(1, rest.find(L'\0') - 1);
         read.Next += name.size() + 2;
-        const std::wstring_view path = Join(read.Path, name);
+        const std::wstring_view path = Join(read.Prefix, name);
         if (rest.front() == kFolderMark)
             Read(path);
         else
             listing_.Files.Append(path);
     }
 
-    /// The view is good until the next call.
-    std::wstring_view Join(std::wstring_view folder, std::wstring_view name) {
-        joined_ = paths::WithTrailingSeparator(folder);
-        joined_ += name;
+    /// The view is good until the next call. One text serves all of them, because memory for each
+    /// path would cost more than all the rest that is done for it.
+    std::wstring_view Join(std::wstring_view prefix, std::wstring_view name) {
+        joined_.assign(prefix).append(name);
         return joined_;
     }
 

@@ -1,0 +1,52 @@
+# ./dev bench: runs every benchmark and puts their lines into one file and one table.
+load build wine
+
+# run_bench PROGRAM RUNNER...: a benchmark prints one JSON object a line; other lines are remarks.
+run_bench() {
+    local program=$1 output status=0
+    shift
+    say "$(basename "$program")"
+    output=$("$@" "$program" </dev/null) || status=$?
+    output=$(tr -d '\r' <<<"$output")
+    grep '^{' <<<"$output" >>"$build/bench.lines" || status=${status/#0/1}
+    grep -v '^{' <<<"$output" || true
+    [ "$status" = 0 ] || { bench_failed=1; say "$(basename "$program") ended with status $status"; }
+}
+
+bench_table() {
+    awk '
+        function field(name,   rest) {
+            if (!match($0, "\"" name "\" *: *")) return "-"
+            rest = substr($0, RSTART + RLENGTH)
+            if (rest ~ /^"/) { sub(/^"/, "", rest); sub(/".*/, "", rest) } else sub(/[,}].*/, "", rest)
+            return rest
+        }
+        BEGIN { printf "%-44s %14s %14s %-8s %8s %8s %s\n",
+                       "name", "ferry", "reference", "unit", "ratio", "goal", "met" }
+        { printf "%-44s %14s %14s %-8s %8s %8s %s\n", field("name"), field("ferry"), field("reference"),
+                 field("unit"), field("ratio"), field("goal"), field("met") }' "$build/bench.lines"
+}
+
+command_bench() {
+    local program found=0
+    bench_failed=0
+    need native
+    build_preset native
+    build_app
+    build_preset mingw
+    : >"$build/bench.lines"
+    while IFS= read -r program; do
+        found=1
+        run_bench "$program" env
+    done < <(find "$build/native/tests/bench" -type f -name 'bench_*' -perm -u+x 2>/dev/null | sort)
+    while IFS= read -r program; do
+        found=1
+        open_wine virtual
+        run_bench "$program" run_wine
+    done < <(find "$build/mingw/tests/bench" -name 'bench_*.exe' 2>/dev/null | sort)
+    [ "$found" = 1 ] || fail "there is no benchmark program below build/*/tests/bench"
+    { echo '['; sed '$!s/$/,/' "$build/bench.lines"; echo ']'; } >"$build/bench.json"
+    bench_table
+    say "the same figures are in build/bench.json"
+    [ "$bench_failed" = 0 ] || fail "a benchmark did not end well; see above"
+}

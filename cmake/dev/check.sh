@@ -1,0 +1,37 @@
+# ./dev check: everything that judges the project without running its tests.
+load build fuzz
+
+check_failed=0
+# judge NAME COMMAND...: runs one check and remembers its failure, so that one run shows them all.
+judge() {
+    local name=$1
+    shift
+    say "$name"
+    "$@" || { check_failed=1; printf '   FAILED: %s\n' "$name"; }
+}
+
+sources() { (cd "$root" && find src tests tools -type f \( -name '*.h' -o -name '*.cpp' \) | sort); }
+
+check_format() { (cd "$root" && sources | xargs clang-format --dry-run -Werror); }
+
+check_includes() { (cd "$root" && sources | bash cmake/checks/includes.sh); }
+
+check_lint() { (cd "$root" && bash cmake/checks/lint.sh "$build"); }
+
+check_executable() {
+    bash "$root/cmake/checks/executable.sh" "$build/app/Command/Ferry/Ferry.exe"
+}
+
+command_check() {
+    need build native fuzz check
+    mkdir -p "$build"
+    judge "layout (clang-format)" check_format
+    judge "includes go down only" check_includes
+    build_app
+    configure native
+    judge "lint (clang-tidy)" check_lint
+    judge "the executable's flags and imports" check_executable
+    judge "a short fuzz run" fuzz_all 5
+    [ "$check_failed" = 0 ] || fail "a check failed; see the lines with FAILED above"
+    say "all checks passed"
+}

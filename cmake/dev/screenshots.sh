@@ -1,0 +1,47 @@
+# ./dev screenshots: every dialog in both languages, for somebody to look at.
+load run
+
+settings_key='HKCU\Software\Marrowby\Kiv\Main001\Settings'
+
+# One run that meets a name which exists, under the collision policy $1.
+picture_collision() {
+    local folder=$wine_prefix/drive_c/FerryPictures
+    rm -rf "$folder"
+    mkdir -p "$folder/source" "$folder/destination"
+    printf 'new\n' | tee "$folder/source/報告書 - コピー (2).txt" >"$folder/source/other.txt"
+    printf 'old\n' >"$folder/destination/報告書 - コピー (2).txt"
+    drive --individual --policy "$1" --log 'C:\FerryPictures.log' 'C:\FerryPictures\destination' \
+        'C:\FerryPictures\source\報告書 - コピー (2).txt' 'C:\FerryPictures\source\other.txt'
+}
+
+# A batch run of the sample, the dialog as most users see it.
+picture_batch() {
+    local folder=$wine_prefix/drive_c/FerryRun
+    make_sample "$folder/source"
+    rm -rf "$folder/destination"
+    drive --log 'C:\FerryPictures.log' 'C:\FerryRun\destination' 'C:\FerryRun\source'
+}
+
+picture_language() {
+    run_wine reg.exe add "$settings_key" /v NLS /d ".$1" /f >/dev/null
+    pictures=$1-batch; picture_batch || fail "the batch run did not end; see build/screenshots/$pictures-*.png"
+    pictures=$1-decide; picture_collision 7 || fail "the individual run did not end"
+    pictures=$1-rename; picture_collision 4 || fail "the renaming run did not end"
+}
+
+command_screenshots() {
+    local language
+    build_app
+    open_wine virtual
+    install_on_c Ferry
+    FERRY_E2E_HOST=$(windows_path "$samplehost")
+    export FERRY_E2E_HOST FERRY_E2E_APP='C:\Ferry'
+    rm -f "$build"/screenshots/{ja-JP,en-US}-*.png
+    for language in ja-JP en-US; do
+        say "$language"
+        picture_language "$language"
+    done
+    run_wine reg.exe delete "$settings_key" /v NLS /f >/dev/null
+    say "pictures:"
+    ls "$build/screenshots" | sed 's/^/   build\/screenshots\//'
+}

@@ -1,0 +1,57 @@
+# ./dev setup: installs by apt what is missing, by groups that the other commands name.
+
+# Cross-compiling, and the sources of the test framework that every configuration reads.
+packages_build=(cmake ninja-build g++-mingw-w64-x86-64-posix googletest)
+# Running Windows programs on a virtual display; libxrender1 and the other X libraries are opened
+# by Wine at run time, and fonts look jagged or the mouse is dead without them.
+packages_wine=(wine64 xvfb fonts-ipafont-gothic imagemagick locales libxrender1 libxcursor1 libxi6 libxrandr2
+    libxinerama1 libxcomposite1 libxfixes3)
+packages_native=(g++ cmake ninja-build googletest)
+packages_fuzz=(clang libclang-rt-dev cmake ninja-build)
+packages_check=(clang-format clang-tidy)
+packages_package=(zip)
+
+# missing_packages NAME...: those of them that are not installed.
+missing_packages() {
+    local installed
+    installed=$(dpkg-query -W -f '${Package} ${db:Status-Status}\n' "$@" 2>/dev/null |
+        awk '$2 == "installed" { print $1 }')
+    comm -23 <(printf '%s\n' "$@" | sort -u) <(sort -u <<<"$installed")
+}
+
+as_root() {
+    if [ "$(id -u)" = 0 ]; then
+        "$@"
+    elif command -v sudo >/dev/null; then
+        sudo "$@"
+    else
+        fail "not root and no sudo: run this as root: $*"
+    fi
+}
+
+# need GROUP...: makes sure that the packages of these groups are installed.
+# FERRY_NO_SETUP=1 trusts the machine as it is, for systems without apt.
+need() {
+    local group names=() missing
+    [ "${FERRY_NO_SETUP:-}" = 1 ] && return
+    for group in "$@"; do
+        local -n members=packages_$group
+        names+=("${members[@]}")
+    done
+    if ! command -v apt-get >/dev/null || ! command -v dpkg-query >/dev/null; then
+        fail "this is not a Debian system; install the counterparts of these packages and set" \
+            "FERRY_NO_SETUP=1: $(printf '%s\n' "${names[@]}" | sort -u | tr '\n' ' ')"
+    fi
+    missing=$(missing_packages "${names[@]}")
+    [ -n "$missing" ] || return 0
+    say "installing" $missing
+    as_root apt-get update -q || fail "apt-get update failed; check the network and run this again"
+    # shellcheck disable=SC2086
+    as_root env DEBIAN_FRONTEND=noninteractive apt-get install -q -y --no-install-recommends $missing ||
+        fail "apt-get could not install" $missing
+}
+
+command_setup() {
+    need build wine native fuzz check package
+    say "everything that the project needs is installed"
+}

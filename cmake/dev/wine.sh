@@ -1,0 +1,181 @@
+# ./dev wine, and what every other command uses to run Windows programs: a private prefix, a
+# virtual display, a server that stays alive during the command, and a clean end.
+load setup
+
+wine_dir=$build/wine
+wine_prefix=$wine_dir/prefix
+fileop_clsid='{3AD05575-8857-4850-9277-11B85BDB8E09}'
+fileop_dll=$build/mingw/tools/fileop/ferry_fileop.dll
+
+# windows_path PATH: a Unix path as Windows programs see it.
+windows_path() {
+    local path drive=$wine_prefix/drive_c
+    path=$(realpath -m -s -- "$1")
+    if [[ $path == "$drive"/* ]]; then
+        path=${path#"$drive"}
+        printf 'C:%s\n' "${path//\//\\}"
+        return
+    fi
+    printf 'Z:%s\n' "${path//\//\\}"
+}
+
+find_wine() {
+    local candidate
+    for candidate in /usr/lib/wine/wine64 "$(command -v wine64 || true)" "$(command -v wine || true)"; do
+        [ -x "$candidate" ] && wine_loader=$candidate && break
+    done
+    [ -n "${wine_loader:-}" ] || fail "there is no wine64; run './dev setup'"
+    for candidate in "$(dirname "$wine_loader")/wineserver64" "$(command -v wineserver || true)"; do
+        [ -x "$candidate" ] && wine_server=$candidate && break
+    done
+    [ -n "${wine_server:-}" ] || fail "there is no wineserver beside $wine_loader; run './dev setup'"
+}
+
+# A home of its own keeps Wine from linking the user's documents into the prefix and from adding
+# entries to the user's menus.
+wine_environment() {
+    export XAUTHORITY=${XAUTHORITY:-$HOME/.Xauthority}
+    export HOME=$wine_dir/home
+    export WINEPREFIX=$wine_prefix WINEARCH=win64 WINELOADER=$wine_loader WINESERVER=$wine_server
+    export WINEDEBUG=${WINEDEBUG:--all}
+    export WINEDLLOVERRIDES=${WINEDLLOVERRIDES:-mscoree,mshtml=;winemenubuilder.exe=d}
+    mkdir -p "$HOME"
+    make_locale
+}
+
+# make_locale: Wine takes the language of Windows and the coding of Unix names from the locale. Where
+# the C library has not generated it, names that are not ASCII arrive garbled, so it is made here.
+make_locale() {
+    wine_locale=${FERRY_LOCALE:-ja_JP.UTF-8}
+    export LOCPATH=$wine_dir/locale
+    [ -d "$LOCPATH/$wine_locale" ] && return
+    mkdir -p "$LOCPATH"
+    localedef -i "${wine_locale%%.*}" -f UTF-8 "$LOCPATH/$wine_locale" >"$wine_dir/locale.log" 2>&1 ||
+        [ -d "$LOCPATH/$wine_locale" ] || fail "the locale $wine_locale cannot be made; see build/wine/locale.log"
+}
+
+# Two commands must not share a server, since each ends its own. The lock is held by descriptor 9,
+# which is closed for everything that may outlive this command.
+take_wine_lock() {
+    mkdir -p "$wine_dir"
+    exec 9>"$wine_dir/lock"
+    if ! flock -n 9; then
+        say "waiting for another ./dev that uses the Wine prefix"
+        flock 9
+    fi
+}
+
+stop_wine() {
+    local prefix=${1:-$wine_prefix}
+    [ -d "$prefix" ] || return 0
+    WINEPREFIX=$prefix timeout 20 "$wine_server" -k 9>&- 2>/dev/null
+    WINEPREFIX=$prefix timeout 20 "$wine_server" -w 9>&- 2>/dev/null
+}
+stop_wine_and_display() {
+    stop_wine
+    [ -n "${xvfb_pid:-}" ] && kill "$xvfb_pid" 2>/dev/null && wait "$xvfb_pid" 2>/dev/null
+    return 0
+}
+
+# start_display: a virtual screen on a number that Xvfb finds free.
+start_display() {
+    local number_file=$wine_dir/display.$$ waited=0
+    : >"$number_file"
+    Xvfb -displayfd 3 -screen 0 1280x900x24 -nolisten tcp -noreset 3>"$number_file" \
+        >"$wine_dir/xvfb.log" 2>&1 9>&- &
+    xvfb_pid=$!
+    until [ -s "$number_file" ]; do
+        kill -0 "$xvfb_pid" 2>/dev/null || fail "Xvfb did not start; see build/wine/xvfb.log"
+        [ $((waited += 1)) -le 300 ] || fail "Xvfb gave no display within 30 s; see build/wine/xvfb.log"
+        sleep 0.1
+    done
+    export DISPLAY=:$(cat "$number_file")
+    unset XAUTHORITY
+    rm -f "$number_file"
+}
+
+# The settings of the prefix, as a registry file. A proportional Japanese face stands in for the
+# dialog fonts, as on a Japanese Windows.
+prefix_settings() {
+    cat <<'REG'
+Windows Registry Editor Version 5.00
+
+[HKEY_LOCAL_MACHINE\Software\Microsoft\Windows NT\CurrentVersion\FontSubstitutes]
+"MS Shell Dlg"="IPAPGothic"
+"MS Shell Dlg 2"="IPAPGothic"
+"MS UI Gothic"="IPAPGothic"
+
+[HKEY_CURRENT_USER\Software\Wine\Fonts\Replacements]
+"Tahoma"="IPAPGothic"
+"MS UI Gothic"="IPAPGothic"
+"Segoe UI"="IPAPGothic"
+"Yu Gothic UI"="IPAPGothic"
+"Meiryo UI"="IPAPGothic"
+
+[HKEY_CURRENT_USER\Software\Wine\WineDbg]
+"ShowCrashDialog"=dword:00000000
+
+REG
+    local dll
+    dll=$(windows_path "$fileop_dll")
+    printf '[HKEY_LOCAL_MACHINE\\Software\\Classes\\CLSID\\%s\\InprocServer32]\n' "$fileop_clsid"
+    printf '@="%s"\n"ThreadingModel"="Apartment"\n\n' "${dll//\\/\\\\}"
+    # Without a window manager Wine draws title bars only on its own desktop.
+    if [ "$1" = own ]; then
+        printf '[HKEY_CURRENT_USER\\Software\\Wine\\Explorer]\n"Desktop"="Ferry"\n\n'
+        printf '[HKEY_CURRENT_USER\\Software\\Wine\\Explorer\\Desktops]\n"Ferry"="1280x900"\n'
+    else
+        printf '[-HKEY_CURRENT_USER\\Software\\Wine\\Explorer]\n'
+    fi
+}
+
+create_prefix() {
+    say "creating the Wine prefix build/wine/prefix"
+    rm -rf "$wine_prefix" "$wine_prefix.new"
+    WINEPREFIX=$wine_prefix.new LC_ALL=$wine_locale timeout 300 "$wine_loader" wineboot.exe --init \
+        >"$wine_dir/wineboot.log" 2>&1 9>&- </dev/null ||
+        { stop_wine "$wine_prefix.new"; fail "Wine could not make its prefix; see build/wine/wineboot.log"; }
+    WINEPREFIX=$wine_prefix.new timeout 60 "$wine_server" -w 9>&- || true
+    mv "$wine_prefix.new" "$wine_prefix"
+}
+
+# apply_prefix_settings DISPLAY_KIND: writes the settings unless the same ones were written last.
+apply_prefix_settings() {
+    prefix_settings "$1" >"$wine_dir/settings.new"
+    if cmp -s "$wine_dir/settings.new" "$wine_prefix/ferry-settings"; then
+        rm "$wine_dir/settings.new"
+        return
+    fi
+    sed 's/$/\r/' "$wine_dir/settings.new" | iconv -f UTF-8 -t UTF-16 >"$wine_dir/settings.reg"
+    run_wine reg.exe import "$(windows_path "$wine_dir/settings.reg")" >"$wine_dir/reg.log" 2>&1 ||
+        fail "the Wine prefix took no settings; see build/wine/reg.log"
+    mv "$wine_dir/settings.new" "$wine_prefix/ferry-settings"
+}
+
+# open_wine virtual|caller: makes run_wine usable. "virtual" hides every window on a display of
+# our own; "caller" uses the caller's display when there is one.
+open_wine() {
+    [ -n "${wine_is_open:-}" ] && return
+    need wine
+    find_wine
+    take_wine_lock
+    wine_environment
+    at_end stop_wine_and_display
+    local kind=own
+    if [ "$1" = caller ] && [ -n "${DISPLAY:-}" ]; then kind=caller; else start_display; fi
+    [ -f "$wine_prefix/system.reg" ] || create_prefix
+    "$wine_server" -p60 9>&- >/dev/null 2>&1 || true
+    apply_prefix_settings "$kind"
+    wine_is_open=1
+}
+
+# run_wine PROGRAM ARGS...: a Windows program, by a Unix or a Windows path.
+run_wine() { LC_ALL=$wine_locale "$wine_loader" "$@" 9>&-; }
+
+command_wine() {
+    [ $# -gt 0 ] || fail "which program? ./dev wine PROGRAM [ARGS...]"
+    open_wine caller
+    local status=0
+    run_wine "$@" || status=$?
+    exit "$status"
+}

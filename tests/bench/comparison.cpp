@@ -1,0 +1,48 @@
+#include "comparison.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstddef>
+#include <cstdio>
+
+namespace ferry::bench {
+namespace {
+
+/// The middle of the sorted times; of two middles the greater one.
+double Median(const std::vector<double>& sorted) {
+    return sorted[sorted.size() / 2];
+}
+
+}  // namespace
+
+double MillisecondsOf(const std::function<void()>& work) {
+    const auto begin = std::chrono::steady_clock::now();
+    work();
+    const std::chrono::duration<double, std::milli> spent = std::chrono::steady_clock::now() - begin;
+    return spent.count();
+}
+
+bool Report(const Comparison& comparison) {
+    std::vector<double> ferry = comparison.Ferry;
+    std::vector<double> reference = comparison.Reference;
+    if (ferry.empty() || reference.empty()) {
+        std::fprintf(stderr, "%s: nothing was measured\n", comparison.Name.c_str());
+        return false;
+    }
+    std::ranges::sort(ferry);
+    std::ranges::sort(reference);
+    const double ratio = Median(ferry) / Median(reference);
+    const bool met = ratio <= comparison.Goal;
+    std::printf(
+        "{\"name\":\"%s\",\"ferry\":%.2f,\"reference\":%.2f,\"unit\":\"ms\",\"ratio\":%.3f,"
+        "\"goal\":%.2f,\"met\":%s}\n",
+        comparison.Name.c_str(), Median(ferry), Median(reference), ratio, comparison.Goal,
+        met ? "true" : "false");
+    std::fflush(stdout);
+    std::fprintf(stderr, "%s: %zu rounds, ferry %.2f to %.2f ms, reference %.2f to %.2f ms\n",
+                 comparison.Name.c_str(), ferry.size(), ferry.front(), ferry.back(), reference.front(),
+                 reference.back());
+    return met;
+}
+
+}  // namespace ferry::bench

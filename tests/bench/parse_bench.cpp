@@ -1,0 +1,129 @@
+// How long a block of a million paths takes to read, against a bare pass that makes the same strings.
+//
+// Prints one line of JSON per comparison and ends with 1 when a goal is missed. The two sides take
+// turns, so that a busy machine slows both, and medians are compared.
+#include <algorithm>
+#include <chrono>
+#include <cstddef>
+#include <cstdio>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/text_list.h"
+#include "hostlink/host_block.h"
+
+namespace {
+
+using ferry::base::TextList;
+
+constexpr std::size_t kPathCount = 1'000'000;
+constexpr int kRounds = 15;
+constexpr double kGoal = 1.2;
+
+/// A block in which the host selects kPathCount files of everyday depth and length.
+std::wstring MakeBlock() {
+    std::wstring block = std::to_wstring(kPathCount) + L"\t0\tC:\\Work\t\t";
+    for (std::size_t i = 0; i < kPathCount; ++i) {
+        block += L"C:\\Users\\Someone\\Documents\\Project " + std::to_wstring(i / 1000) + L"\\";
+        block.append(i % 40, L'n');
+        block += L"_" + std::to_wstring(i) + L".txt\t";
+    }
+    block.push_back(L'\0');
+    return block;
+}
+
+double MillisecondsOf(const std::function<void()>& work) {
+    const auto begin = std::chrono::steady_clock::now();
+    work();
+    const std::chrono::duration<double, std::milli> spent = std::chrono::steady_clock::now() - begin;
+    return spent.count();
+}
+
+double Median(std::vector<double> times) {
+    const auto middle = times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2);
+    std::nth_element(times.begin(), middle, times.end());
+    return *middle;
+}
+
+/// The work of the program: the block's fields, sorted into their lists.
+double TimeParse(const std::wstring& block, std::size_t& made) {
+    std::wstring units = block;
+    std::wstring currentDir;
+    std::wstring option;
+    TextList items;
+    TextList folders;
+    const double spent = MillisecondsOf([&] {
+        ferry::hostlink::ParseHostBlock(units, units.size(), {currentDir, option, items, folders});
+    });
+    made = items.Size();
+    return spent;
+}
+
+/// The least that makes the same strings: one look at each unit, one string per path.
+/// `list` has room for the paths already, so that it pays for nothing but them.
+double TimeBarePass(const std::wstring& block, std::size_t& made) {
+    std::vector<std::wstring> list;
+    list.reserve(kPathCount + 4);
+    const double spent = MillisecondsOf([&] {
+        const wchar_t* field = block.data();
+        for (const wchar_t* at = field; *at != L'\0'; ++at) {
+            if (*at == L'\t') {
+                list.emplace_back(field, at);
+                field = at + 1;
+            }
+        }
+    });
+    made = list.size() - 4;
+    return spent;
+}
+
+/// The same with the library's fastest search and the program's own list.
+double TimeBareListPass(const std::wstring& block, std::size_t& made) {
+    TextList list;
+    const double spent = MillisecondsOf([&] {
+        std::wstring_view rest(block.data(), block.size() - 1);
+        for (std::size_t tab = rest.find(L'\t'); tab != std::wstring_view::npos; tab = rest.find(L'\t')) {
+            list.Append(rest.substr(0, tab));
+            rest.remove_prefix(tab + 1);
+        }
+    });
+    made = list.Size() - 4;
+    return spent;
+}
+
+using Measure = double (*)(const std::wstring&, std::size_t&);
+
+/// Prints the comparison of ParseHostBlock with `reference`; whether the goal is met.
+bool Compare(const char* name, const std::wstring& block, Measure reference) {
+    std::vector<double> ferry;
+    std::vector<double> bare;
+    for (int round = 0; round < kRounds; ++round) {
+        std::size_t parsed = 0;
+        std::size_t passed = 0;
+        ferry.push_back(TimeParse(block, parsed));
+        bare.push_back(reference(block, passed));
+        if (parsed != kPathCount || passed != kPathCount) {
+            std::fprintf(stderr, "%s: %zu and %zu strings were made\n", name, parsed, passed);
+            return false;
+        }
+    }
+    const double ratio = Median(ferry) / Median(bare);
+    const bool met = ratio <= kGoal;
+    std::printf(
+        "{\"name\":\"%s\",\"ferry\":%.2f,\"reference\":%.2f,\"unit\":\"ms\",\"ratio\":%.3f,"
+        "\"goal\":%.1f,\"met\":%s}\n",
+        name, Median(ferry), Median(bare), ratio, kGoal, met ? "true" : "false");
+    return met;
+}
+
+}  // namespace
+
+int main() {
+    const std::wstring block = MakeBlock();
+    const bool strings = Compare("parse 1000000 paths, against a bare pass", block, TimeBarePass);
+    const bool lists =
+        Compare("parse 1000000 paths, against a bare pass into a text list", block, TimeBareListPass);
+    return strings && lists ? 0 : 1;
+}

@@ -1,0 +1,185 @@
+// How long it takes from the start of the process to the dialog with its items, against a program
+// that shows the same template and does nothing else.
+//
+// FERRY_E2E_APP names the installed layout; without it, the layout "app" beside the build tree is
+// taken. Prints one line of JSON per comparison and ends with 1 when a goal is missed.
+#include <windows.h>
+
+#include <array>
+#include <chrono>
+#include <cstddef>
+#include <cstdio>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "comparison.h"
+#include "e2e/driver/child_process.h"
+#include "e2e/driver/poll.h"
+#include "e2e/driver/surroundings.h"
+#include "e2e/driver/temp_tree.h"
+#include "samplehost/delivery_win32.h"
+#include "samplehost/host_block_writer.h"
+#include "samplehost/shared_block_win32.h"
+
+namespace {
+
+using ferry::bench::Comparison;
+using ferry::e2e::ChildProcess;
+using ferry::samplehost::BlockFields;
+using ferry::samplehost::VariableFields;
+
+constexpr std::size_t kFewItems = 10;
+constexpr std::size_t kManyItems = 100'000;
+constexpr int kWarmUpRounds = 2;
+constexpr int kRounds = 21;
+constexpr int kCountLabelId = 1350;
+
+// Asked this often when no window says that it appeared.
+constexpr DWORD kLookMs = 5;
+
+std::wstring OwnFolder() {
+    std::wstring path(32768, L'\0');
+    path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
+    return path.substr(0, path.rfind(L'\\'));
+}
+
+std::wstring InstalledFerry() {
+    const std::wstring given = ferry::e2e::AppFolder();
+    return ferry::e2e::FerryPath(given.empty() ? OwnFolder() + L"\\..\\..\\..\\app" : given);
+}
+
+/// Wakes the waiting thread whenever a window of another process appears. While it exists, a wait for
+/// messages ends at that moment; without it (a system that has no hooks) the look every kLookMs stays.
+class AppearanceHook {
+public:
+    AppearanceHook() noexcept
+        : hook_(SetWinEventHook(EVENT_OBJECT_SHOW, EVENT_OBJECT_SHOW, nullptr, &AppearanceHook::Ignore, 0, 0,
+                                WINEVENT_OUTOFCONTEXT)) {}
+    ~AppearanceHook() { UnhookWinEvent(hook_); }
+    AppearanceHook(const AppearanceHook&) = delete;
+    AppearanceHook& operator=(const AppearanceHook&) = delete;
+
+    void Wait() const {
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, kLookMs, QS_ALLINPUT);
+        MSG message;
+        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+            DispatchMessageW(&message);
+        }
+    }
+
+private:
+    static void CALLBACK Ignore(HWINEVENTHOOK, DWORD, HWND, LONG, LONG, DWORD, DWORD) {}
+
+    HWINEVENTHOOK hook_;
+};
+
+std::wstring CountLabel(HWND dialog) {
+    std::array<wchar_t, 32> text{};
+    // GetWindowText reads a window of another process without waiting for that process.
+    GetWindowTextW(GetDlgItem(dialog, kCountLabelId), text.data(), static_cast<int>(text.size()));
+    return text.data();
+}
+
+/// A program to time and what it shows when it is ready.
+struct Contestant {
+    std::wstring Program;
+    std::wstring ReadyLabel;  ///< The text of the count label; empty: whatever it is.
+    BlockFields Block;        ///< Handed over where ReadyLabel says that it is expected.
+};
+
+/// What the host keeps while the program reads it.
+struct HandOver {
+    ferry::samplehost::SharedBlock Block;
+
+    bool Prepare(const BlockFields& fields) {
+        VariableFields variable;
+        variable.FirstNumber = std::to_wstring(GetCurrentProcessId());
+        const auto bytes = ferry::samplehost::BytesOfUnits(BlockUnits(fields));
+        variable.BlockSize = std::to_wstring(bytes.size());
+        ferry::e2e::SetVariable(ferry::samplehost::kVariableName, VariableText(variable));
+        return Block.Create(variable, bytes, static_cast<std::uint32_t>(bytes.size()), false);
+    }
+};
+
+/// The dialog of `process` once it is visible and filled; null when that takes too long.
+HWND WaitForReady(const ChildProcess& process, const AppearanceHook& hook, const std::wstring& label) {
+    const ULONGLONG deadline = GetTickCount64() + ferry::e2e::kPatienceMs;
+    while (GetTickCount64() < deadline) {
+        const HWND dialog = ferry::samplehost::FindFerryDialog(process.Id());
+        if (dialog != nullptr && (label.empty() || CountLabel(dialog) == label))
+            return dialog;
+        hook.Wait();
+    }
+    return nullptr;
+}
+
+/// Milliseconds from just before the start to the filled dialog; nothing when it never came.
+std::optional<double> TimeStart(const Contestant& contestant, const AppearanceHook& hook) {
+    HandOver handOver;
+    if (contestant.ReadyLabel.empty())
+        ferry::e2e::SetVariable(ferry::samplehost::kVariableName, L"");
+    else if (!handOver.Prepare(contestant.Block))
+        return std::nullopt;
+    const auto begin = std::chrono::steady_clock::now();
+    const ChildProcess process(contestant.Program, {});
+    if (!process.IsStarted())
+        return std::nullopt;
+    const HWND dialog = WaitForReady(process, hook, contestant.ReadyLabel);
+    const std::chrono::duration<double, std::milli> spent = std::chrono::steady_clock::now() - begin;
+    if (dialog == nullptr)
+        return std::nullopt;
+    PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
+    if (!process.WaitForEnd(ferry::e2e::kPatienceMs))
+        return std::nullopt;
+    return spent.count();
+}
+
+/// A selection of `count` items, of which the first ones, those that the list shows, are real.
+Contestant FerryWith(std::size_t count, const ferry::e2e::TempTree& tree) {
+    Contestant contestant{InstalledFerry(), L"(" + std::to_wstring(count) + L")", {}};
+    contestant.Block.CurrentDir = tree.Root();
+    contestant.Block.Tabs = {tree.MakeFolder(L"left"), tree.MakeFolder(L"right")};
+    for (std::size_t i = 0; i < count; ++i) {
+        const std::wstring name = L"file " + std::to_wstring(i) + L".txt";
+        contestant.Block.Items.push_back(i < kFewItems ? tree.WriteFile(name, "bench") : tree.Path(name));
+    }
+    return contestant;
+}
+
+/// Runs everybody by turns, each time beginning with another one, so that nobody always follows the
+/// same predecessor. Empty when a start failed.
+std::array<std::vector<double>, 3> TimeAll(const std::array<Contestant, 3>& contestants) {
+    const AppearanceHook hook;
+    std::array<std::vector<double>, 3> times;
+    for (int round = 0; round < kWarmUpRounds + kRounds; ++round) {
+        for (std::size_t turn = 0; turn < contestants.size(); ++turn) {
+            const std::size_t index = (static_cast<std::size_t>(round) + turn) % contestants.size();
+            const auto spent = TimeStart(contestants[index], hook);
+            if (!spent) {
+                std::fprintf(stderr, "%ls: no filled dialog\n", contestants[index].Program.c_str());
+                return {};
+            }
+            if (round >= kWarmUpRounds)
+                times[index].push_back(*spent);
+        }
+    }
+    return times;
+}
+
+}  // namespace
+
+int main() {
+    const ferry::e2e::TempTree tree;
+    const std::array<Contestant, 3> contestants = {
+        Contestant{OwnFolder() + L"\\bare_dialog.exe", L"", {}},
+        FerryWith(kFewItems, tree),
+        FerryWith(kManyItems, tree),
+    };
+    const auto [bare, few, many] = TimeAll(contestants);
+    const bool fewMet = ferry::bench::Report({"start with 10 items, against a bare dialog", 1.25, few, bare});
+    const bool manyMet =
+        ferry::bench::Report({"start with 100000 items, against a bare dialog", 1.6, many, bare});
+    return fewMet && manyMet ? 0 : 1;
+}

@@ -1,0 +1,34 @@
+# Bare console programs that print one line of JSON per comparison; not part of the tests.
+if(NOT FERRY_FUZZ)
+    add_executable(bench_parse parse_bench.cpp)
+    target_link_libraries(bench_parse PRIVATE ferry_options ferry_hostlink)
+endif()
+
+if(WIN32)
+    add_library(bench_comparison STATIC comparison.cpp)
+    target_link_libraries(bench_comparison PUBLIC ferry_options)
+
+    add_executable(bench_batch batch_bench_win32.cpp)
+    target_link_libraries(bench_batch PRIVATE bench_comparison e2e_driver ferry_transfer_win32)
+
+    add_executable(bench_enumerate enumerate_bench_win32.cpp)
+    target_link_libraries(bench_enumerate PRIVATE bench_comparison e2e_driver ferry_transfer_win32)
+
+    # What Ferry's start is compared with. It is no benchmark, so it is not named like one.
+    add_executable(bare_dialog WIN32
+        bare_dialog_win32.cpp bare_dialog.rc ${CMAKE_SOURCE_DIR}/res/ferry_dialog.rc)
+    target_include_directories(bare_dialog PRIVATE ${CMAKE_SOURCE_DIR}/res)
+    target_link_libraries(bare_dialog PRIVATE ferry_options comctl32)
+
+    add_executable(bench_start start_bench_win32.cpp
+        ${CMAKE_SOURCE_DIR}/tools/samplehost/shared_block_win32.cpp)
+    target_link_libraries(bench_start PRIVATE bench_comparison e2e_driver)
+    add_dependencies(bench_start bare_dialog Ferry)
+
+    if(MINGW)
+        target_link_options(bare_dialog PRIVATE -municode $<$<CONFIG:Release>:-s>)
+    else()
+        # The manifest comes from the resources.
+        target_link_options(bare_dialog PRIVATE /MANIFEST:NO)
+    endif()
+endif()

@@ -1,0 +1,134 @@
+// The list that keeps many texts in few blocks.
+#include "base/text_list.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace ferry::base {
+namespace {
+
+using namespace std::string_view_literals;
+using testing::ElementsAre;
+
+std::vector<std::wstring_view> TextsOf(const TextList& list) {
+    return {list.begin(), list.end()};
+}
+
+TEST(TextList, IsEmptyAtFirst) {
+    const TextList list;
+    EXPECT_TRUE(list.IsEmpty());
+    EXPECT_EQ(list.Size(), 0u);
+    EXPECT_EQ(list.begin(), list.end());
+}
+
+TEST(TextList, KeepsTextsInOrder) {
+    TextList list;
+    list.Append(L"one");
+    list.Append(L"");
+    list.Append(L"two");
+    EXPECT_THAT(TextsOf(list), ElementsAre(L"one"sv, L""sv, L"two"sv));
+    EXPECT_EQ(list[2], L"two");
+    EXPECT_FALSE(list.IsEmpty());
+}
+
+TEST(TextList, KeepsCopiesAndNotWhatItWasGiven) {
+    std::wstring text = L"before";
+    TextList list;
+    list.Append(text);
+    text = L"later.";
+    EXPECT_EQ(list[0], L"before");
+}
+
+TEST(TextList, PutsANulAfterEachText) {
+    TextList list;
+    list.Append(L"ab");
+    list.Append(L"");
+    list.Append(L"c");
+    for (const std::wstring_view text : list) {
+        EXPECT_EQ(text.data()[text.size()], L'\0');
+    }
+    EXPECT_EQ(list[0].data()[2], L'\0') << "the first text's end was overwritten by the second";
+}
+
+TEST(TextList, KeepsViewsValidWhileItGrowsOverManyBlocks) {
+    TextList list;
+    std::vector<std::wstring_view> views;
+    for (int i = 0; i < 50000; ++i) {
+        list.Append(L"text number " + std::to_wstring(i));
+        views.push_back(list[list.Size() - 1]);
+    }
+    for (int i = 0; i < 50000; ++i) {
+        ASSERT_EQ(views[static_cast<std::size_t>(i)], L"text number " + std::to_wstring(i));
+        ASSERT_EQ(views[static_cast<std::size_t>(i)].data(), list[static_cast<std::size_t>(i)].data());
+    }
+}
+
+TEST(TextList, TakesATextThatIsLongerThanABlock) {
+    const std::wstring huge(5'000'000, L'x');
+    TextList list;
+    list.Append(L"small");
+    list.Append(huge);
+    list.Append(L"after");
+    EXPECT_EQ(list[0], L"small");
+    EXPECT_TRUE(list[1] == huge);
+    EXPECT_EQ(list[1].data()[huge.size()], L'\0');
+    EXPECT_EQ(list[2], L"after");
+}
+
+TEST(TextList, TakesATextOfItsOwn) {
+    TextList list;
+    list.Append(std::wstring(4000, L'x'));
+    list.Append(list[0]);
+    EXPECT_EQ(list[1], std::wstring(4000, L'x'));
+}
+
+TEST(TextList, KeepsViewsValidWhenItIsMovedAndLeavesTheOtherEmptyAndUsable) {
+    TextList from;
+    from.Append(L"kept");
+    const std::wstring_view view = from[0];
+    TextList to(std::move(from));
+    EXPECT_EQ(to[0].data(), view.data());
+    EXPECT_EQ(view, L"kept");
+    EXPECT_TRUE(from.IsEmpty());  // NOLINT(bugprone-use-after-move): the class promises this
+    from.Append(L"new");
+    EXPECT_THAT(TextsOf(from), ElementsAre(L"new"sv));
+    EXPECT_THAT(TextsOf(to), ElementsAre(L"kept"sv));
+}
+
+TEST(TextList, ReplacesItsTextsWhenItIsAssignedTo) {
+    TextList from;
+    from.Append(L"new");
+    TextList to;
+    to.Append(L"old");
+    to = std::move(from);
+    EXPECT_THAT(TextsOf(to), ElementsAre(L"new"sv));
+    EXPECT_TRUE(from.IsEmpty());  // NOLINT(bugprone-use-after-move): the class promises this
+    from.Append(L"again");
+    to.Append(L"more");
+    EXPECT_THAT(TextsOf(from), ElementsAre(L"again"sv));
+    EXPECT_THAT(TextsOf(to), ElementsAre(L"new"sv, L"more"sv));
+}
+
+TEST(TextList, SurvivesBeingAssignedToItself) {
+    TextList list;
+    list.Append(L"kept");
+    TextList& same = list;
+    list = std::move(same);
+    EXPECT_THAT(TextsOf(list), ElementsAre(L"kept"sv));
+}
+
+TEST(TextList, IsEmptyAndUsableAfterClear) {
+    TextList list;
+    list.Append(L"gone");
+    list.Clear();
+    EXPECT_TRUE(list.IsEmpty());
+    list.Append(L"new");
+    EXPECT_THAT(TextsOf(list), ElementsAre(L"new"sv));
+}
+
+}  // namespace
+}  // namespace ferry::base

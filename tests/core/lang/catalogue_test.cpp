@@ -1,0 +1,139 @@
+// Message texts by number.
+#include "lang/catalogue.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "base/line_reader.h"
+
+namespace ferry::lang {
+namespace {
+
+using testing::IsEmpty;
+using testing::Pair;
+using testing::UnorderedElementsAre;
+
+CatalogueEntries Parse(std::wstring_view text) {
+    CatalogueEntries entries;
+    ParseCatalogue(text, entries);
+    return entries;
+}
+
+auto Entry(int number, const wchar_t* text) {
+    return Pair(static_cast<std::uint16_t>(number), std::wstring(text));
+}
+
+TEST(ParseCatalogue, ReadsNumbersAndTexts) {
+    EXPECT_THAT(Parse(L"\xFEFF"
+                      L"62304\tFirst\r\n62306\tSecond text\r\n"),
+                UnorderedElementsAre(Entry(62304, L"First"), Entry(62306, L"Second text")));
+}
+
+TEST(ParseCatalogue, TurnsTheEscapeIntoALineBreak) {
+    EXPECT_THAT(Parse(L"62325\tFirst\\nSecond\r\n"), UnorderedElementsAre(Entry(62325, L"First\nSecond")));
+}
+
+TEST(ParseCatalogue, LosesALineBreakAtTheEndOfAText) {
+    EXPECT_THAT(Parse(L"1\tText\\n\r\n"), UnorderedElementsAre(Entry(1, L"Text")));
+}
+
+TEST(ParseCatalogue, IgnoresLinesThatAreNoEntry) {
+    EXPECT_THAT(Parse(L"1\ta\tb\r\n\r\n2\r\nno entry\r\n3\t\r\n\t\t\r\n4\tkept\r\n"),
+                UnorderedElementsAre(Entry(4, L"kept")));
+}
+
+TEST(ParseCatalogue, SkipsCommentsAlsoWhenTheyLookLikeEntries) {
+    EXPECT_THAT(Parse(L"//1\ta\r\n  // 2\tb\r\n/3\tc\r\n"), UnorderedElementsAre(Entry(0, L"c")));
+}
+
+TEST(ParseCatalogue, StopsAtTheEndLine) {
+    EXPECT_THAT(Parse(L"1\ta\r\nEOF\r\n2\tb\r\n"), UnorderedElementsAre(Entry(1, L"a")));
+    EXPECT_THAT(Parse(L"1\ta\r\n EOF \r\n2\tb\r\n"), UnorderedElementsAre(Entry(1, L"a")));
+    EXPECT_THAT(Parse(L"eof\r\nEOF2\r\nEO\r\n2\tb\r\n"), UnorderedElementsAre(Entry(2, L"b")));
+}
+
+TEST(ParseCatalogue, KeepsTheLowSixteenBitsOfANumber) {
+    EXPECT_THAT(Parse(L"65537\ta\r\n131074\tb\r\n-1\tc\r\n"),
+                UnorderedElementsAre(Entry(1, L"a"), Entry(2, L"b"), Entry(65535, L"c")));
+}
+
+TEST(ParseCatalogue, LetsTheLaterTextWin) {
+    EXPECT_THAT(Parse(L"1\told\r\n1\tnew\r\n"), UnorderedElementsAre(Entry(1, L"new")));
+}
+
+TEST(ParseCatalogue, RemovesByteOrderMarksEverywhere) {
+    EXPECT_THAT(Parse(L"1\xFEFF\ta\xFEFF"
+                      L"b\r\xFEFF\n\xFEFF"
+                      L"2\tc\r\n"),
+                UnorderedElementsAre(Entry(1, L"ab"), Entry(2, L"c")));
+}
+
+TEST(ParseCatalogue, TrimsLinesButNotTheirPieces) {
+    EXPECT_THAT(Parse(L"\x3000 1 \t  a b  \r\n"), UnorderedElementsAre(Entry(1, L"  a b")));
+}
+
+TEST(ParseCatalogue, ReadsLinesWithABareLineFeedAndALastLineWithoutEnd) {
+    EXPECT_THAT(Parse(L"1\ta\n2\tb"), UnorderedElementsAre(Entry(1, L"a"), Entry(2, L"b")));
+}
+
+TEST(ParseCatalogue, ReadsTheRestOfAnOverlongLineAsALineOfItsOwn) {
+    const std::wstring filler(base::kMaxLineLength - 2, L'x');
+    const CatalogueEntries entries = Parse(L"1\t" + filler + L"2\tb\r\n");
+    ASSERT_EQ(entries.size(), 2u);
+    EXPECT_EQ(entries.at(1), filler);
+    EXPECT_EQ(entries.at(2), L"b");
+}
+
+TEST(ComposeMessageFilePath, GoesTwoFoldersUpFromTheExecutable) {
+    EXPECT_EQ(ComposeMessageFilePath(L"C:\\App\\Command\\Ferry\\Ferry.exe", L".ja-JP"),
+              L"C:\\App\\Command\\Ferry\\..\\..\\Lang\\Msg.ja-JP.txt");
+}
+
+class FakeSource : public CatalogueSource {
+public:
+    std::optional<std::wstring> ReadMessageFile() override {
+        ++Reads;
+        return File;
+    }
+    void ReportCannotOpen() override { ++Reports; }
+
+    std::optional<std::wstring> File;
+    int Reads = 0;
+    int Reports = 0;
+};
+
+TEST(Catalogue, LoadsAtTheFirstFetchAndOnlyOnce) {
+    FakeSource source;
+    source.File = L"1\tone\r\n2\ttwo\r\n";
+    Catalogue catalogue(source);
+    EXPECT_EQ(source.Reads, 0);
+    EXPECT_EQ(catalogue.Fetch(1), L"one");
+    EXPECT_EQ(catalogue.Fetch(2), L"two");
+    EXPECT_EQ(catalogue.Fetch(3), L"No message text.Please update message file.");
+    EXPECT_EQ(source.Reads, 1);
+    EXPECT_EQ(source.Reports, 0);
+}
+
+TEST(Catalogue, TellsTheUserAtEachFetchWhileTheFileIsMissing) {
+    FakeSource source;
+    Catalogue catalogue(source);
+    EXPECT_EQ(catalogue.Fetch(1), kMissingText);
+    EXPECT_EQ(catalogue.Fetch(1), kMissingText);
+    EXPECT_EQ(source.Reports, 2);
+    source.File = L"1\tone\r\n";
+    EXPECT_EQ(catalogue.Fetch(1), L"one");
+    EXPECT_EQ(source.Reports, 2);
+}
+
+TEST(Catalogue, ReadsAgainWhileTheFileHoldsNoEntry) {
+    FakeSource source;
+    source.File = L"// nothing yet\r\n";
+    Catalogue catalogue(source);
+    EXPECT_EQ(catalogue.Fetch(1), kMissingText);
+    EXPECT_EQ(catalogue.Fetch(1), kMissingText);
+    EXPECT_EQ(source.Reads, 2);
+    EXPECT_EQ(source.Reports, 0);
+}
+
+}  // namespace
+}  // namespace ferry::lang

@@ -1,0 +1,26 @@
+// Where the manual's pages are, and which find-first call suits a shell.
+#include "process/manual.h"
+
+#include <gtest/gtest.h>
+
+namespace ferry::process {
+namespace {
+
+TEST(ManualAddress, PutsThePagesPathAfterTheBase) {
+    EXPECT_EQ(ManualAddress(L"https://manual.example", kFerryManualPage, L"C:\\App\\Ferry.exe"),
+              L"https://manual.example/kiv/man5/6.Command/2.DefaultCommand/Ferry.html");
+}
+
+TEST(ManualAddress, NamesTheInstalledPageWhenThereIsNoBase) {
+    EXPECT_EQ(ManualAddress(L"", kFerryManualPage, L"C:\\App\\Command\\Ferry\\Ferry.exe"),
+              L"C:\\App\\Command\\Ferry\\Manual\\6.Command\\2.DefaultCommand\\Ferry.html");
+}
+
+TEST(UsesPlainFindFirst, HoldsForTwoShellVersionsOnly) {
+    for (int combined = 0; combined <= 2000; ++combined) {
+        EXPECT_EQ(UsesPlainFindFirst(combined), combined == 501 || combined == 600) << combined;
+    }
+}
+
+}  // namespace
+}  // namespace ferry::process

@@ -1,0 +1,386 @@
+// The item-by-item run: its calls in their order, and what it leaves behind.
+#include "transfer/individual_run.h"
+
+#include <gtest/gtest.h>
+
+#include "core/transfer/model_run.h"
+
+namespace ferry::transfer {
+namespace {
+
+using model::Fault;
+using Lines = std::vector<std::wstring>;
+
+constexpr std::uint64_t kTime = 133'000'000'000'000'000;
+
+class IndividualRunTest : public ::testing::Test {
+protected:
+    IndividualRunTest() {
+        run.Shared.Logging = true;
+        run.Request.Destination = L"D:\\out\\";
+        run.Shared.Files.AddFolder(L"D:\\out");
+    }
+
+    void AddSource(std::wstring_view path) { run.Request.Sources.Append(path); }
+    void AddFile(std::wstring_view path, std::string content = "bytes", std::uint64_t time = kTime) {
+        run.Shared.Files.AddFile(path, std::move(content), time);
+    }
+    void UsePolicy(std::uint32_t policy) { run.Request.Settings.Policy = policy; }
+    void UseMove() { run.Request.What = Operation::Move; }
+    bool Exists(std::wstring_view path) const { return run.Shared.Files.At(path) != nullptr; }
+    std::uint32_t AttributesOf(std::wstring_view path) const { return run.Shared.Files.At(path)->Attributes; }
+    std::string ContentAt(std::wstring_view path) const {
+        return Exists(path) ? run.Shared.Files.At(path)->Content : "nothing";
+    }
+    const Lines& Log() const { return run.Shared.Log; }
+
+    /// Answers the questions of the collision dialog one after the other.
+    void AnswerCollisions(std::vector<CollisionAnswer> answers) {
+        run.Person.Collision = [answers, next = std::size_t{0}]() mutable { return answers.at(next++); };
+    }
+
+    std::size_t Questions() const {
+        return static_cast<std::size_t>(std::count_if(
+            Log().begin(), Log().end(), [](const auto& line) { return line.starts_with(L"AskCollision"); }));
+    }
+
+    model::ModelRun run;
+};
+
+TEST_F(IndividualRunTest, AMoveOfAFolderMakesItsCallsInOrder) {
+    AddFile(L"C:\\src\\dir\\a");
+    AddFile(L"C:\\src\\dir\\sub\\b");
+    AddSource(L"C:\\src\\dir");
+    UseMove();
+    EXPECT_TRUE(run.Run());
+    EXPECT_EQ(Log(), (Lines{L"Attributes C:\\src\\dir",
+                            L"Enumerate C:\\src\\dir",
+                            L"Enumerate C:\\src\\dir\\sub",
+                            L"SetRange 4",
+                            L"Drain",
+                            L"Step",
+                            L"CreateFolder D:\\out\\dir",
+                            L"Show dir",
+                            L"Drain",
+                            L"Step",
+                            L"CreateFolder D:\\out\\dir\\sub",
+                            L"Show sub",
+                            L"Drain",
+                            L"Step",
+                            L"Find D:\\out\\dir\\a",
+                            L"FileSize C:\\src\\dir\\a",
+                            L"Move C:\\src\\dir\\a > D:\\out\\dir\\ flags 2A14 asked",
+                            L"Show a",
+                            L"Drain",
+                            L"Step",
+                            L"Find D:\\out\\dir\\sub\\b",
+                            L"FileSize C:\\src\\dir\\sub\\b",
+                            L"Move C:\\src\\dir\\sub\\b > D:\\out\\dir\\sub\\ flags 2A14 asked",
+                            L"Show b",
+                            L"Attributes D:\\out\\dir\\sub",
+                            L"SetAttributes C:\\src\\dir\\sub 16",
+                            L"RemoveFolder C:\\src\\dir\\sub",
+                            L"Attributes D:\\out\\dir",
+                            L"SetAttributes C:\\src\\dir 16",
+                            L"RemoveFolder C:\\src\\dir"}));
+    EXPECT_FALSE(Exists(L"C:\\src\\dir"));
+}
+
+TEST_F(IndividualRunTest, ACopyOfOneFileMakesItsCallsInOrder) {
+    AddFile(L"C:\\src\\a");
+    AddSource(L"C:\\src\\a");
+    EXPECT_TRUE(run.Run());
+    EXPECT_EQ(Log(),
+              (Lines{L"Attributes C:\\src\\a", L"SetRange 1", L"Drain", L"Step", L"Find D:\\out\\a",
+                     L"FileSize C:\\src\\a", L"Copy C:\\src\\a > D:\\out\\ flags 2A14 asked", L"Show a"}));
+}
+
+TEST_F(IndividualRunTest, AFolderThatExistsGetsTheSourcesAttributesAndANewOneDoesNot) {
+    run.Shared.Files.AddFolder(L"C:\\src\\dir").Attributes = 0x13;
+    run.Shared.Files.AddFolder(L"C:\\src\\dir\\sub").Attributes = 0x12;
+    run.Shared.Files.AddFolder(L"D:\\out\\dir");
+    AddSource(L"C:\\src\\dir");
+    EXPECT_TRUE(run.Run());
+    EXPECT_EQ(AttributesOf(L"D:\\out\\dir"), 0x13u);
+    EXPECT_EQ(AttributesOf(L"D:\\out\\dir\\sub"), 0x10u);
+    const Lines calls(Log().begin() + 4, Log().begin() + 10);
+    EXPECT_EQ(calls, (Lines{L"Drain", L"Step", L"CreateFolder D:\\out\\dir", L"NotifyFolderMade D:\\out\\dir",
+                            L"Attributes C:\\src\\dir", L"SetAttributes D:\\out\\dir 19"}));
+}
+
+TEST_F(IndividualRunTest, AnyFailureToMakeAFolderTellsTheShellAndCopiesTheAttributes) {
+    AddFile(L"D:\\out\\dir");
+    run.Shared.Files.AddFolder(L"C:\\src\\dir");
+    AddSource(L"C:\\src\\dir");
+    UseMove();
+    EXPECT_TRUE(run.Run());
+    const Lines calls(Log().begin() + 5, Log().begin() + 9);
+    EXPECT_EQ(calls, (Lines{L"CreateFolder D:\\out\\dir", L"NotifyFolderMade D:\\out\\dir",
+                            L"Attributes C:\\src\\dir", L"SetAttributes D:\\out\\dir 16"}));
+    EXPECT_EQ(ContentAt(L"D:\\out\\dir"), "bytes");
+    EXPECT_TRUE(Exists(L"C:\\src\\dir")) << "a folder without a counterpart stays";
+}
+
+TEST_F(IndividualRunTest, UnreadableSourceAttributesAreNotGivenToTheTarget) {
+    run.Shared.Files.AddFolder(L"C:\\src\\dir");
+    run.Shared.Files.AddFolder(L"D:\\out\\dir").Attributes = 0x12;
+    AddSource(L"C:\\src\\dir");
+    run.Shared.Faults = [seen = 0](std::size_t, std::wstring_view port) mutable {
+        return port == L"Attributes" && seen++ == 1 ? Fault::Fail : Fault::None;
+    };
+    EXPECT_TRUE(run.Run());
+    EXPECT_EQ(AttributesOf(L"D:\\out\\dir"), 0x12u);
+}
+
+TEST_F(IndividualRunTest, AMovedFolderWithSkippedFilesStaysWithItsParents) {
+    AddFile(L"C:\\src\\dir\\sub\\skipped");
+    AddFile(L"C:\\src\\dir\\sub\\moved");
+    AddFile(L"C:\\src\\dir\\other\\moved");
+    AddFile(L"D:\\out\\dir\\sub\\skipped", "existing");
+    AddSource(L"C:\\src\\dir");
+    UseMove();
+    UsePolicy(2);
+    EXPECT_TRUE(run.Run());
+    EXPECT_TRUE(Exists(L"C:\\src\\dir\\sub\\skipped"));
+    EXPECT_FALSE(Exists(L"C:\\src\\dir\\sub\\moved"));
+    EXPECT_FALSE(Exists(L"C:\\src\\dir\\other"));
+    EXPECT_EQ(ContentAt(L"D:\\out\\dir\\sub\\skipped"), "existing");
+}
+
+TEST_F(IndividualRunTest, AReadOnlyFolderIsMadePlainAndRemoved) {
+    run.Shared.Files.AddFolder(L"C:\\src\\dir").Attributes = 0x17;
+    AddSource(L"C:\\src\\dir");
+    UseMove();
+    EXPECT_TRUE(run.Run());
+    EXPECT_FALSE(Exists(L"C:\\src\\dir"));
+}
+
+TEST_F(IndividualRunTest, AFolderWhoseAttributesCannotBeSetIsNotRemoved) {
+    run.Shared.Files.AddFolder(L"C:\\src\\dir");
+    AddSource(L"C:\\src\\dir");
+    UseMove();
+    run.Shared.Faults = [](std::size_t, std::wstring_view port) {
+        return port == L"SetAttributes" ? Fault::Fail : Fault::None;
+    };
+    EXPECT_TRUE(run.Run());
+    EXPECT_EQ(Log().back(), L"SetAttributes C:\\src\\dir 16");
+    EXPECT_TRUE(Exists(L"C:\\src\\dir"));
+}
+
+TEST_F(IndividualRunTest, AnEmptyFolderMovedOntoItselfStays) {
+    run.Shared.Files.AddFolder(L"D:\\out\\dir\\sub").Attributes = 0x12;
+    for (const wchar_t* const source : {L"D:\\out\\dir", L"d:\\OUT\\dir"}) {
+        run.Request.Sources.Clear();
+        AddSource(source);
+        UseMove();
+        EXPECT_TRUE(run.Run());
+        EXPECT_TRUE(Exists(L"D:\\out\\dir\\sub"));
+        EXPECT_EQ(AttributesOf(L"D:\\out\\dir\\sub"), 0x12u);
+    }
+}
+
+TEST_F(IndividualRunTest, AnEmptyFolderWhoseCounterpartCouldNotBeMadeStays) {
+    run.Shared.Files.AddFolder(L"C:\\src\\dir");
+    AddSource(L"C:\\src\\dir");
+    UseMove();
+    run.Shared.Faults = [](std::size_t, std::wstring_view port) {
+        return port == L"CreateFolder" ? Fault::Fail : Fault::None;
+    };
+    EXPECT_TRUE(run.Run());
+    EXPECT_TRUE(Exists(L"C:\\src\\dir"));
+}
+
+TEST_F(IndividualRunTest, ACopyRemovesNothing) {
+    AddFile(L"C:\\src\\dir\\a");
+    run.Shared.Files.AddFolder(L"C:\\src\\dir\\empty").Attributes = 0x13;
+    AddSource(L"C:\\src\\dir");
+    const auto before = run.Shared.Files.Snapshot(L"C:\\src");
+    EXPECT_TRUE(run.Run());
+    EXPECT_EQ(run.Shared.Files.Snapshot(L"C:\\src"), before);
+    EXPECT_EQ(ContentAt(L"D:\\out\\dir\\a"), "bytes");
+}
+
+TEST_F(IndividualRunTest, ACancelStopsBeforeTheNextItemAndRemovesNoFolder) {
+    AddFile(L"C:\\src\\dir\\a");
+    AddFile(L"C:\\src\\dir\\b");
+    AddFile(L"C:\\src\\later");
+    AddSource(L"C:\\src\\dir");
+    AddSource(L"C:\\src\\later");
+    UseMove();
+    run.Shared.Faults = [drains = 0](std::size_t, std::wstring_view port) mutable {
+        return port == L"Drain" && ++drains == 3 ? Fault::Cancel : Fault::None;
+    };
+    EXPECT_FALSE(run.Run());
+    EXPECT_EQ(Log().back(), L"Drain");
+    EXPECT_EQ(run.View.Steps, (std::vector<std::size_t>{2}));
+    EXPECT_EQ(ContentAt(L"D:\\out\\dir\\a"), "bytes") << "the range is dir, a, b: the cancel came before b";
+    EXPECT_TRUE(Exists(L"C:\\src\\dir\\b"));
+    EXPECT_TRUE(Exists(L"C:\\src\\later"));
+}
+
+TEST_F(IndividualRunTest, AnAbortedOperationStopsTheWholeTransfer) {
+    AddFile(L"C:\\src\\a");
+    AddFile(L"C:\\src\\b");
+    AddSource(L"C:\\src\\a");
+    AddSource(L"C:\\src\\b");
+    run.Shared.Faults = [](std::size_t, std::wstring_view port) {
+        return port == L"Copy" ? Fault::Cancel : Fault::None;
+    };
+    EXPECT_FALSE(run.Run());
+    EXPECT_EQ(Log().back(), L"Copy C:\\src\\a > D:\\out\\ flags 2A14 asked");
+}
+
+TEST_F(IndividualRunTest, MoreThan65535ItemsMakeTheRangeWrap) {
+    run.Shared.Logging = false;
+    run.Shared.Files.AddFolder(L"C:\\src\\dir");
+    model::Node& folder = *run.Shared.Files.At(L"C:\\src\\dir");
+    for (int index = 0; index < 65538; ++index) {
+        folder.Children.push_back(std::make_unique<model::Node>());
+        folder.Children.back()->Name = std::to_wstring(index);
+    }
+    AddSource(L"C:\\src\\dir");
+    run.Shared.Faults = [](std::size_t, std::wstring_view port) {
+        return port == L"Drain" ? Fault::Cancel : Fault::None;
+    };
+    EXPECT_FALSE(run.Run());
+    EXPECT_EQ(run.View.Ranges, (std::vector<std::uint32_t>{3})) << "65538 files and their folder";
+}
+
+class CollisionQuestions : public IndividualRunTest {
+protected:
+    CollisionQuestions() {
+        for (const wchar_t* const name : {L"a", L"b", L"c"}) {
+            AddFile(std::wstring(L"C:\\src\\") + name, "incoming");
+            AddFile(std::wstring(L"D:\\out\\") + name, "existing");
+            AddSource(std::wstring(L"C:\\src\\") + name);
+        }
+        UsePolicy(7);
+    }
+
+    std::string Contents() const {
+        return ContentAt(L"D:\\out\\a") + " " + ContentAt(L"D:\\out\\b") + " " + ContentAt(L"D:\\out\\c");
+    }
+};
+
+TEST_F(CollisionQuestions, PolicySevenAsksForEveryCollisionAndOkHoldsForOneFile) {
+    AnswerCollisions({{kEndOk, 3}, {kEndOk, 2}, {kEndOk, 3}});
+    EXPECT_TRUE(run.Run());
+    EXPECT_EQ(Questions(), 3u);
+    EXPECT_EQ(Contents(), "incoming existing incoming");
+}
+
+TEST_F(CollisionQuestions, TheQuestionNamesTheTargetAfterItWasLookedUp) {
+    AnswerCollisions({{kEndStopAll, 0}});
+    EXPECT_FALSE(run.Run());
+    const Lines calls(Log().end() - 2, Log().end());
+    EXPECT_EQ(calls, (Lines{L"Find D:\\out\\a", L"AskCollision a"}));
+}
+
+TEST_F(CollisionQuestions, ForAllMakesTheChoiceTheRunsPolicy) {
+    AnswerCollisions({{kEndOk, 2}, {kEndForAll, 3}});
+    EXPECT_TRUE(run.Run());
+    EXPECT_EQ(Questions(), 2u);
+    EXPECT_EQ(Contents(), "existing incoming incoming");
+}
+
+TEST_F(CollisionQuestions, CancelSkipsTheFileAndGoesOn) {
+    AnswerCollisions({{kEndCancel, 3}, {kEndOk, 3}, {kEndCancel, 3}});
+    EXPECT_TRUE(run.Run());
+    EXPECT_EQ(Contents(), "existing incoming existing");
+}
+
+TEST_F(CollisionQuestions, StopAllEndsTheWholeTransfer) {
+    AnswerCollisions({{kEndOk, 3}, {kEndStopAll, 3}});
+    EXPECT_FALSE(run.Run());
+    EXPECT_EQ(Contents(), "incoming existing existing");
+}
+
+TEST_F(CollisionQuestions, AreNotAskedForAFileThatIsNotThere) {
+    run.Shared.Files.Detach(L"D:\\out\\a");
+    AnswerCollisions({{kEndOk, 2}, {kEndOk, 2}});
+    EXPECT_TRUE(run.Run());
+    EXPECT_EQ(Contents(), "incoming existing existing");
+}
+
+TEST_F(CollisionQuestions, AnAutomaticNameOnceChosenHoldsForLaterFiles) {
+    AnswerCollisions({{kEndOk, 6}, {kEndOk, 3}, {kEndOk, 3}});
+    EXPECT_TRUE(run.Run());
+    EXPECT_EQ(Contents(), "existing existing existing");
+    EXPECT_EQ(ContentAt(L"D:\\out\\c (2)"), "incoming");
+}
+
+TEST_F(CollisionQuestions, EqualsPolicyThreeWhenTheAnswerIsOutOfRange) {
+    AnswerCollisions({{kEndOk, 0xFFFFFFFF}, {kEndOk, 7}, {kEndOk, 8}});
+    EXPECT_TRUE(run.Run());
+    EXPECT_EQ(Contents(), "incoming incoming incoming");
+}
+
+TEST_F(IndividualRunTest, EverySourceLandsBelowTheDestinationUnderItsOwnName) {
+    struct Case {
+        const wchar_t* Source;
+        const wchar_t* File;
+        const wchar_t* Expected;
+    };
+    const Case cases[] = {
+        {L"C:\\src\\dir\\", L"C:\\src\\dir\\f", L"D:\\out\\dir\\f"},
+        {L"C:\\dir", L"C:\\dir\\f", L"D:\\out\\dir\\f"},
+        {L"C:\\f", L"C:\\f", L"D:\\out\\f"},
+        {L"C:\\", L"C:\\sub\\f", L"D:\\out\\sub\\f"},
+        {L"C:", L"C:\\sub\\f", L"D:\\out\\sub\\f"},
+        {L"f", L"f\\g", L"D:\\out\\f\\g"},
+    };
+    for (const Case& item : cases) {
+        SCOPED_TRACE(item.Source);
+        model::ModelRun one;
+        one.Shared.Files.AddFile(item.File, "bytes");
+        one.Shared.Files.AddFolder(L"D:\\out").Attributes = 0x10;
+        one.Request.Destination = L"D:\\out\\";
+        one.Request.What = Operation::Move;
+        one.Request.Sources.Append(item.Source);
+        EXPECT_TRUE(one.Run());
+        ASSERT_NE(one.Shared.Files.At(item.Expected), nullptr);
+        EXPECT_EQ(one.Shared.Files.At(item.File), nullptr);
+        EXPECT_EQ(one.Shared.Files.At(L"D:\\out")->Attributes, 0x10u);
+    }
+}
+
+TEST_F(IndividualRunTest, ADriveRootIsNeitherMadeNorRemoved) {
+    run.Shared.Files.AddFolder(L"C:\\sub");
+    run.Shared.Files.At(L"C:")->Attributes = 0x16;
+    AddSource(L"C:\\");
+    UseMove();
+    EXPECT_TRUE(run.Run());
+    EXPECT_TRUE(Exists(L"C:\\"));
+    EXPECT_EQ(AttributesOf(L"C:\\"), 0x16u);
+    EXPECT_EQ(AttributesOf(L"D:\\out"), 0x10u);
+    EXPECT_TRUE(Exists(L"D:\\out\\sub"));
+}
+
+TEST_F(IndividualRunTest, AnEmptySourceOrADriveThatIsNotThereIsPassedOver) {
+    for (const wchar_t* const source : {L"", L"Q:\\", L"Q:", L"\\"})
+        AddSource(source);
+    EXPECT_TRUE(run.Run());
+    EXPECT_TRUE(run.Shared.Transfers.empty());
+    EXPECT_TRUE(run.View.Ranges.empty());
+}
+
+TEST_F(IndividualRunTest, AVanishedSourceIsNotTakenForAFolder) {
+    AddSource(L"C:\\src\\gone");
+    EXPECT_TRUE(run.Run());
+    EXPECT_FALSE(Exists(L"D:\\out\\gone"));
+    EXPECT_EQ(run.View.Ranges, (std::vector<std::uint32_t>{1}));
+}
+
+TEST_F(IndividualRunTest, ADestinationInsideTheSourceIsNotCopiedIntoItselfWithoutEnd) {
+    AddFile(L"C:\\src\\dir\\f");
+    AddFile(L"C:\\src\\dir\\in\\g");
+    run.Request.Destination = L"C:\\src\\dir\\in\\";
+    AddSource(L"C:\\src\\dir");
+    UseMove();
+    EXPECT_TRUE(run.Run());
+    EXPECT_EQ(ContentAt(L"C:\\src\\dir\\in\\dir\\f"), "bytes");
+    EXPECT_EQ(ContentAt(L"C:\\src\\dir\\in\\dir\\in\\g"), "bytes");
+}
+
+}  // namespace
+}  // namespace ferry::transfer

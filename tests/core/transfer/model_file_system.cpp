@@ -1,0 +1,165 @@
+// The file system of the model.
+#include <algorithm>
+
+#include "core/transfer/model_ports.h"
+
+namespace ferry::transfer::model {
+namespace {
+
+constexpr int kAccessDenied = 5;
+constexpr int kPathNotFound = 3;
+constexpr int kFileExists = 80;
+constexpr std::uint32_t kReadOnly = 1;
+constexpr std::wstring_view kForbidden = L"/:*?\"><|\\";
+
+bool Stops(Fault fault) {
+    return fault == Fault::Fail || fault == Fault::Cancel || fault == Fault::NoObject;
+}
+
+FoundItem Found(const Node& node) {
+    return {node.Name, node.Attributes, node.LastWriteTime};
+}
+
+/// Whether any parent of `path` is a file, so that no folder can be made there.
+bool HasFileAbove(const Tree& files, std::wstring_view path) {
+    for (std::size_t end = path.find(L'\\'); end != std::wstring_view::npos;
+         end = path.find(L'\\', end + 1)) {
+        const Node* const above = files.At(path.substr(0, end));
+        if (above != nullptr && !above->IsFolder)
+            return true;
+    }
+    return false;
+}
+
+}  // namespace
+
+std::uint32_t ModelFileSystem::Attributes(std::wstring_view path) {
+    if (Stops(world_.Enter(L"Attributes", path)))
+        return kInvalidAttributes;
+    const Node* const node = world_.Files.At(path);
+    return node == nullptr ? kInvalidAttributes : node->Attributes;
+}
+
+bool ModelFileSystem::SetAttributes(std::wstring_view path, std::uint32_t attributes) {
+    const Fault fault = world_.Enter(L"SetAttributes", path, std::to_wstring(attributes));
+    if (fault == Fault::DoNothing)
+        return true;
+    Node* const node = world_.Files.At(path);
+    if (Stops(fault) || node == nullptr)
+        return false;
+    node->Attributes = (attributes & ~kAttributeDirectory) | (node->IsFolder ? kAttributeDirectory : 0);
+    return true;
+}
+
+void ModelFileSystem::Enumerate(std::wstring_view folder,
+                                const std::function<void(const FoundItem&)>& visit) {
+    const Fault fault = world_.Enter(L"Enumerate", folder);
+    const Node* const node = world_.Files.At(folder);
+    if (Stops(fault) || node == nullptr)
+        return;
+    ++openSearches_;
+    mostOpenSearches_ = std::max(mostOpenSearches_, openSearches_);
+    // A search that breaks off halfway has no other sign than its end.
+    const std::size_t count = node->Children.size() / (fault == Fault::DoNothing ? 2 : 1);
+    for (std::size_t index = 0; index < count; ++index)
+        visit(Found(*node->Children[index]));
+    --openSearches_;
+}
+
+std::optional<FoundItem> ModelFileSystem::Find(std::wstring_view path) {
+    const Fault fault = world_.Enter(L"Find", path);
+    const Node* const node = path.ends_with(L'\\') ? nullptr : world_.Files.At(path);
+    if (Stops(fault) || node == nullptr)
+        return std::nullopt;
+    return Found(*node);
+}
+
+std::uint64_t ModelFileSystem::FileSize(std::wstring_view path) {
+    const Fault fault = world_.Enter(L"FileSize", path);
+    const Node* const node = world_.Files.At(path);
+    return Stops(fault) || node == nullptr ? 0 : node->Content.size() + node->ExtraSize;
+}
+
+int ModelFileSystem::CreateFolder(std::wstring_view path) {
+    const Fault fault = world_.Enter(L"CreateFolder", path);
+    if (fault == Fault::Cancel)
+        return kFolderCancelled;
+    if (fault == Fault::DoNothing)
+        return kFolderCreated;
+    if (Stops(fault))
+        return kAccessDenied;
+    if (const Node* const existing = world_.Files.At(path))
+        return existing->IsFolder ? kFolderExists : kFileExists;
+    if (HasFileAbove(world_.Files, path) || world_.Files.At(path.substr(0, path.find(L'\\'))) == nullptr)
+        return kPathNotFound;
+    world_.Files.AddFolder(path);
+    return kFolderCreated;
+}
+
+void ModelFileSystem::NotifyFolderMade(std::wstring_view path) {
+    world_.Enter(L"NotifyFolderMade", path);
+}
+
+bool ModelFileSystem::RemoveFolder(std::wstring_view path) {
+    const Fault fault = world_.Enter(L"RemoveFolder", path);
+    if (fault == Fault::DoNothing)
+        return true;
+    const Node* const node = world_.Files.At(path);
+    if (Stops(fault) || node == nullptr || !node->IsFolder || !node->Children.empty() ||
+        (node->Attributes & kReadOnly) != 0)
+        return false;
+    world_.Files.Detach(path);
+    world_.RemovedFolders.emplace_back(path);
+    return true;
+}
+
+bool ModelFileSystem::Rename(std::wstring_view from, std::wstring_view to) {
+    const Fault fault = world_.Enter(L"Rename", from, to);
+    if (fault == Fault::DoNothing)
+        return true;
+    const std::size_t nameStart = to.rfind(L'\\') + 1;
+    const std::wstring name(to.substr(nameStart));
+    Node* const node = world_.Files.At(from);
+    const Node* const occupant = world_.Files.At(to);
+    if (Stops(fault) || node == nullptr || name.empty() || name.find_first_of(kForbidden) != name.npos ||
+        (occupant != nullptr && occupant != node) || world_.Files.ParentOf(to) == nullptr)
+        return false;
+    world_.RenamedAway.insert(Fold(from));
+    auto moved = world_.Files.Detach(from);
+    moved->Name = name;
+    world_.Files.ParentOf(to)->Children.push_back(std::move(moved));
+    return true;
+}
+
+bool ModelFileSystem::IsRoot(std::wstring_view path) {
+    world_.Enter(L"IsRoot", path);
+    if (path.size() == 3)
+        return path.substr(1) == L":\\";
+    if (!path.starts_with(L"\\\\") || path.ends_with(L'\\'))
+        return false;
+    const std::size_t share = path.find(L'\\', 2);
+    return share == std::wstring_view::npos || path.find(L'\\', share + 1) == std::wstring_view::npos;
+}
+
+double ModelFileSystem::LocalDate(std::uint64_t fileTime) {
+    const Fault fault = world_.EnterPlain(L"LocalDate", std::to_wstring(fileTime));
+    if (fault == Fault::None)
+        return ModelLocalDate(fileTime);
+    world_.DatesDisturbed = true;
+    return 0.0;
+}
+
+double ModelLocalDate(std::uint64_t fileTime) {
+    constexpr std::uint64_t kUnitsPerSecond = 10'000'000;
+    constexpr std::int64_t kSecondsPerDay = 86'400;
+    constexpr std::int64_t kEpochDay = 109'205;  // 1899-12-30 counted from 1601-01-01
+    constexpr std::uint64_t kFirstUnfit = std::uint64_t{1} << 63;
+    if (fileTime >= kFirstUnfit)
+        return 0.0;
+    const auto seconds = static_cast<std::int64_t>(fileTime / kUnitsPerSecond) + 9 * 3600;
+    const double day = static_cast<double>(seconds / kSecondsPerDay - kEpochDay);
+    const double fraction = static_cast<double>(seconds % kSecondsPerDay) / kSecondsPerDay;
+    return day < 0 ? day - fraction : day + fraction;
+}
+
+}  // namespace ferry::transfer::model

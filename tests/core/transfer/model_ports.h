@@ -1,0 +1,103 @@
+// The ports of a run, played by a model world.
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "core/transfer/model_world.h"
+#include "transfer/ports.h"
+
+namespace ferry::transfer::model {
+
+/// The file system of the model. Local time is nine hours ahead of UTC.
+class ModelFileSystem final : public FileSystem {
+public:
+    explicit ModelFileSystem(World& world) noexcept : world_(world) {}
+
+    std::uint32_t Attributes(std::wstring_view path) override;
+    bool SetAttributes(std::wstring_view path, std::uint32_t attributes) override;
+    void Enumerate(std::wstring_view folder, const std::function<void(const FoundItem&)>& visit) override;
+    std::optional<FoundItem> Find(std::wstring_view path) override;
+    std::uint64_t FileSize(std::wstring_view path) override;
+    int CreateFolder(std::wstring_view path) override;
+    void NotifyFolderMade(std::wstring_view path) override;
+    bool RemoveFolder(std::wstring_view path) override;
+    bool Rename(std::wstring_view from, std::wstring_view to) override;
+    bool IsRoot(std::wstring_view path) override;
+    double LocalDate(std::uint64_t fileTime) override;
+
+    /// The most searches that were ever open at a time.
+    int MostOpenSearches() const noexcept { return mostOpenSearches_; }
+
+private:
+    World& world_;
+    int openSearches_ = 0;
+    int mostOpenSearches_ = 0;
+};
+
+/// What the person answers when the shell asks about an existing item.
+enum class ShellAnswer { Overwrite, Skip, Abort };
+
+/// The shell's file operation on the model tree.
+class ModelShell final : public ShellOperations {
+public:
+    explicit ModelShell(World& world) noexcept : world_(world) {}
+
+    ShellOutcome TransferFile(const ShellTransfer& transfer) override;
+    std::int32_t TransferBatch(const base::TextList& sources, std::wstring_view destination,
+                               std::uint32_t function, std::uint32_t flags) override;
+
+    /// Skip when it is empty.
+    std::function<ShellAnswer()> Answer;
+
+private:
+    ShellOutcome Perform(const ShellTransfer& transfer);
+    ShellOutcome Place(const ShellTransfer& transfer, Node& source, Node& folder, const std::wstring& name,
+                       bool personAgreed);
+    void TransferTree(const std::wstring& source, const std::wstring& destination, std::uint32_t function,
+                      std::uint32_t flags);
+
+    World& world_;
+};
+
+/// A person who answers by the given functions; without them, every question is cancelled.
+class ModelQuestions final : public Questions {
+public:
+    explicit ModelQuestions(World& world) noexcept : world_(world) {}
+
+    CollisionAnswer AskCollision(std::wstring_view name) override;
+    NameAnswer AskNewName(RenameKind kind, std::wstring_view path) override;
+    void ShowError(std::uint16_t message) override;
+
+    std::function<CollisionAnswer()> Collision;
+    std::function<NameAnswer()> NewName;
+    std::vector<std::uint16_t> Errors;
+
+private:
+    World& world_;
+};
+
+/// A progress view that counts.
+class ModelProgress final : public Progress {
+public:
+    explicit ModelProgress(World& world) noexcept : world_(world) {}
+
+    void SetRange(std::uint32_t count) override;
+    bool DrainAndTakeCancel() override;
+    void Step() override;
+    void ShowItem(std::wstring_view name) override;
+
+    std::vector<std::uint32_t> Ranges;
+    std::vector<std::size_t> Steps;         ///< Per range.
+    std::size_t FoldersRemovedAtRange = 0;  ///< How many folders were gone when the last range began.
+    bool CancelRequested = false;
+
+private:
+    World& world_;
+};
+
+/// The date value of `fileTime` as the date type has it: days since 1899-12-30 local time, whole
+/// seconds; 0 when the time cannot be converted.
+double ModelLocalDate(std::uint64_t fileTime);
+
+}  // namespace ferry::transfer::model

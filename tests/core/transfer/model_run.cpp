@@ -1,0 +1,206 @@
+// One run on the model world, and the check that it did no harm.
+#include "core/transfer/model_run.h"
+
+#include <algorithm>
+#include <set>
+
+#include "base/utf16.h"
+
+namespace ferry::transfer::model {
+namespace {
+
+constexpr std::wstring_view kSourceRoot = L"C:\\src\\";
+
+bool IsBelow(std::wstring_view path, std::wstring_view folder) {
+    return Fold(path).starts_with(Fold(folder));
+}
+
+bool MayOverwrite(const Transferred& transfer, std::uint32_t precision) {
+    switch (transfer.Policy) {
+        case 0:
+            return IsNewerByOracle(transfer.SourceTime, transfer.OverwrittenTime, precision);
+        case 1:
+            return IsNewerByOracle(transfer.OverwrittenTime, transfer.SourceTime, precision);
+        default:
+            return transfer.Policy == 3 || transfer.Policy >= 7;
+    }
+}
+
+/// Whether `path` or a folder above it is among the folded `places`.
+bool IsAtOrBelowAny(const std::wstring& path, const std::set<std::wstring>& places) {
+    const std::wstring folded = Fold(path);
+    for (std::size_t end = folded.find(L'\\'); end != std::wstring::npos; end = folded.find(L'\\', end + 1)) {
+        if (places.contains(folded.substr(0, end)))
+            return true;
+    }
+    return places.contains(folded);
+}
+
+}  // namespace
+
+bool ModelRun::Run() {
+    Shared.RunPolicy = Request.Settings.Policy;
+    return IndividualRun(Request, Files, Shell, Person, View).Run();
+}
+
+bool IsNewerByOracle(std::uint64_t later, std::uint64_t earlier, std::uint32_t precision) {
+    if (precision != 1 && precision != 2)
+        return later > earlier;
+    const auto seconds = [](std::uint64_t time) { return static_cast<std::int64_t>(time / 10'000'000); };
+    return seconds(later) - seconds(earlier) > static_cast<std::int64_t>(precision);
+}
+
+HarmCheck::HarmCheck(ModelRun& run, bool overlaps) : run_(run), overlaps_(overlaps) {
+    run_.Shared.Files.ForEach([&](const std::wstring& path, const Node& node) {
+        const bool inSource = IsBelow(path, kSourceRoot);
+        const bool inDestination = IsBelow(path, run_.Request.Destination);
+        if (!inSource && !inDestination && !node.IsFolder)
+            outside_[path] = node.Content;
+        else if (inSource && node.IsFolder)
+            folders_.push_back(path);
+        else if (inSource)
+            sourceFiles_[path] = node.Content;
+        else if (!node.IsFolder)
+            destinationFiles_[path] = node.Content;
+    });
+}
+
+std::vector<std::string> HarmCheck::Violations(bool finished) {
+    violations_.clear();
+    CheckContents();
+    CheckOverwrites();
+    CheckOutside();
+    CheckProgress(finished);
+    CheckRemovedFolders();
+    if (!overlaps_) {
+        CheckSkippedFiles();
+        CheckDestinationFiles();
+        CheckFolders(finished);
+    }
+    return violations_;
+}
+
+void HarmCheck::CheckContents() {
+    std::set<std::string> accounted = run_.Shared.Excused;
+    run_.Shared.Files.ForEach([&](const std::wstring&, const Node& node) { accounted.insert(node.Content); });
+    for (const Transferred& transfer : run_.Shared.Transfers) {
+        if (transfer.Overwritten)
+            accounted.insert(*transfer.Overwritten);
+    }
+    for (const std::string& content : run_.Shared.Written) {
+        if (!accounted.contains(content))
+            violations_.push_back("content lost: " + content);
+    }
+}
+
+void HarmCheck::CheckOverwrites() {
+    const World& world = run_.Shared;
+    for (const Transferred& transfer : world.Transfers) {
+        const bool excused = transfer.PersonAgreed || world.DatesDisturbed || IsDisturbed(transfer.Source) ||
+                             IsDisturbed(transfer.Target);
+        if (transfer.Overwritten && !excused && !MayOverwrite(transfer, run_.Request.Settings.TimeCmpType))
+            Report("overwritten against policy " + std::to_string(transfer.Policy), transfer.Target);
+    }
+}
+
+void HarmCheck::CheckSkippedFiles() {
+    std::set<std::wstring> moved;
+    if (IsMove()) {
+        for (const Transferred& transfer : run_.Shared.Transfers)
+            moved.insert(transfer.Source);
+    }
+    for (const auto& [path, content] : sourceFiles_) {
+        const Node* const node = run_.Shared.Files.At(path);
+        if (!moved.contains(path) && !IsDisturbed(path) && (node == nullptr || node->Content != content))
+            Report("source file gone though it was not moved", path);
+        if (moved.contains(path) && !IsDisturbed(path) && node != nullptr)
+            Report("source file still there though it was moved", path);
+    }
+}
+
+void HarmCheck::CheckDestinationFiles() {
+    std::set<std::wstring> written;
+    for (const Transferred& transfer : run_.Shared.Transfers)
+        written.insert(Fold(transfer.Target));
+    for (const auto& [path, content] : destinationFiles_) {
+        if (written.contains(Fold(path)) || IsAtOrBelowAny(path, run_.Shared.RenamedAway) ||
+            IsDisturbed(path))
+            continue;
+        const Node* const node = run_.Shared.Files.At(path);
+        if (node == nullptr || node->Content != content)
+            Report("destination file changed though nothing was transferred there", path);
+    }
+}
+
+void HarmCheck::CheckFolders(bool finished) {
+    const auto& removed = run_.Shared.RemovedFolders;
+    if (!IsMove() && !removed.empty())
+        Report("folder removed by a copy", removed.front());
+    if (!finished && removed.size() != run_.View.FoldersRemovedAtRange)
+        Report("folder removed by a run that was stopped", removed.back());
+    for (const std::wstring& folder : folders_) {
+        const bool wasRemoved = std::ranges::find(removed, folder) != removed.end();
+        if (!wasRemoved && !IsDisturbed(folder) && run_.Shared.Files.At(folder) == nullptr)
+            Report("folder vanished", folder);
+    }
+}
+
+void HarmCheck::CheckRemovedFolders() {
+    std::set<std::wstring> removed;
+    for (const std::wstring& folder : run_.Shared.RemovedFolders)
+        removed.insert(Fold(folder));
+    for (const std::wstring& folder : run_.Shared.RemovedFolders) {
+        const std::wstring target = TargetOf(folder);
+        const Node* const counterpart = run_.Shared.Files.At(target);
+        // A counterpart within a later source may have moved on; then it is judged in its turn.
+        const bool movedOn = overlaps_ && removed.contains(Fold(target)) && Fold(target) != Fold(folder);
+        const bool excused =
+            movedOn || IsDisturbed(target) || IsAtOrBelowAny(target, run_.Shared.RenamedAway);
+        if (!IsBelow(folder, kSourceRoot))
+            Report("folder removed that was no source", folder);
+        if (!excused && (counterpart == nullptr || !counterpart->IsFolder))
+            Report("folder removed without a counterpart", folder);
+    }
+}
+
+void HarmCheck::CheckProgress(bool finished) {
+    for (std::size_t index = 0; index < run_.View.Ranges.size(); ++index) {
+        const std::size_t range = run_.View.Ranges[index];
+        const std::size_t steps = run_.View.Steps[index];
+        const bool mustBeFull = finished || index + 1 < run_.View.Ranges.size();
+        if (steps > range || (mustBeFull && steps != range))
+            violations_.push_back("bar of " + std::to_string(range) + " made " + std::to_string(steps) +
+                                  " steps");
+    }
+}
+
+void HarmCheck::CheckOutside() {
+    for (const auto& [path, content] : outside_) {
+        const Node* const node = run_.Shared.Files.At(path);
+        if (node == nullptr || node->Content != content || node->Attributes != 0x20)
+            Report("changed outside of source and destination", path);
+    }
+    run_.Shared.Files.ForEach([&](const std::wstring& path, const Node& node) {
+        if (!node.IsFolder && !IsBelow(path, kSourceRoot) && !IsBelow(path, run_.Request.Destination) &&
+            !outside_.contains(path))
+            Report("appeared outside of source and destination", path);
+    });
+}
+
+void HarmCheck::Report(const std::string& what, const std::wstring& path) {
+    violations_.push_back(what + ": " + base::ToUtf8(path));
+}
+
+bool HarmCheck::IsDisturbed(const std::wstring& path) const {
+    return IsAtOrBelowAny(path, run_.Shared.Disturbed);
+}
+
+std::wstring HarmCheck::TargetOf(const std::wstring& path) const {
+    return run_.Request.Destination + path.substr(kSourceRoot.size());
+}
+
+bool HarmCheck::IsMove() const {
+    return run_.Request.What == Operation::Move;
+}
+
+}  // namespace ferry::transfer::model

@@ -1,0 +1,134 @@
+// A tree of files and folders in memory, with the naming rules of Windows.
+#include "core/transfer/model_tree.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace ferry::transfer::model {
+namespace {
+
+wchar_t FoldUnit(wchar_t unit) {
+    return unit >= L'A' && unit <= L'Z' ? static_cast<wchar_t>(unit - L'A' + L'a') : unit;
+}
+
+bool SameName(std::wstring_view left, std::wstring_view right) {
+    return std::ranges::equal(left, right, {}, FoldUnit, FoldUnit);
+}
+
+std::wstring_view WithoutTrailingSeparator(std::wstring_view path) {
+    return path.ends_with(L'\\') ? path.substr(0, path.size() - 1) : path;
+}
+
+std::unique_ptr<Node> MakeNode(std::wstring_view name, bool isFolder) {
+    auto node = std::make_unique<Node>();
+    node->Name = name;
+    node->IsFolder = isFolder;
+    node->Attributes = isFolder ? 0x10 : 0x20;
+    return node;
+}
+
+void Visit(const std::wstring& path, const Node& node,
+           const std::function<void(const std::wstring&, const Node&)>& visit) {
+    for (const auto& child : node.Children) {
+        const std::wstring childPath = path.empty() ? child->Name : path + L'\\' + child->Name;
+        visit(childPath, *child);
+        Visit(childPath, *child, visit);
+    }
+}
+
+}  // namespace
+
+std::wstring Fold(std::wstring_view text) {
+    std::wstring folded(text);
+    std::ranges::transform(folded, folded.begin(), FoldUnit);
+    return folded;
+}
+
+Node* Tree::Child(const Node& folder, std::wstring_view name) {
+    for (const auto& child : folder.Children) {
+        if (SameName(child->Name, name))
+            return child.get();
+    }
+    return nullptr;
+}
+
+Node* Tree::At(std::wstring_view path) {
+    path = WithoutTrailingSeparator(path);
+    Node* node = &root_;
+    if (path.empty())
+        return nullptr;
+    while (node != nullptr && node->IsFolder) {
+        const std::size_t end = path.find(L'\\');
+        node = Child(*node, path.substr(0, end));
+        if (end == std::wstring_view::npos)
+            return node;
+        path.remove_prefix(end + 1);
+    }
+    return nullptr;
+}
+
+const Node* Tree::At(std::wstring_view path) const {
+    return const_cast<Tree*>(this)->At(path);
+}
+
+Node* Tree::ParentOf(std::wstring_view path) {
+    const std::size_t end = WithoutTrailingSeparator(path).rfind(L'\\');
+    if (end == std::wstring_view::npos)
+        return &root_;
+    Node* const parent = At(path.substr(0, end));
+    return parent != nullptr && parent->IsFolder ? parent : nullptr;
+}
+
+Node& Tree::AddFolder(std::wstring_view path) {
+    path = WithoutTrailingSeparator(path);
+    if (Node* const existing = At(path))
+        return *existing;
+    const std::size_t end = path.rfind(L'\\');
+    Node& parent = end == std::wstring_view::npos ? root_ : AddFolder(path.substr(0, end));
+    if (!parent.IsFolder)
+        throw std::logic_error("a file cannot hold a folder");
+    parent.Children.push_back(MakeNode(end == std::wstring_view::npos ? path : path.substr(end + 1), true));
+    return *parent.Children.back();
+}
+
+Node& Tree::AddFile(std::wstring_view path, std::string content, std::uint64_t lastWriteTime) {
+    const std::size_t end = path.rfind(L'\\');
+    Node& parent = AddFolder(path.substr(0, end));
+    if (!parent.IsFolder || Child(parent, path.substr(end + 1)) != nullptr)
+        throw std::logic_error("no place for a file");
+    parent.Children.push_back(MakeNode(path.substr(end + 1), false));
+    Node& file = *parent.Children.back();
+    file.Content = std::move(content);
+    file.LastWriteTime = lastWriteTime;
+    return file;
+}
+
+std::unique_ptr<Node> Tree::Detach(std::wstring_view path) {
+    const Node* const node = At(path);
+    Node* const parent = node == nullptr ? nullptr : ParentOf(path);
+    if (parent == nullptr)
+        return nullptr;
+    const auto place = std::ranges::find(parent->Children, node, &std::unique_ptr<Node>::get);
+    std::unique_ptr<Node> detached = std::move(*place);
+    parent->Children.erase(place);
+    return detached;
+}
+
+void Tree::ForEach(const std::function<void(const std::wstring&, const Node&)>& visit) const {
+    Visit({}, root_, visit);
+}
+
+std::map<std::wstring, std::string> Tree::Snapshot(std::wstring_view path) const {
+    std::map<std::wstring, std::string> lines;
+    const Node* const start = At(path);
+    if (start == nullptr)
+        return lines;
+    Visit(std::wstring(WithoutTrailingSeparator(path)), *start,
+          [&](const std::wstring& itemPath, const Node& node) {
+              lines[itemPath] = (node.IsFolder ? "folder " : "file ") + std::to_string(node.Attributes) +
+                                " " + std::to_string(node.LastWriteTime) + " " + node.Content;
+          });
+    return lines;
+}
+
+}  // namespace ferry::transfer::model

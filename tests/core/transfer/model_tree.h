@@ -1,0 +1,62 @@
+// A tree of files and folders in memory, with the naming rules of Windows.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace ferry::transfer::model {
+
+/// A file or a folder.
+struct Node {
+    std::wstring Name;
+    bool IsFolder = false;
+    std::uint32_t Attributes = 0;
+    std::uint64_t LastWriteTime = 0;
+    std::string Content;
+    std::uint64_t ExtraSize = 0;  ///< Counted into the file's size as if the content were longer.
+    std::vector<std::unique_ptr<Node>> Children;
+};
+
+/// `text` with ASCII letters in lower case: names that fold alike are the same item.
+std::wstring Fold(std::wstring_view text);
+
+/// Drives with folders and files. Lookups do not regard the case of ASCII letters.
+class Tree {
+public:
+    Tree() { root_.IsFolder = true; }
+
+    /// The item at `path`, with or without a trailing backslash; null when there is none.
+    Node* At(std::wstring_view path);
+    const Node* At(std::wstring_view path) const;
+
+    /// The folder that holds the last component of `path`; null when it is no folder.
+    Node* ParentOf(std::wstring_view path);
+
+    /// The entry of `folder` called `name`, or null.
+    static Node* Child(const Node& folder, std::wstring_view name);
+
+    /// Adds a folder with its missing parents, drives included.
+    Node& AddFolder(std::wstring_view path);
+
+    /// Adds a file, with its missing parents.
+    Node& AddFile(std::wstring_view path, std::string content, std::uint64_t lastWriteTime = 0);
+
+    /// Takes the item at `path` out of its folder; null when there is none.
+    std::unique_ptr<Node> Detach(std::wstring_view path);
+
+    /// Calls `visit` with the full path of every item, folders before what they hold.
+    void ForEach(const std::function<void(const std::wstring& path, const Node& node)>& visit) const;
+
+    /// One line for every item below `path`, keyed by its path: what two equal trees have equal.
+    std::map<std::wstring, std::string> Snapshot(std::wstring_view path) const;
+
+private:
+    Node root_;
+};
+
+}  // namespace ferry::transfer::model

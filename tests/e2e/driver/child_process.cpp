@@ -1,0 +1,75 @@
+#include "e2e/driver/child_process.h"
+
+namespace ferry::e2e {
+namespace {
+
+using samplehost::Handle;
+
+std::wstring Quoted(const std::wstring& argument) {
+    std::wstring text = L"\"";
+    for (const wchar_t unit : argument) {
+        if (unit == L'"')
+            text += L'\\';
+        text += unit;
+    }
+    if (text.ends_with(L'\\'))
+        text += L'\\';
+    return text + L'"';
+}
+
+Handle MakeJob() {
+    Handle job(CreateJobObjectW(nullptr, nullptr));
+    JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits = {};
+    limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
+    SetInformationJobObject(job.Get(), JobObjectExtendedLimitInformation, &limits, sizeof(limits));
+    return job;
+}
+
+}  // namespace
+
+ChildProcess::ChildProcess(const std::wstring& path, const std::vector<std::wstring>& arguments)
+    : job_(MakeJob()) {
+    std::wstring line = Quoted(path);
+    for (const std::wstring& argument : arguments) {
+        line += L' ' + Quoted(argument);
+    }
+    STARTUPINFOW start = {};
+    start.cb = sizeof(start);
+    PROCESS_INFORMATION info = {};
+    if (!CreateProcessW(path.c_str(), line.data(), nullptr, nullptr, FALSE, CREATE_SUSPENDED, nullptr,
+                        nullptr, &start, &info)) {
+        return;
+    }
+    AssignProcessToJobObject(job_.Get(), info.hProcess);
+    ResumeThread(info.hThread);
+    CloseHandle(info.hThread);
+    process_.Reset(info.hProcess);
+    id_ = info.dwProcessId;
+}
+
+bool ChildProcess::IsRunning() const noexcept {
+    return IsStarted() && !WaitForEnd(0);
+}
+
+bool ChildProcess::WaitForEnd(int timeoutMs) const noexcept {
+    return WaitForSingleObject(process_.Get(), static_cast<DWORD>(timeoutMs)) == WAIT_OBJECT_0;
+}
+
+DWORD ChildProcess::ExitCode() const noexcept {
+    DWORD code = STILL_ACTIVE;
+    GetExitCodeProcess(process_.Get(), &code);
+    return code;
+}
+
+void WaitForIdleProcess(DWORD processId, int timeoutMs) {
+    const Handle process(OpenProcess(SYNCHRONIZE | PROCESS_QUERY_INFORMATION, FALSE, processId));
+    // Best effort: it only spares the tests the messages that a dialog posts to itself at its start.
+    WaitForInputIdle(process.Get(), static_cast<DWORD>(timeoutMs));
+}
+
+bool WaitForProcess(DWORD processId, int timeoutMs) {
+    const Handle process(OpenProcess(SYNCHRONIZE, FALSE, processId));
+    return !process || WaitForSingleObject(process.Get(), static_cast<DWORD>(timeoutMs)) == WAIT_OBJECT_0;
+}
+
+}  // namespace ferry::e2e

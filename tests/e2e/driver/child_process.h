@@ -1,0 +1,42 @@
+// A program that a test starts, and the programs that it starts in turn.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <vector>
+
+#include "samplehost/shared_block_win32.h"
+
+namespace ferry::e2e {
+
+/// A started process. It and its children end with this object at the latest.
+class ChildProcess {
+public:
+    /// Starts `path` with `arguments`, each quoted as needed.
+    ChildProcess(const std::wstring& path, const std::vector<std::wstring>& arguments);
+
+    bool IsStarted() const noexcept { return static_cast<bool>(process_); }
+    bool IsRunning() const noexcept;
+
+    /// Waits for the end. False when the process still runs afterwards.
+    bool WaitForEnd(int timeoutMs) const noexcept;
+
+    /// The exit code of a process that has ended.
+    DWORD ExitCode() const noexcept;
+
+    DWORD Id() const noexcept { return id_; }
+
+private:
+    samplehost::Handle job_;
+    samplehost::Handle process_;
+    DWORD id_ = 0;
+};
+
+/// Waits until the process has handled what was in its message queue at its start.
+void WaitForIdleProcess(DWORD processId, int timeoutMs);
+
+/// Waits until the process has ended. True when it has.
+bool WaitForProcess(DWORD processId, int timeoutMs);
+
+}  // namespace ferry::e2e

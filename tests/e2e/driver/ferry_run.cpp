@@ -1,0 +1,104 @@
+#include "e2e/driver/ferry_run.h"
+
+#include "e2e/driver/file_op_log.h"
+#include "e2e/driver/surroundings.h"
+#include "samplehost/delivery_win32.h"
+
+namespace ferry::e2e {
+namespace {
+
+std::wstring ProgramOf(const RunPlan& plan) {
+    return FerryPath(plan.AppFolder.empty() ? AppFolder() : plan.AppFolder);
+}
+
+std::vector<std::wstring> HostLineOf(const RunPlan& plan) {
+    std::vector<std::wstring> line = {L"--ferry", ProgramOf(plan), L"--log", plan.LogFile};
+    for (const std::wstring& item : plan.Items) {
+        line.insert(line.end(), {L"--item", item});
+    }
+    for (const std::wstring& tab : plan.Tabs) {
+        line.insert(line.end(), {L"--tab", tab});
+    }
+    line.insert(line.end(), plan.HostArguments.begin(), plan.HostArguments.end());
+    line.push_back(L"--");
+    line.insert(line.end(), plan.Switches.begin(), plan.Switches.end());
+    return line;
+}
+
+ChildProcess StartOf(const RunPlan& plan) {
+    if (plan.ThroughHost) {
+        DeleteFileW(plan.LogFile.c_str());  // the lines of a run before must not be taken for ours
+        return ChildProcess(HostPath(), HostLineOf(plan));
+    }
+    SetVariable(samplehost::kVariableName, plan.Variable);
+    return ChildProcess(ProgramOf(plan), plan.Switches);
+}
+
+}  // namespace
+
+FerryRun::FerryRun(const RunPlan& plan) : plan_(plan), process_(StartOf(plan)) {}
+
+std::optional<std::vector<std::wstring>> FerryRun::HostLine(const std::wstring& kind) const {
+    for (const auto& line : HostLines()) {
+        if (line.front() == kind && line.size() > 1)
+            return line;
+    }
+    return std::nullopt;
+}
+
+bool FerryRun::WaitForStart() {
+    if (!process_.IsStarted())
+        return false;
+    if (!plan_.ThroughHost) {
+        ferryId_ = process_.Id();
+        return true;
+    }
+    return WaitUntil([this] {
+        const auto line = HostLine(L"STARTED");
+        ferryId_ = line ? std::stoul((*line)[1]) : 0;
+        return line.has_value();
+    });
+}
+
+RemoteDialog FerryRun::WaitForDialog() {
+    if (ferryId_ == 0 && !WaitForStart())
+        return {};
+    HWND window = nullptr;
+    WaitUntil([&] { return (window = samplehost::FindFerryDialog(ferryId_)) != nullptr; });
+    WaitForIdleProcess(ferryId_, kPatienceMs);
+    dialog_ = RemoteDialog(window);
+    return dialog_;
+}
+
+bool FerryRun::WaitForEnd(int timeoutMs) {
+    return process_.WaitForEnd(timeoutMs);
+}
+
+bool FerryRun::CancelAndWait() {
+    dialog_.Click(kCancel);
+    return ferryId_ != 0 && WaitForProcess(ferryId_, kPatienceMs);
+}
+
+bool FerryRun::IsRunning() const {
+    return ferryId_ != 0 && !WaitForProcess(ferryId_, 0);
+}
+
+HWND FerryRun::HostWindow() const {
+    const auto line = HostLine(L"WINDOW");
+    return line ? reinterpret_cast<HWND>(std::stoull((*line)[1], nullptr, 16)) : nullptr;
+}
+
+std::vector<std::vector<std::wstring>> FerryRun::HostLines() const {
+    return ReadFileOpLog(plan_.LogFile);
+}
+
+std::vector<ReceivedData> FerryRun::ReceivedByHost() const {
+    std::vector<ReceivedData> all;
+    for (auto& line : LinesOf(HostLines(), L"COPYDATA")) {
+        line.resize(5);
+        all.push_back({line[1], line[2], line[3], line[4]});
+    }
+    return all;
+}
+
+}  // namespace ferry::e2e

@@ -1,0 +1,63 @@
+#include "e2e/driver/keys.h"
+
+#include <iterator>
+
+#include "e2e/driver/poll.h"
+
+namespace ferry::e2e {
+namespace {
+
+void Send(WORD key, WORD scan, DWORD flags) {
+    INPUT input = {};
+    input.type = INPUT_KEYBOARD;
+    input.ki.wVk = key;
+    input.ki.wScan = scan;
+    input.ki.dwFlags = flags;
+    SendInput(1, &input, sizeof(input));
+}
+
+WORD ScanCodeOf(WORD key) {
+    return static_cast<WORD>(MapVirtualKeyW(key, MAPVK_VK_TO_VSC));
+}
+
+}  // namespace
+
+void KeyDown(WORD key) {
+    Send(key, ScanCodeOf(key), 0);
+}
+
+void KeyUp(WORD key) {
+    Send(key, ScanCodeOf(key), KEYEVENTF_KEYUP);
+}
+
+void PressKey(WORD key) {
+    KeyDown(key);
+    KeyUp(key);
+}
+
+void PressChord(std::initializer_list<WORD> keys) {
+    for (const WORD key : keys) {
+        KeyDown(key);
+    }
+    for (auto key = std::rbegin(keys); key != std::rend(keys); ++key) {
+        KeyUp(*key);
+    }
+}
+
+void TypeText(std::wstring_view text) {
+    for (const wchar_t unit : text) {
+        Send(0, unit, KEYEVENTF_UNICODE);
+        Send(0, unit, KEYEVENTF_UNICODE | KEYEVENTF_KEYUP);
+    }
+}
+
+bool TakeForeground(HWND window) {
+    return WaitUntil([window] {
+        if (GetForegroundWindow() == window)
+            return true;
+        SetForegroundWindow(window);
+        return false;
+    });
+}
+
+}  // namespace ferry::e2e

@@ -1,0 +1,38 @@
+// Real key input, as a person gives it: it goes to whichever window has the focus.
+#pragma once
+
+#include <windows.h>
+
+#include <initializer_list>
+#include <string_view>
+
+namespace ferry::e2e {
+
+void KeyDown(WORD key);
+void KeyUp(WORD key);
+
+/// Presses and releases `key`.
+void PressKey(WORD key);
+
+/// Holds the keys in order, then releases them in reverse: {VK_CONTROL, 'H'}.
+void PressChord(std::initializer_list<WORD> keys);
+
+/// Types `text` whatever the keyboard layout.
+void TypeText(std::wstring_view text);
+
+/// Holds a key down for as long as it lives.
+class HeldKey {
+public:
+    explicit HeldKey(WORD key) : key_(key) { KeyDown(key); }
+    ~HeldKey() { KeyUp(key_); }
+    HeldKey(const HeldKey&) = delete;
+    HeldKey& operator=(const HeldKey&) = delete;
+
+private:
+    WORD key_;
+};
+
+/// Gives `window` the foreground and waits until it has it.
+bool TakeForeground(HWND window);
+
+}  // namespace ferry::e2e

@@ -1,0 +1,68 @@
+#include "e2e/driver/message_box.h"
+
+#include "e2e/driver/poll.h"
+
+namespace ferry::e2e {
+namespace {
+
+/// The control with a message box's text.
+constexpr int kTextId = 0xFFFF;
+constexpr wchar_t kDialogClass[] = L"#32770";
+constexpr int kSourceListId = 1200;
+
+struct BoxSearch {
+    DWORD ProcessId;
+    HWND Found;
+};
+
+BOOL CALLBACK VisitWindow(HWND window, LPARAM parameter) {
+    auto& search = *reinterpret_cast<BoxSearch*>(parameter);
+    DWORD owner = 0;
+    GetWindowThreadProcessId(window, &owner);
+    if (owner != search.ProcessId || !IsWindowVisible(window) || ClassOf(window) != kDialogClass)
+        return TRUE;
+    if (GetDlgItem(window, kTextId) == nullptr || GetDlgItem(window, kSourceListId) != nullptr)
+        return TRUE;
+    search.Found = window;
+    return FALSE;
+}
+
+}  // namespace
+
+std::wstring RemoteText(HWND window) {
+    const LRESULT length = SendMessageW(window, WM_GETTEXTLENGTH, 0, 0);
+    std::wstring text(static_cast<std::size_t>(length) + 1, L'\0');
+    const LRESULT copied =
+        SendMessageW(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
+    text.resize(static_cast<std::size_t>(copied));
+    return text;
+}
+
+std::wstring ClassOf(HWND window) {
+    wchar_t name[257] = {};  // a class name has at most 256 characters
+    GetClassNameW(window, name, 257);
+    return name;
+}
+
+ShownBox FindMessageBox(DWORD processId) {
+    BoxSearch search{processId, nullptr};
+    EnumWindows(VisitWindow, reinterpret_cast<LPARAM>(&search));  // stops early when found
+    if (search.Found == nullptr)
+        return {};
+    return {search.Found, RemoteText(GetDlgItem(search.Found, kTextId))};
+}
+
+ShownBox WaitForMessageBox(DWORD processId) {
+    ShownBox box;
+    WaitUntil([&] { return (box = FindMessageBox(processId)).Window != nullptr; });
+    return box;
+}
+
+bool DismissMessageBox(const ShownBox& box, int id) {
+    const HWND button =
+        id == 0 ? FindWindowExW(box.Window, nullptr, L"Button", nullptr) : GetDlgItem(box.Window, id);
+    PostMessageW(button, BM_CLICK, 0, 0);
+    return WaitUntil([&] { return !IsWindow(box.Window) || !IsWindowVisible(box.Window); });
+}
+
+}  // namespace ferry::e2e

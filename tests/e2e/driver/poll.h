@@ -1,0 +1,35 @@
+// Waiting for a condition with a deadline, in place of sleeping.
+#pragma once
+
+#include <windows.h>
+
+namespace ferry::e2e {
+
+/// Long enough for a busy machine; a test that passes never waits so long.
+inline constexpr int kPatienceMs = 15000;
+
+/// How long a test watches for something that must not happen.
+inline constexpr int kCalmMs = 300;
+
+/// How often a condition is asked.
+inline constexpr int kStepMs = 5;
+
+/// Asks `condition` until it holds or `timeoutMs` have passed. True when it held.
+template <class Condition>
+bool WaitUntil(Condition condition, int timeoutMs = kPatienceMs) {
+    const ULONGLONG deadline = GetTickCount64() + static_cast<ULONGLONG>(timeoutMs);
+    while (!condition()) {
+        if (GetTickCount64() >= deadline)
+            return false;
+        Sleep(kStepMs);
+    }
+    return true;
+}
+
+/// True when `condition` holds all the time while a test looks on for `watchMs`.
+template <class Condition>
+bool Stays(Condition condition, int watchMs = kCalmMs) {
+    return !WaitUntil([&] { return !condition(); }, watchMs);
+}
+
+}  // namespace ferry::e2e

@@ -1,0 +1,158 @@
+#include "e2e/driver/remote_dialog.h"
+
+#include <commctrl.h>
+
+#include "e2e/driver/keys.h"
+#include "e2e/driver/message_box.h"
+#include "e2e/driver/poll.h"
+#include "samplehost/shared_block_win32.h"
+
+namespace ferry::e2e {
+namespace {
+
+/// The place that a list view writes an item's text to must lie in its own process.
+class RemoteMemory {
+public:
+    RemoteMemory(HWND window, std::size_t size) {
+        DWORD processId = 0;
+        GetWindowThreadProcessId(window, &processId);
+        process_.Reset(
+            OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_READ | PROCESS_VM_WRITE, FALSE, processId));
+        place_ = VirtualAllocEx(process_.Get(), nullptr, size, MEM_COMMIT | MEM_RESERVE, PAGE_READWRITE);
+    }
+    ~RemoteMemory() { VirtualFreeEx(process_.Get(), place_, 0, MEM_RELEASE); }
+    RemoteMemory(const RemoteMemory&) = delete;
+    RemoteMemory& operator=(const RemoteMemory&) = delete;
+
+    std::byte* Place() const noexcept { return static_cast<std::byte*>(place_); }
+    void Write(const void* data, std::size_t size) const {
+        WriteProcessMemory(process_.Get(), place_, data, size, nullptr);
+    }
+    void Read(std::size_t offset, void* data, std::size_t size) const {
+        ReadProcessMemory(process_.Get(), Place() + offset, data, size, nullptr);
+    }
+
+private:
+    samplehost::Handle process_;
+    void* place_ = nullptr;
+};
+
+constexpr int kItemTextUnits = 1024;
+
+}  // namespace
+
+int PolicyControl(int policy) {
+    constexpr int kIds[] = {1220, 1227, 1222, 1221, 1223, 1228, 1229, 1230};
+    return kIds[policy];
+}
+
+std::wstring RemoteDialog::Title() const {
+    return RemoteText(window_);
+}
+
+std::wstring RemoteDialog::Text(int id) const {
+    return RemoteText(Control(id));
+}
+
+bool RemoteDialog::IsShown(int id) const {
+    return (GetWindowLongPtrW(Control(id), GWL_STYLE) & WS_VISIBLE) != 0;
+}
+
+bool RemoteDialog::IsEnabled(int id) const {
+    return IsWindowEnabled(Control(id)) != FALSE;
+}
+
+bool RemoteDialog::IsChecked(int id) const {
+    return SendMessageW(Control(id), BM_GETCHECK, 0, 0) == BST_CHECKED;
+}
+
+bool RemoteDialog::Choose(int id, bool checked) const {
+    if (IsChecked(id) == checked)
+        return true;
+    SendMessageW(Control(id), BM_CLICK, 0, 0);
+    return WaitUntil([&] { return IsChecked(id) == checked; });
+}
+
+void RemoteDialog::Select(int id, int index) const {
+    SendMessageW(Control(id), CB_SETCURSEL, static_cast<WPARAM>(index), 0);
+    SendMessageW(window_, WM_COMMAND, MAKEWPARAM(id, CBN_SELCHANGE), reinterpret_cast<LPARAM>(Control(id)));
+}
+
+HWND RemoteDialog::DestinationEdit() const {
+    return reinterpret_cast<HWND>(SendMessageW(Control(kDestination), CBEM_GETEDITCONTROL, 0, 0));
+}
+
+std::wstring RemoteDialog::Destination() const {
+    return RemoteText(DestinationEdit());
+}
+
+void RemoteDialog::SetDestination(const std::wstring& path) const {
+    SendMessageW(DestinationEdit(), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(path.c_str()));
+}
+
+bool RemoteDialog::TypeDestination(const std::wstring& path) const {
+    SetDestination(L"");
+    if (!TakeForeground(window_))
+        return false;
+    SendMessageW(window_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(DestinationEdit()), TRUE);
+    if (!WaitForFocus(DestinationEdit()))
+        return false;
+    TypeText(path);
+    return WaitUntil([&] { return Destination() == path; });
+}
+
+void RemoteDialog::Click(int id) const {
+    PostMessageW(Control(id), BM_CLICK, 0, 0);
+}
+
+bool RemoteDialog::WaitForFocus(HWND control) const {
+    const DWORD thread = GetWindowThreadProcessId(window_, nullptr);
+    return WaitUntil([&] {
+        GUITHREADINFO info = {};
+        info.cbSize = sizeof(info);
+        return GetGUIThreadInfo(thread, &info) && info.hwndFocus == control;
+    });
+}
+
+bool RemoteDialog::PressWithKeys(int id) const {
+    if (!TakeForeground(window_))
+        return false;
+    SendMessageW(window_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(Control(id)), TRUE);
+    if (!WaitForFocus(Control(id)))
+        return false;
+    PressKey(VK_SPACE);
+    return true;
+}
+
+int RemoteDialog::SourceCount() const {
+    return static_cast<int>(SendMessageW(Control(kSourceList), LVM_GETITEMCOUNT, 0, 0));
+}
+
+std::wstring RemoteDialog::SourceText(int index) const {
+    const RemoteMemory memory(window_, sizeof(LVITEMW) + kItemTextUnits * sizeof(wchar_t));
+    LVITEMW item = {};
+    item.cchTextMax = kItemTextUnits;
+    item.pszText = reinterpret_cast<wchar_t*>(memory.Place() + sizeof(item));
+    memory.Write(&item, sizeof(item));
+    const LRESULT length = SendMessageW(Control(kSourceList), LVM_GETITEMTEXTW, static_cast<WPARAM>(index),
+                                        reinterpret_cast<LPARAM>(memory.Place()));
+    std::wstring text(static_cast<std::size_t>(length), L'\0');
+    memory.Read(sizeof(item), text.data(), text.size() * sizeof(wchar_t));
+    return text;
+}
+
+std::vector<std::wstring> RemoteDialog::TabFolders() const {
+    const HWND list = Control(kTabFoldersList);
+    std::vector<std::wstring> folders;
+    const LRESULT count = SendMessageW(list, LB_GETCOUNT, 0, 0);
+    for (LRESULT index = 0; index < count; ++index) {
+        const LRESULT length = SendMessageW(list, LB_GETTEXTLEN, static_cast<WPARAM>(index), 0);
+        std::wstring text(static_cast<std::size_t>(length) + 1, L'\0');
+        SendMessageW(list, LB_GETTEXT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(text.data()));
+        text.resize(static_cast<std::size_t>(length));
+        folders.push_back(text);
+    }
+    return folders;
+}
+
+}  // namespace ferry::e2e

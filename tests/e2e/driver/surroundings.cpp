@@ -1,0 +1,55 @@
+#include "e2e/driver/surroundings.h"
+
+namespace ferry::e2e {
+namespace {
+
+bool IsFile(const std::wstring& path) {
+    const DWORD attributes = GetFileAttributesW(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
+}  // namespace
+
+std::wstring Variable(const std::wstring& name) {
+    const DWORD size = GetEnvironmentVariableW(name.c_str(), nullptr, 0);
+    if (size == 0)
+        return {};
+    std::wstring value(size, L'\0');
+    value.resize(GetEnvironmentVariableW(name.c_str(), value.data(), size));
+    return value;
+}
+
+void SetVariable(const std::wstring& name, const std::wstring& value) {
+    SetEnvironmentVariableW(name.c_str(), value.empty() ? nullptr : value.c_str());
+}
+
+std::wstring AppFolder() {
+    std::wstring folder = Variable(L"FERRY_E2E_APP");
+    while (folder.ends_with(L'\\') || folder.ends_with(L'/')) {
+        folder.pop_back();
+    }
+    return folder;
+}
+
+std::wstring FerryPath(const std::wstring& appFolder) {
+    return appFolder + L"\\Command\\Ferry\\Ferry.exe";
+}
+
+std::wstring HostPath() {
+    return Variable(L"FERRY_E2E_HOST");
+}
+
+std::wstring BaseFolder() {
+    const std::wstring base = Variable(L"FERRY_E2E_BASE");
+    return base.empty() ? L"C:\\ferry-e2e" : base;
+}
+
+std::wstring MissingSurroundings() {
+    if (!IsFile(FerryPath(AppFolder())))
+        return L"FERRY_E2E_APP names no folder with Command\\Ferry\\Ferry.exe";
+    if (!IsFile(HostPath()))
+        return L"FERRY_E2E_HOST names no sample host";
+    return {};
+}
+
+}  // namespace ferry::e2e

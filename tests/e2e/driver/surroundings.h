@@ -1,0 +1,31 @@
+// Where the programs under test are, and the environment that they inherit.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+namespace ferry::e2e {
+
+/// The value of an environment variable of this process; empty when it is not set.
+std::wstring Variable(const std::wstring& name);
+
+/// Sets a variable that programs started later inherit; an empty value removes it.
+void SetVariable(const std::wstring& name, const std::wstring& value);
+
+/// The folder of the installed layout, from FERRY_E2E_APP, without a trailing separator.
+std::wstring AppFolder();
+
+/// The program under test inside the layout at `appFolder`.
+std::wstring FerryPath(const std::wstring& appFolder);
+
+/// The sample host, from FERRY_E2E_HOST.
+std::wstring HostPath();
+
+/// The folder in which the tests make their trees: FERRY_E2E_BASE, or C:\ferry-e2e.
+std::wstring BaseFolder();
+
+/// What is missing for a run, as a sentence; empty when everything is there.
+std::wstring MissingSurroundings();
+
+}  // namespace ferry::e2e

@@ -1,0 +1,146 @@
+#include "e2e/driver/temp_tree.h"
+
+#include <cmath>
+
+#include "base/utf16.h"
+#include "e2e/driver/surroundings.h"
+#include "samplehost/shared_block_win32.h"
+
+namespace ferry::e2e {
+namespace {
+
+using samplehost::Handle;
+
+/// 2020-01-02 03:04:06 UTC: an even second, which every file system keeps.
+constexpr long long kMoment = 132224078460000000LL;
+constexpr double kTicksInSecond = 1e7;
+
+void MakeFolders(const std::wstring& path) {
+    for (std::size_t at = path.find(L'\\', 3); at != std::wstring::npos; at = path.find(L'\\', at + 1)) {
+        CreateDirectoryW(LongForm(path.substr(0, at)).c_str(), nullptr);  // most exist already
+    }
+    CreateDirectoryW(LongForm(path).c_str(), nullptr);
+}
+
+Handle OpenForWriting(std::wstring_view path) {
+    const HANDLE file = CreateFileW(LongForm(path).c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+                                    CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    return Handle(file == INVALID_HANDLE_VALUE ? nullptr : file);
+}
+
+FILETIME TimeAfterMoment(double seconds) {
+    const long long ticks = kMoment + std::llround(seconds * kTicksInSecond);
+    return FILETIME{static_cast<DWORD>(ticks & 0xFFFFFFFF), static_cast<DWORD>(ticks >> 32)};
+}
+
+void WriteAll(const Handle& file, std::string_view content) {
+    DWORD written = 0;
+    ::WriteFile(file.Get(), content.data(), static_cast<DWORD>(content.size()), &written, nullptr);
+}
+
+}  // namespace
+
+std::wstring LongForm(std::wstring_view path) {
+    return L"\\\\?\\" + std::wstring(path);
+}
+
+bool Exists(std::wstring_view path) {
+    return GetFileAttributesW(LongForm(path).c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
+std::string ReadBytes(std::wstring_view path) {
+    const HANDLE raw = CreateFileW(LongForm(path).c_str(), GENERIC_READ,
+                                   FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                   OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (raw == INVALID_HANDLE_VALUE)
+        return {};
+    const Handle file(raw);
+    std::string bytes(static_cast<std::size_t>(GetFileSize(raw, nullptr)), '\0');
+    DWORD read = 0;
+    if (!ReadFile(raw, bytes.data(), static_cast<DWORD>(bytes.size()), &read, nullptr))
+        return {};
+    bytes.resize(read);
+    return bytes;
+}
+
+void WriteUtf16(std::wstring_view path, std::wstring_view text) {
+    const std::wstring units = L"\uFEFF" + std::wstring(text);
+    const auto bytes = base::BytesFromUnits(units);
+    WriteAll(OpenForWriting(path), {reinterpret_cast<const char*>(bytes.data()), bytes.size()});
+}
+
+void RemoveAll(const std::wstring& path) {
+    const std::wstring longPath = LongForm(path);
+    const DWORD attributes = GetFileAttributesW(longPath.c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES)
+        return;
+    SetFileAttributesW(longPath.c_str(), FILE_ATTRIBUTE_NORMAL);
+    if ((attributes & FILE_ATTRIBUTE_DIRECTORY) == 0) {
+        DeleteFileW(longPath.c_str());
+        return;
+    }
+    WIN32_FIND_DATAW found = {};
+    const HANDLE search = FindFirstFileW((longPath + L"\\*").c_str(), &found);
+    if (search != INVALID_HANDLE_VALUE) {
+        do {
+            const std::wstring name = found.cFileName;
+            if (name != L"." && name != L"..")
+                RemoveAll(path + L'\\' + name);
+        } while (FindNextFileW(search, &found));
+        FindClose(search);
+    }
+    RemoveDirectoryW(longPath.c_str());
+}
+
+TempTree::TempTree() {
+    static int count = 0;
+    root_ = BaseFolder() + L"\\" + std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(++count);
+    RemoveAll(root_);
+    MakeFolders(root_);
+}
+
+TempTree::~TempTree() {
+    RemoveAll(root_);
+}
+
+std::wstring TempTree::Path(std::wstring_view relative) const {
+    return root_ + L'\\' + std::wstring(relative);
+}
+
+std::wstring TempTree::MakeFolder(std::wstring_view relative, DWORD attributes) const {
+    const std::wstring path = Path(relative);
+    MakeFolders(path);
+    SetFileAttributesW(LongForm(path).c_str(), attributes);
+    return path;
+}
+
+std::wstring TempTree::WriteFile(std::wstring_view relative, std::string_view content, double seconds,
+                                 DWORD attributes) const {
+    const std::wstring path = Path(relative);
+    MakeFolders(path.substr(0, path.rfind(L'\\')));
+    {
+        const Handle file = OpenForWriting(path);
+        WriteAll(file, content);
+        const FILETIME time = TimeAfterMoment(seconds);
+        SetFileTime(file.Get(), &time, &time, &time);
+    }
+    if (attributes != FILE_ATTRIBUTE_NORMAL)
+        SetFileAttributesW(LongForm(path).c_str(), attributes);
+    return path;
+}
+
+std::wstring TempTree::MakeSample(std::wstring_view relative) const {
+    const std::wstring top(relative);
+    WriteFile(top + L"\\写真\\夏休み 2020.txt", "summer");
+    WriteFile(top + L"\\写真\\深い\\もっと深い\\底.bin", std::string("\0\x01\xFF\r\n", 5));
+    WriteFile(top + L"\\read only.txt", "fixed", 0, FILE_ATTRIBUTE_READONLY);
+    WriteFile(top + L"\\hidden.txt", "unseen", 0, FILE_ATTRIBUTE_HIDDEN);
+    WriteFile(top + L"\\empty.txt", "");
+    // Wine's host file systems count bytes, so the long name is of one-byte characters.
+    WriteFile(top + L"\\" + std::wstring(196, L'n') + L".txt", "long name");
+    WriteFile(top + L"\\large.bin", std::string(300000, 'L'));
+    MakeFolder(top + L"\\空のフォルダー");
+    return Path(top);
+}
+
+}  // namespace ferry::e2e

@@ -1,0 +1,96 @@
+// The driver, tried on a practice dialog that stands in Ferry's place.
+#include <gtest/gtest.h>
+
+#include "e2e/driver/app_copy.h"
+#include "e2e/driver/ferry_run.h"
+#include "e2e/driver/keys.h"
+#include "e2e/driver/message_box.h"
+#include "e2e/driver/surroundings.h"
+#include "e2e/driver/temp_tree.h"
+#include "samplehost/delivery_win32.h"
+#include "samplehost/host_block_writer.h"
+
+namespace ferry::e2e {
+namespace {
+
+class Driver : public testing::Test {
+protected:
+    void SetUp() override {
+        tree_.MakeFolder(L"app\\Command\\Ferry");
+        std::wstring here(32768, L'\0');
+        here.resize(GetModuleFileNameW(nullptr, here.data(), static_cast<DWORD>(here.size())));
+        here = here.substr(0, here.rfind(L'\\') + 1) + L"practice_dialog.exe";
+        ASSERT_TRUE(CopyFileW(here.c_str(), FerryPath(tree_.Path(L"app")).c_str(), FALSE));
+        RunPlan plan;
+        plan.AppFolder = tree_.Path(L"app");
+        plan.LogFile = tree_.Path(L"host.log");
+        run_ = std::make_unique<FerryRun>(plan);
+        dialog_ = run_->WaitForDialog();
+        ASSERT_TRUE(dialog_.IsOpen());
+    }
+
+    void TearDown() override { run_.reset(); }
+
+    /// Waits for the end; the exit code, which the host passes on.
+    DWORD ExitCode() { return run_->WaitForEnd() ? run_->ExitCode() : STILL_ACTIVE; }
+
+    TempTree tree_;
+    std::unique_ptr<FerryRun> run_;
+    RemoteDialog dialog_;
+};
+
+TEST_F(Driver, DropsPathsAndReadsTheList) {
+    const std::vector<std::wstring> paths = {L"C:\\一.txt", L"C:\\two words.txt"};
+    ASSERT_TRUE(samplehost::DropPaths(dialog_.Window(), paths));
+    ASSERT_TRUE(WaitUntil([&] { return dialog_.SourceCount() == 2; }));
+    EXPECT_EQ(dialog_.SourceText(0), paths[0]);
+    EXPECT_EQ(dialog_.SourceText(1), paths[1]);
+}
+
+TEST_F(Driver, ChoosesAndSelects) {
+    ASSERT_TRUE(dialog_.Choose(kMove));
+    EXPECT_TRUE(dialog_.IsChecked(kMove));
+    ASSERT_TRUE(dialog_.Choose(kCopy));
+    EXPECT_FALSE(dialog_.IsChecked(kMove));
+    dialog_.Select(kPrecision, 2);
+    EXPECT_EQ(SendMessageW(dialog_.Control(kPrecision), CB_GETCURSEL, 0, 0), 2);
+    EXPECT_EQ(dialog_.Text(kCopy), L"コピー");
+}
+
+TEST_F(Driver, SendsDataToTheDialog) {
+    ASSERT_TRUE(
+        samplehost::SendData(dialog_.Window(), nullptr, 100, samplehost::TextPayload(L"D:\\先"), 5000));
+    EXPECT_EQ(dialog_.Destination(), L"D:\\先");
+}
+
+TEST_F(Driver, ReadsAndDismissesMessageBoxes) {
+    dialog_.Click(kStart);
+    const ShownBox box = WaitForMessageBox(run_->FerryId());
+    ASSERT_NE(box.Window, nullptr);
+    EXPECT_EQ(box.Text, L"行き先がありません。\n2");
+    EXPECT_TRUE(DismissMessageBox(box));
+    EXPECT_TRUE(dialog_.IsOpen());
+}
+
+TEST_F(Driver, TypesWithRealKeysAndPressesButtons) {
+    ASSERT_TRUE(dialog_.TypeDestination(L"D:\\行き先 x"));
+    ASSERT_TRUE(dialog_.PressWithKeys(kStart));
+    EXPECT_EQ(ExitCode(), 10U);
+}
+
+TEST_F(Driver, HoldsShiftWhilePressing) {
+    dialog_.SetDestination(L"D:\\");
+    const HeldKey shift(VK_SHIFT);
+    ASSERT_TRUE(dialog_.PressWithKeys(kStart));
+    EXPECT_EQ(ExitCode(), 11U);
+}
+
+TEST_F(Driver, CancelsAndSeesTheEnd) {
+    EXPECT_TRUE(run_->IsRunning());
+    EXPECT_TRUE(run_->CancelAndWait());
+    EXPECT_FALSE(run_->IsRunning());
+    EXPECT_EQ(ExitCode(), 0U);
+}
+
+}  // namespace
+}  // namespace ferry::e2e

@@ -1,0 +1,79 @@
+// Drops: the first is the selection, the second the folders, the third nothing.
+#include "e2e/fixture.h"
+#include "samplehost/delivery_win32.h"
+
+namespace ferry::e2e {
+namespace {
+
+class Dropping : public FerryTest {
+protected:
+    void SetUp() override {
+        first_ = Tree().WriteFile(L"元\\一.txt", "1");
+        second_ = Tree().MakeFolder(L"元\\二");
+        folder_ = Tree().MakeFolder(L"先");
+        other_ = Tree().MakeFolder(L"別");
+    }
+
+    testing::AssertionResult OpenAlone(std::vector<std::wstring> switches = {}) {
+        RunPlan plan = Plan({});
+        plan.ThroughHost = false;
+        plan.Switches = std::move(switches);
+        return Open(plan);
+    }
+
+    bool Drop(const std::vector<std::wstring>& paths) const {
+        return samplehost::DropPaths(Dialog().Window(), paths);
+    }
+
+    bool DropSelection() const {
+        return Drop({first_, second_}) && WaitUntil([&] { return Dialog().SourceCount() == 2; });
+    }
+
+    std::wstring first_, second_, folder_, other_;
+};
+
+TEST_F(Dropping, TheFirstDropIsTheSelection) {
+    ASSERT_TRUE(OpenAlone());
+    ASSERT_TRUE(DropSelection());
+    EXPECT_EQ(Dialog().Text(kItemCount), L"(2)");
+    EXPECT_EQ(Dialog().SourceText(0), L"一.txt");
+    EXPECT_EQ(Dialog().SourceText(1), L"二");
+}
+
+TEST_F(Dropping, TheSecondDropGivesTheDestination) {
+    ASSERT_TRUE(OpenAlone());
+    ASSERT_TRUE(DropSelection());
+    ASSERT_TRUE(Drop({folder_, other_}));
+    EXPECT_TRUE(WaitUntil([&] { return Dialog().Destination() == folder_ + L"\\"; }));
+    EXPECT_TRUE(Dialog().IsEnabled(kStart));
+    EXPECT_EQ(Dialog().SourceCount(), 2);
+}
+
+TEST_F(Dropping, TheSecondDropHonoursThePresetIndexAndFillsTheList) {
+    ASSERT_TRUE(OpenAlone({L"/t", L"/s=3"}));
+    ASSERT_TRUE(DropSelection());
+    ASSERT_TRUE(Drop({folder_, other_}));
+    EXPECT_TRUE(WaitUntil([&] { return Dialog().Destination() == other_ + L"\\"; }));
+    EXPECT_EQ(Dialog().TabFolders(), (std::vector<std::wstring>{folder_, other_}));
+}
+
+TEST_F(Dropping, TheThirdDropIsIgnored) {
+    ASSERT_TRUE(OpenAlone());
+    ASSERT_TRUE(DropSelection());
+    ASSERT_TRUE(Drop({folder_}));
+    ASSERT_TRUE(WaitUntil([&] { return Dialog().Destination() == folder_ + L"\\"; }));
+    ASSERT_TRUE(Drop({other_}));
+    EXPECT_TRUE(
+        Stays([&] { return Dialog().Destination() == folder_ + L"\\" && Dialog().SourceCount() == 2; }));
+}
+
+TEST_F(Dropping, DroppedFilesAreTransferred) {
+    ASSERT_TRUE(OpenAlone());
+    ASSERT_TRUE(DropSelection());
+    ASSERT_TRUE(Transfer(folder_));
+    EXPECT_EQ(ReadBytes(folder_ + L"\\一.txt"), "1");
+    EXPECT_TRUE(Exists(folder_ + L"\\二"));
+}
+
+}  // namespace
+}  // namespace ferry::e2e

@@ -1,0 +1,120 @@
+// Variables and blocks that no honest host writes.
+#include "e2e/fixture.h"
+
+namespace ferry::e2e {
+namespace {
+
+class HostileHost : public FerryTest {
+protected:
+    /// Opens with two items, one tab folder and these options of the sample host.
+    testing::AssertionResult OpenWith(std::vector<std::wstring> hostArguments) {
+        RunPlan plan = Plan({L"C:\\Work\\a.txt", L"C:\\Work\\b.txt"}, {L"D:\\Backup"});
+        plan.HostArguments = std::move(hostArguments);
+        return Open(plan);
+    }
+};
+
+TEST_F(HostileHost, TooLargeACountTakesWhatIsThere) {
+    ASSERT_TRUE(OpenWith({L"--count-items", L"99"}));
+    EXPECT_EQ(Dialog().SourceCount(), 3);
+    EXPECT_EQ(Dialog().Destination(), L"");
+    EXPECT_TRUE(IsAliveAndUsable(Run(), Dialog()));
+}
+
+TEST_F(HostileHost, TooSmallACountShiftsTheFolders) {
+    ASSERT_TRUE(OpenWith({L"--count-items", L"1"}));
+    EXPECT_EQ(Dialog().SourceCount(), 1);
+    EXPECT_EQ(Dialog().Destination(), L"C:\\Work\\b.txt\\");
+}
+
+TEST_F(HostileHost, AbsurdCountsAreSurvived) {
+    for (const wchar_t* count : {L"-1", L"2147483647", L"-2147483648", L"99999999999999999999", L"x", L""}) {
+        SCOPED_TRACE(count);
+        ASSERT_TRUE(OpenWith({L"--count-items", count, L"--count-tabs", count}));
+        EXPECT_LE(Dialog().SourceCount(), 3);
+        EXPECT_TRUE(IsAliveAndUsable(Run(), Dialog()));
+    }
+}
+
+TEST_F(HostileHost, ABlockWithoutItsNulIsReadToItsSize) {
+    ASSERT_TRUE(OpenWith({L"--no-nul"}));
+    EXPECT_EQ(Dialog().SourceCount(), 2);
+    EXPECT_TRUE(IsAliveAndUsable(Run(), Dialog()));
+}
+
+TEST_F(HostileHost, APageFullOfUnitsWithoutNulIsNotReadBeyond) {
+    const std::wstring file = Tree().WriteFile(L"block.bin", std::string(65536, 'A'));
+    ASSERT_TRUE(OpenWith({L"--block-file", file}));
+    EXPECT_EQ(Dialog().SourceCount(), 0);
+    EXPECT_TRUE(IsAliveAndUsable(Run(), Dialog()));
+}
+
+TEST_F(HostileHost, AnAnnouncedBlockThatIsMissingGivesAnEmptyDialog) {
+    ASSERT_TRUE(OpenWith({L"--no-block"}));
+    EXPECT_EQ(Dialog().SourceCount(), 0);
+    EXPECT_TRUE(IsAliveAndUsable(Run(), Dialog()));
+}
+
+TEST_F(HostileHost, ASizeThatCannotBeMappedIsSaidAndThenTheDialogOpens) {
+    RunPlan plan = Plan({L"C:\\Work\\a.txt"});
+    plan.HostArguments = {L"--size", L"1000000", L"--mapping-size", L"64"};
+    FerryRun run(plan);
+    ASSERT_TRUE(run.WaitForStart());
+    const ShownBox box = WaitForMessageBox(run.FerryId());
+    ASSERT_NE(box.Window, nullptr);
+    EXPECT_FALSE(box.Text.empty());
+    ASSERT_TRUE(DismissMessageBox(box));
+    const RemoteDialog dialog = run.WaitForDialog();
+    ASSERT_TRUE(dialog.IsOpen());
+    EXPECT_EQ(dialog.SourceCount(), 0);
+    EXPECT_TRUE(IsAliveAndUsable(run, dialog));
+}
+
+TEST_F(HostileHost, AVariableOfNineOrElevenFieldsIsIgnoredEntirely) {
+    for (const wchar_t* value : {L"1:0:1:1:64:x:y:z:Share", L"1:0:1:1:64:x:y:z:Share::", L":", L"nonsense"}) {
+        SCOPED_TRACE(value);
+        ASSERT_TRUE(OpenWith({L"--variable", value}));
+        EXPECT_EQ(Dialog().SourceCount(), 0);
+        EXPECT_TRUE(
+            Stays([&] { return (GetWindowLongPtrW(Dialog().Window(), GWL_EXSTYLE) & WS_EX_TOPMOST) == 0; }));
+    }
+}
+
+TEST_F(HostileHost, TheTransportWordIsComparedExactly) {
+    for (const wchar_t* word : {L"share", L"SHARE", L"Share ", L""}) {
+        SCOPED_TRACE(word);
+        ASSERT_TRUE(OpenWith({L"--transport", word}));
+        EXPECT_EQ(Dialog().SourceCount(), 0);
+    }
+    ASSERT_TRUE(OpenWith({L"--transport", L"Share"}));
+    EXPECT_EQ(Dialog().SourceCount(), 2);
+}
+
+TEST_F(HostileHost, AHeldGuardIsWaitedFor) {
+    RunPlan plan = Plan({L"C:\\Work\\a.txt"});
+    plan.HostArguments = {L"--hold-mutex", L"1000"};
+    FerryRun run(plan);
+    ASSERT_TRUE(run.WaitForStart());
+    const RemoteDialog dialog = run.WaitForDialog();
+    ASSERT_TRUE(dialog.IsOpen());
+    EXPECT_EQ(dialog.SourceCount(), 1);
+    const auto lines = run.HostLines();
+    const auto IndexOf = [&](const wchar_t* kind) {
+        std::size_t index = 0;
+        while (index < lines.size() && lines[index].front() != kind) {
+            ++index;
+        }
+        return index;
+    };
+    EXPECT_LT(IndexOf(L"RELEASED"), lines.size());
+    EXPECT_LT(IndexOf(L"RELEASED"), IndexOf(L"DIALOG"));
+}
+
+TEST_F(HostileHost, ATrailingFieldWithTextIsRead) {
+    ASSERT_TRUE(OpenWith({L"--trailing", L"anything", L"--reserved", L"x", L"y", L"z"}));
+    EXPECT_EQ(Dialog().SourceCount(), 2);
+    EXPECT_EQ(Dialog().Destination(), L"D:\\Backup\\");
+}
+
+}  // namespace
+}  // namespace ferry::e2e

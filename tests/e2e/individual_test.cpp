@@ -1,0 +1,173 @@
+// File by file: every policy that asks nobody, with every precision, copying and moving.
+#include <algorithm>
+#include <string>
+#include <tuple>
+
+#include "e2e/fixture.h"
+
+namespace ferry::e2e {
+namespace {
+
+/// How many seconds the source is newer than the file of the same name at the destination.
+constexpr int kAges[] = {-10, -3, -2, -1, 0, 1, 2, 3, 10};
+
+constexpr int kRenameAutomatically = 6;
+
+/// What a person expects of the file whose source is newer by `age` seconds.
+bool Overwrites(int policy, int precision, int age) {
+    switch (policy) {
+        case 0:
+            return age > precision;
+        case 1:
+            return -age > precision;
+        case 2:
+            return false;
+        default:
+            return true;
+    }
+}
+
+std::wstring NameOf(int age) {
+    return L"差 " + std::to_wstring(age) + L".txt";
+}
+
+using Case = std::tuple<int, int, bool>;
+
+class IndividualTransfer : public FerryTest, public testing::WithParamInterface<Case> {
+protected:
+    int Policy() const { return std::get<0>(GetParam()); }
+    int Precision() const { return std::get<1>(GetParam()); }
+    bool IsMove() const { return std::get<2>(GetParam()); }
+
+    void MakeTrees() const {
+        for (const wchar_t* folder : {L"上", L"上\\下"}) {
+            for (const int age : kAges) {
+                const std::wstring name = std::wstring(folder) + L"\\" + NameOf(age);
+                Tree().WriteFile(L"元\\" + name, "incoming", age);
+                Tree().WriteFile(L"先\\" + name, "existing", 0);
+            }
+        }
+        Tree().WriteFile(L"元\\上\\新しい.txt", "only here");
+        Tree().MakeFolder(L"元\\上\\空");
+    }
+
+    testing::AssertionResult TransferIndividually() {
+        RunPlan plan = Plan({Tree().Path(L"元\\上")});
+        if (IsMove())
+            plan.Switches = {L"/m"};
+        if (const auto opened = Open(plan); !opened)
+            return opened;
+        if (!Dialog().Choose(kIndividual) || !Dialog().Choose(PolicyControl(Policy())))
+            return testing::AssertionFailure() << "a choice cannot be made";
+        Dialog().Select(kPrecision, Precision());
+        return Transfer(Tree().Path(L"先"));
+    }
+
+    void ExpectFolder(const std::wstring& folder) const {
+        for (const int age : kAges) {
+            SCOPED_TRACE(age);
+            const bool isRenamed = Policy() == kRenameAutomatically;
+            const bool isOverwritten = !isRenamed && Overwrites(Policy(), Precision(), age);
+            const bool isSourceGone = IsMove() && (isRenamed || isOverwritten);
+            EXPECT_EQ(ReadBytes(Tree().Path(L"先\\" + folder + NameOf(age))),
+                      isOverwritten ? "incoming" : "existing");
+            EXPECT_EQ(Exists(Tree().Path(L"元\\" + folder + NameOf(age))), !isSourceGone);
+        }
+    }
+};
+
+std::string NameOfCase(const testing::TestParamInfo<Case>& info) {
+    return "Policy" + std::to_string(std::get<0>(info.param)) + "Precision" +
+           std::to_string(std::get<1>(info.param)) + (std::get<2>(info.param) ? "Move" : "Copy");
+}
+
+TEST_P(IndividualTransfer, DecidesEachCollisionByThePolicy) {
+    MakeTrees();
+    ASSERT_TRUE(TransferIndividually());
+    ExpectFolder(L"上\\");
+    ExpectFolder(L"上\\下\\");
+    EXPECT_EQ(ReadBytes(Tree().Path(L"先\\上\\新しい.txt")), "only here");
+    EXPECT_TRUE(Exists(Tree().Path(L"先\\上\\空")));
+    EXPECT_EQ(Exists(Tree().Path(L"元\\上\\新しい.txt")), !IsMove());
+    EXPECT_EQ(Exists(Tree().Path(L"元\\上\\空")), !IsMove());
+}
+
+TEST_P(IndividualTransfer, LosesNoContent) {
+    MakeTrees();
+    ASSERT_TRUE(TransferIndividually());
+    std::size_t incoming = 0;
+    for (const wchar_t* top : {L"元", L"先"}) {
+        for (const auto& [name, entry] : ReadTree(Tree().Path(top))) {
+            incoming += entry.Content == "incoming" ? 1 : 0;
+        }
+    }
+    const std::size_t sources = 2 * std::size(kAges);
+    if (IsMove())
+        EXPECT_EQ(incoming, sources);
+    else
+        EXPECT_GE(incoming, sources);
+}
+
+TEST_P(IndividualTransfer, AMoveRemovesOnlyTheFoldersThatItEmptied) {
+    MakeTrees();
+    ASSERT_TRUE(TransferIndividually());
+    const bool allGone = IsMove() && (Policy() == 3 || Policy() == kRenameAutomatically);
+    EXPECT_EQ(Exists(Tree().Path(L"元\\上")), !allGone);
+    EXPECT_EQ(Exists(Tree().Path(L"元\\上\\下")), !allGone);
+}
+
+INSTANTIATE_TEST_SUITE_P(Policies, IndividualTransfer,
+                         testing::Combine(testing::Values(0, 1, 2, 3, kRenameAutomatically),
+                                          testing::Values(0, 1, 2), testing::Bool()),
+                         NameOfCase);
+
+class IndividualRun : public FerryTest {
+protected:
+    testing::AssertionResult TransferWithPolicy(const std::vector<std::wstring>& items, int policy,
+                                                std::vector<std::wstring> switches = {}) {
+        RunPlan plan = Plan(items);
+        plan.Switches = std::move(switches);
+        WriteNumber(kProgramKey, L"Mode", 1);
+        WriteNumber(kProgramKey, L"Name", static_cast<DWORD>(policy));
+        if (const auto opened = Open(plan); !opened)
+            return opened;
+        return Transfer(Tree().Path(L"先"));
+    }
+};
+
+TEST_F(IndividualRun, CopiesANestedTreeByteForByte) {
+    const std::wstring source = Tree().MakeSample(L"元");
+    const TreeSnapshot before = ReadTree(source);
+    ASSERT_TRUE(TransferWithPolicy({source}, 0));
+    EXPECT_EQ(Differences(before, ReadTree(Tree().Path(L"先\\元"))), "");
+    EXPECT_EQ(Differences(before, ReadTree(source)), "");
+}
+
+TEST_F(IndividualRun, MovesANestedTreeAndLeavesNothingBehind) {
+    const std::wstring source = Tree().MakeSample(L"元");
+    const TreeSnapshot before = ReadTree(source);
+    ASSERT_TRUE(TransferWithPolicy({source}, 0, {L"/m"}));
+    EXPECT_EQ(Differences(before, ReadTree(Tree().Path(L"先\\元"))), "");
+    EXPECT_FALSE(Exists(source));
+}
+
+TEST_F(IndividualRun, ShowsTheShellsProgressOnlyForLargeFiles) {
+    const std::wstring small = Tree().WriteFile(L"元\\small.bin", std::string(0xA00000, 's'));
+    const std::wstring large = Tree().WriteFile(L"元\\large.bin", std::string(0xA00001, 'l'));
+    ASSERT_TRUE(TransferWithPolicy({small, large}, 3));
+    EXPECT_EQ(FlagsIn(FileOps()), (std::vector<unsigned long>{0x2A14, 0x2A10}));
+}
+
+TEST_F(IndividualRun, AnAutomaticNameKeepsBothFiles) {
+    const std::wstring file = Tree().WriteFile(L"元\\a.txt", "incoming");
+    Tree().WriteFile(L"先\\a.txt", "existing");
+    ASSERT_TRUE(TransferWithPolicy({file}, kRenameAutomatically));
+    const TreeSnapshot after = ReadTree(Tree().Path(L"先"));
+    ASSERT_EQ(after.size(), 2U);
+    EXPECT_EQ(after.at(L"a.txt").Content, "existing");
+    EXPECT_TRUE(std::any_of(after.begin(), after.end(),
+                            [](const auto& each) { return each.second.Content == "incoming"; }));
+}
+
+}  // namespace
+}  // namespace ferry::e2e

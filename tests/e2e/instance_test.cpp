@@ -1,0 +1,50 @@
+// The presence mutex, which tells others that Ferry runs.
+#include "e2e/driver/surroundings.h"
+#include "e2e/fixture.h"
+
+namespace ferry::e2e {
+namespace {
+
+constexpr wchar_t kPresenceName[] = L"ExCommand.Ferry.exe";
+
+bool IsPresent() {
+    return static_cast<bool>(samplehost::Handle(OpenMutexW(SYNCHRONIZE, FALSE, kPresenceName)));
+}
+
+class Presence : public FerryTest {
+protected:
+    RunPlan Alone() const {
+        RunPlan plan = Plan({});
+        plan.ThroughHost = false;
+        return plan;
+    }
+};
+
+TEST_F(Presence, IsThereWhileFerryRunsAndGoneAfterwards) {
+    ASSERT_FALSE(IsPresent());
+    ASSERT_TRUE(Open(Alone()));
+    EXPECT_TRUE(IsPresent());
+    ASSERT_TRUE(Run().CancelAndWait());
+    EXPECT_FALSE(IsPresent());
+}
+
+TEST_F(Presence, StaysWithTheFirstInstance) {
+    ASSERT_TRUE(Open(Alone()));
+    FerryRun second(Alone());
+    ASSERT_TRUE(second.WaitForDialog().IsOpen());
+    EXPECT_TRUE(Run().IsRunning());
+    ASSERT_TRUE(second.CancelAndWait());
+    EXPECT_TRUE(IsPresent());
+}
+
+TEST_F(Presence, IsNotHeldByTheSecondInstance) {
+    ASSERT_TRUE(Open(Alone()));
+    FerryRun second(Alone());
+    ASSERT_TRUE(second.WaitForDialog().IsOpen());
+    ASSERT_TRUE(Run().CancelAndWait());
+    EXPECT_FALSE(IsPresent());
+    EXPECT_TRUE(second.IsRunning());
+}
+
+}  // namespace
+}  // namespace ferry::e2e

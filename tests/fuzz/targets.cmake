@@ -1,0 +1,7 @@
+ferry_fuzz(catalogue LINK ferry_lang)
+ferry_fuzz(command_line LINK ferry_command_line)
+ferry_fuzz(dialog_text LINK ferry_lang)
+ferry_fuzz(host_block LINK ferry_hostlink)
+ferry_fuzz(host_variable LINK ferry_hostlink)
+ferry_fuzz(path_helpers LINK ferry_paths)
+ferry_fuzz(settings_text LINK ferry_settings)

@@ -1,0 +1,78 @@
+#include "windows/child_process_win32.h"
+
+#include <windows.h>
+// After windows.h, which it builds on.
+#include <shellapi.h>
+
+#include <string_view>
+#include <vector>
+
+#include "base/handles_win32.h"
+#include "windows/support_win32.h"
+
+namespace ferry::test {
+namespace {
+
+constexpr wchar_t kChildSwitch[] = L"--ferry-child";
+
+std::vector<std::wstring> Arguments() {
+    int count = 0;
+    wchar_t** const raw = CommandLineToArgvW(GetCommandLineW(), &count);
+    const base::LocalText block(reinterpret_cast<wchar_t*>(raw));
+    return {raw, raw + count};
+}
+
+int Report(const std::wstring& file) {
+    STARTUPINFOW startup{};
+    GetStartupInfoW(&startup);
+    std::wstring folder(GetCurrentDirectoryW(0, nullptr), L'\0');
+    folder.resize(GetCurrentDirectoryW(static_cast<DWORD>(folder.size()), folder.data()));
+    // Complete before it is seen under its name.
+    WriteUnits(file + L".new", folder + L"\n" + std::to_wstring(startup.wShowWindow));
+    return MoveFileW((file + L".new").c_str(), file.c_str()) ? 0 : 1;
+}
+
+int Wait(const std::wstring& started, const std::wstring& stop) {
+    const base::EventHandle startedEvent(OpenEventW(EVENT_MODIFY_STATE, FALSE, started.c_str()));
+    const base::EventHandle stopEvent(OpenEventW(SYNCHRONIZE, FALSE, stop.c_str()));
+    if (!startedEvent || !stopEvent) {
+        return 1;
+    }
+    SetEvent(startedEvent.Get());
+    // A deadline, so that a failed test leaves no process behind.
+    return WaitForSingleObject(stopEvent.Get(), 30000) == WAIT_OBJECT_0 ? 0 : 1;
+}
+
+std::wstring Quoted(const std::wstring& text) {
+    return L"\"" + text + L"\"";
+}
+
+}  // namespace
+
+std::wstring ExitArguments(int exitCode) {
+    return std::wstring(kChildSwitch) + L" exit " + std::to_wstring(exitCode);
+}
+
+std::wstring ReportArguments(const std::wstring& file) {
+    return std::wstring(kChildSwitch) + L" report " + Quoted(file);
+}
+
+std::wstring WaitArguments(const std::wstring& started, const std::wstring& stop) {
+    return std::wstring(kChildSwitch) + L" wait " + Quoted(started) + L" " + Quoted(stop);
+}
+
+std::optional<int> PlayChild() {
+    const std::vector<std::wstring> arguments = Arguments();
+    if (arguments.size() < 4 || arguments[1] != kChildSwitch) {
+        return std::nullopt;
+    }
+    if (arguments[2] == L"exit") {
+        return std::stoi(arguments[3]);
+    }
+    if (arguments[2] == L"report") {
+        return Report(arguments[3]);
+    }
+    return arguments.size() == 5 ? Wait(arguments[3], arguments[4]) : 1;
+}
+
+}  // namespace ferry::test

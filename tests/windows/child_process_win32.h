@@ -1,0 +1,23 @@
+// The parts that the test program plays when a test starts it as a child process.
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace ferry::test {
+
+/// Argument text for a child that ends at once with `exitCode`.
+std::wstring ExitArguments(int exitCode);
+
+/// Argument text for a child that writes its working folder, a line feed and its show mode into
+/// `file` and ends.
+std::wstring ReportArguments(const std::wstring& file);
+
+/// Argument text for a child that raises the event `started`, waits for the event `stop` and ends
+/// with 0. Both exist already.
+std::wstring WaitArguments(const std::wstring& started, const std::wstring& stop);
+
+/// What the command line asks a child to do, done; nothing when this is no child.
+std::optional<int> PlayChild();
+
+}  // namespace ferry::test

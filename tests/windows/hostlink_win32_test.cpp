@@ -1,0 +1,335 @@
+// The link to the host over real shared memory, mutexes and messages.
+#include <windows.h>
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <future>
+#include <thread>
+#include <vector>
+
+#include "base/handles_win32.h"
+#include "base/utf16.h"
+#include "hostlink/host_link_win32.h"
+#include "hostlink/host_messages_win32.h"
+#include "hostlink/host_variable.h"
+#include "hostlink/last_error_win32.h"
+#include "hostlink/shared_memory_view_win32.h"
+#include "windows/support_win32.h"
+
+namespace ferry::hostlink {
+namespace {
+
+using Texts = std::vector<std::wstring>;
+
+Texts Copy(const base::TextList& list) {
+    return {list.begin(), list.end()};
+}
+
+constexpr std::uint32_t kBlockBytes = 4096;
+
+/// What the host makes before it starts the program: the variable, the block and its guard.
+class HostLinkTest : public testing::Test {
+protected:
+    ~HostLinkTest() override { SetEnvironmentVariableW(kHostVariableName, nullptr); }
+
+    void SetVariable(const std::wstring& value) {
+        ASSERT_TRUE(SetEnvironmentVariableW(kHostVariableName, value.c_str()));
+    }
+
+    void MakeBlock(std::wstring_view text) {
+        mapping_.Reset(
+            CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, kBlockBytes, kName));
+        view_.Reset(MapViewOfFile(mapping_.Get(), FILE_MAP_ALL_ACCESS, 0, 0, kBlockBytes));
+        ASSERT_TRUE(view_);
+        WriteBlock(text);
+    }
+
+    void WriteBlock(std::wstring_view text) {
+        std::memset(view_.Get(), 0, kBlockBytes);
+        std::memcpy(view_.Get(), text.data(), text.size() * sizeof(wchar_t));
+    }
+
+    static constexpr wchar_t kName[] = L"ShareMem_10_20";
+    static constexpr wchar_t kGuardName[] = L"ShareMem_10_20_Mutex";
+    static constexpr wchar_t kShared[] = L"1:1:10:20:4096:x:y:z:Share:";
+    static constexpr wchar_t kFullBlock[] =
+        L"2\t1\tC:\\Work\toption\tC:\\Work\\a.txt\tC:\\Work\\b\tD:\\Backup\tmore\t";
+
+    base::MappingHandle mapping_;
+    base::MappedView view_;
+};
+
+TEST_F(HostLinkTest, NoVariableGivesNoData) {
+    SetEnvironmentVariableW(kHostVariableName, nullptr);
+    const HostData data = ReadHostData();
+    EXPECT_EQ(data.WindowMode, 0);
+    EXPECT_FALSE(data.ShareMode);
+    EXPECT_TRUE(data.SelectedItems.IsEmpty());
+}
+
+TEST_F(HostLinkTest, ReadsTheBlockThatTheVariableNames) {
+    MakeBlock(kFullBlock);
+    SetVariable(kShared);
+    const HostData data = ReadHostData();
+    EXPECT_EQ(data.WindowMode, 1);
+    EXPECT_EQ(data.ActivateHostOnExit, 1);
+    EXPECT_TRUE(data.ShareMode);
+    EXPECT_EQ(data.CurrentDir, L"C:\\Work");
+    EXPECT_EQ(data.Option, L"option");
+    EXPECT_EQ(Copy(data.SelectedItems), (Texts{L"C:\\Work\\a.txt", L"C:\\Work\\b"}));
+    EXPECT_EQ(Copy(data.TabFolders), (Texts{L"D:\\Backup"}));
+}
+
+TEST_F(HostLinkTest, OtherTransportWordOpensNoBlock) {
+    MakeBlock(kFullBlock);
+    SetVariable(L"1:1:10:20:4096:x:y:z:share:");
+    const HostData data = ReadHostData();
+    EXPECT_EQ(data.WindowMode, 1);
+    EXPECT_FALSE(data.ShareMode);
+    EXPECT_TRUE(data.SelectedItems.IsEmpty());
+    EXPECT_EQ(static_cast<wchar_t*>(view_.Get())[1], L'\t');
+}
+
+TEST_F(HostLinkTest, VariableWithoutTenFieldsIsIgnoredEntirely) {
+    MakeBlock(kFullBlock);
+    for (const wchar_t* value : {L"1:1:10:20:4096:x:y:z:Share", L"1:1:10:20:4096:x:y:z:Share::"}) {
+        SetVariable(value);
+        const HostData data = ReadHostData();
+        EXPECT_EQ(data.WindowMode, 0);
+        EXPECT_EQ(data.ActivateHostOnExit, 0);
+        EXPECT_TRUE(data.SelectedItems.IsEmpty());
+    }
+}
+
+TEST_F(HostLinkTest, VariableThatIsTooLongIsIgnored) {
+    SetVariable(L"1:1:10:20:4096:x:y:z:Shared:" + std::wstring(3000, L'x'));
+    EXPECT_EQ(ReadHostData().WindowMode, 0);
+}
+
+TEST_F(HostLinkTest, BlockOfEmptyFieldsHasNoItems) {
+    MakeBlock(L"0\t0\t\t\t");
+    SetVariable(kShared);
+    const HostData data = ReadHostData();
+    EXPECT_TRUE(data.ShareMode);
+    EXPECT_TRUE(data.SelectedItems.IsEmpty());
+    EXPECT_TRUE(data.TabFolders.IsEmpty());
+}
+
+TEST_F(HostLinkTest, LastFieldWithoutItsTabIsLost) {
+    MakeBlock(L"2\t0\t\t\tC:\\a\tC:\\b");
+    SetVariable(kShared);
+    EXPECT_EQ(Copy(ReadHostData().SelectedItems), (Texts{L"C:\\a"}));
+}
+
+TEST_F(HostLinkTest, BlockCanBeReadOnlyOnce) {
+    MakeBlock(kFullBlock);
+    SetVariable(kShared);
+    EXPECT_EQ(ReadHostData().SelectedItems.Size(), 2U);
+    EXPECT_TRUE(ReadHostData().SelectedItems.IsEmpty());
+}
+
+TEST_F(HostLinkTest, BlockThatTheHostDidNotMakeIsEmpty) {
+    SetVariable(kShared);
+    const HostData data = ReadHostData();
+    EXPECT_TRUE(data.ShareMode);
+    EXPECT_TRUE(data.SelectedItems.IsEmpty());
+}
+
+TEST_F(HostLinkTest, HoldsNoSharedMemoryAfterwards) {
+    MakeBlock(kFullBlock);
+    SetVariable(kShared);
+    ReadHostData();
+    view_.Reset();
+    mapping_.Reset();
+    EXPECT_FALSE(base::MappingHandle(OpenFileMappingW(FILE_MAP_READ, FALSE, kName)));
+    EXPECT_FALSE(base::MutexHandle(OpenMutexW(SYNCHRONIZE, FALSE, kGuardName)));
+}
+
+TEST_F(HostLinkTest, WaitsForTheHostToLetTheBlockGo) {
+    MakeBlock(L"1\t0\t\t\tunfinished\t");
+    SetVariable(kShared);
+    const base::MutexHandle guard(CreateMutexW(nullptr, TRUE, kGuardName));
+    auto reading = std::async(std::launch::async, ReadHostData);
+    EXPECT_EQ(reading.wait_for(std::chrono::milliseconds(200)), std::future_status::timeout);
+    WriteBlock(L"1\t0\t\t\tfinished\t");
+    ReleaseMutex(guard.Get());
+    EXPECT_EQ(Copy(reading.get().SelectedItems), (Texts{L"finished"}));
+    // And it is free again.
+    EXPECT_EQ(WaitForSingleObject(guard.Get(), 0), WAIT_OBJECT_0);
+    ReleaseMutex(guard.Get());
+}
+
+TEST_F(HostLinkTest, GuardOfAHostThatIsGoneCountsAsFree) {
+    MakeBlock(kFullBlock);
+    SetVariable(kShared);
+    const base::MutexHandle guard(CreateMutexW(nullptr, FALSE, kGuardName));
+    std::thread([&] { WaitForSingleObject(guard.Get(), INFINITE); }).join();
+    EXPECT_EQ(ReadHostData().SelectedItems.Size(), 2U);
+}
+
+TEST_F(HostLinkTest, BlockThatCannotBeMappedIsReportedAndLeavesTheRest) {
+    MakeBlock(kFullBlock);
+    SetVariable(L"2:1:10:20:1000000:x:y:z:Share:");
+    DWORD error = 0;
+    {
+        const SharedMemoryView view(kName, kGuardName, 1000000);
+        EXPECT_FALSE(view.IsOpen());
+        error = view.Error();
+    }
+    ASSERT_NE(error, 0U);
+    auto box = test::AnswerNextBox(IDOK);
+    const HostData data = ReadHostData();
+    EXPECT_EQ(box.get(), SystemErrorText(error));
+    EXPECT_EQ(data.WindowMode, 2);
+    EXPECT_TRUE(data.ShareMode);
+    EXPECT_TRUE(data.SelectedItems.IsEmpty());
+}
+
+TEST_F(HostLinkTest, NameThatIsNoMappingIsReported) {
+    const base::EventHandle other(CreateEventW(nullptr, FALSE, FALSE, kName));
+    SetVariable(kShared);
+    auto box = test::AnswerNextBox(IDOK);
+    ReadHostData();
+    EXPECT_EQ(box.get(), SystemErrorText(ERROR_INVALID_HANDLE));
+}
+
+TEST_F(HostLinkTest, NameThatIsNoGuardIsReported) {
+    MakeBlock(kFullBlock);
+    const base::EventHandle other(CreateEventW(nullptr, FALSE, FALSE, kGuardName));
+    SetVariable(kShared);
+    auto box = test::AnswerNextBox(IDOK);
+    EXPECT_TRUE(ReadHostData().SelectedItems.IsEmpty());
+    EXPECT_EQ(box.get(), SystemErrorText(ERROR_INVALID_HANDLE));
+}
+
+TEST(ReportSystemError, PutsThePrefixOnItsOwnLine) {
+    auto box = test::AnswerNextBox(IDOK);
+    ReportSystemError(ERROR_ACCESS_DENIED, L"Prefix");
+    EXPECT_EQ(box.get(), L"Prefix\n" + SystemErrorText(ERROR_ACCESS_DENIED));
+    EXPECT_FALSE(SystemErrorText(ERROR_ACCESS_DENIED).empty());
+}
+
+TEST(ReportSystemError, ReportsTheLastError) {
+    auto box = test::AnswerNextBox(IDOK);
+    SetLastError(ERROR_FILE_NOT_FOUND);
+    ReportLastError();
+    EXPECT_EQ(box.get(), SystemErrorText(ERROR_FILE_NOT_FOUND));
+}
+
+TEST(ReportSystemError, NoErrorShowsNothing) {
+    // A box would wait for an answer that nobody gives.
+    ReportSystemError(ERROR_SUCCESS, L"Prefix");
+    SetLastError(ERROR_SUCCESS);
+    ReportLastError();
+}
+
+TEST(PresenceMutex, OnlyTheFirstInstanceHoldsIt) {
+    const std::wstring fileName = test::UniqueName(L"Ferry") + L".exe";
+    const std::wstring name = L"ExCommand." + fileName;
+    const std::wstring modulePath = L"C:\\App\\" + fileName;
+    PresenceMutex first(modulePath);
+    EXPECT_TRUE(first.IsHeld());
+    {
+        const PresenceMutex second(modulePath);
+        EXPECT_FALSE(second.IsHeld());
+    }
+    EXPECT_TRUE(base::MutexHandle(OpenMutexW(SYNCHRONIZE, FALSE, name.c_str())));
+    first.Close();
+    EXPECT_FALSE(base::MutexHandle(OpenMutexW(SYNCHRONIZE, FALSE, name.c_str())));
+    EXPECT_TRUE(PresenceMutex(modulePath).IsHeld());
+}
+
+TEST(PresenceMutex, IsNotLocked) {
+    const std::wstring fileName = test::UniqueName(L"Ferry") + L".exe";
+    const PresenceMutex presence(L"C:\\" + fileName);
+    std::thread([&] {
+        const base::MutexHandle mutex(
+            OpenMutexW(MUTEX_ALL_ACCESS, FALSE, (L"ExCommand." + fileName).c_str()));
+        EXPECT_EQ(WaitForSingleObject(mutex.Get(), 0), WAIT_OBJECT_0);
+        ReleaseMutex(mutex.Get());
+    }).join();
+}
+
+struct Received {
+    ULONG_PTR Code = 0;
+    WPARAM Sender = 0;
+    std::vector<std::byte> Bytes;
+};
+
+/// What the receiving window got last; a window procedure has no other place for it.
+Received* lastReceived = nullptr;
+
+LRESULT CALLBACK Receive(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
+    if (message == WM_COPYDATA && lastReceived != nullptr) {
+        const auto* data = reinterpret_cast<const COPYDATASTRUCT*>(lParam);
+        const auto* bytes = static_cast<const std::byte*>(data->lpData);
+        *lastReceived = {data->dwData, wParam, {bytes, bytes + data->cbData}};
+        return TRUE;
+    }
+    return DefWindowProcW(window, message, wParam, lParam);
+}
+
+class HostMessagesTest : public testing::Test {
+protected:
+    HostMessagesTest() {
+        WNDCLASSW description{};
+        description.lpfnWndProc = Receive;
+        description.hInstance = GetModuleHandleW(nullptr);
+        description.lpszClassName = kHostWindowClass;
+        RegisterClassW(&description);
+        lastReceived = &received_;
+    }
+    ~HostMessagesTest() override {
+        lastReceived = nullptr;
+        window_.Reset();
+        UnregisterClassW(kHostWindowClass, GetModuleHandleW(nullptr));
+    }
+
+    void MakeHost() {
+        window_.Reset(CreateWindowExW(0, kHostWindowClass, L"host", WS_OVERLAPPEDWINDOW, 0, 0, 10, 10,
+                                      nullptr, nullptr, GetModuleHandleW(nullptr), nullptr));
+        ASSERT_TRUE(window_);
+    }
+
+    /// The text and its terminator, then zeros up to four times their size.
+    static std::vector<std::byte> Expected(std::wstring_view text) {
+        std::vector<std::byte> bytes = base::BytesFromUnits(text);
+        bytes.resize(8 * text.size() + 8);
+        return bytes;
+    }
+
+    Received received_;
+    test::TestWindow window_;
+};
+
+TEST_F(HostMessagesTest, FindsTheHostByItsClass) {
+    EXPECT_EQ(FindHostWindow(), nullptr);
+    MakeHost();
+    EXPECT_EQ(FindHostWindow(), window_.Get());
+}
+
+TEST_F(HostMessagesTest, SendsATextWithFourTimesItsSize) {
+    MakeHost();
+    const HWND sender = GetDesktopWindow();
+    for (const wchar_t* text : {L"C:\\出力先\\", L""}) {
+        SendText(window_.Get(), sender, kShowFolderCode, text);
+        EXPECT_EQ(received_.Code, 200U);
+        EXPECT_EQ(received_.Sender, reinterpret_cast<WPARAM>(sender));
+        EXPECT_EQ(received_.Bytes, Expected(text));
+    }
+}
+
+TEST_F(HostMessagesTest, SendsANumberBeforeTheText) {
+    MakeHost();
+    SendNumberedText(window_.Get(), nullptr, 300, -12, L"text");
+    EXPECT_EQ(received_.Code, 300U);
+    EXPECT_EQ(received_.Bytes, Expected(L"-12/text"));
+}
+
+TEST_F(HostMessagesTest, WindowThatIsGoneGetsNothing) {
+    SendText(nullptr, nullptr, 200, L"text");
+    EXPECT_TRUE(received_.Bytes.empty());
+}
+
+}  // namespace
+}  // namespace ferry::hostlink

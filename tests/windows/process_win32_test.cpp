@@ -1,0 +1,248 @@
+// Programs that really run, and searches in real folders.
+#include <windows.h>
+#include <gtest/gtest.h>
+// After windows.h, which it builds on.
+#include <tlhelp32.h>
+
+#include "base/handles_win32.h"
+#include "process/file_search_win32.h"
+#include "process/module_path_win32.h"
+#include "process/program_runner_win32.h"
+#include "process/shell_open_win32.h"
+#include "process/shell_version_win32.h"
+#include "windows/child_process_win32.h"
+#include "windows/support_win32.h"
+
+namespace ferry::process {
+namespace {
+
+using test::AnswerNextBox;
+using test::TempFolder;
+
+constexpr wchar_t kQuestion[] = L"Timeout!\nAre you sure you want to kill the process?";
+
+std::wstring OwnProgram() {
+    return L"\"" + ModulePath() + L"\"";
+}
+
+/// A child that waits until it is told to stop.
+class WaitingChild {
+public:
+    std::wstring Arguments() const { return test::WaitArguments(startedName_, stopName_); }
+    bool HasStarted() const { return WaitForSingleObject(started_.Get(), 20000) == WAIT_OBJECT_0; }
+    void Stop() const { SetEvent(stop_.Get()); }
+
+    ~WaitingChild() { Stop(); }
+
+private:
+    std::wstring startedName_ = test::UniqueName(L"FerryStarted");
+    std::wstring stopName_ = test::UniqueName(L"FerryStop");
+    base::EventHandle started_{CreateEventW(nullptr, TRUE, FALSE, startedName_.c_str())};
+    base::EventHandle stop_{CreateEventW(nullptr, TRUE, FALSE, stopName_.c_str())};
+};
+
+TEST(RunAndWait, TellsThatTheProgramEndedInTime) {
+    const std::wstring program = OwnProgram();
+    const std::wstring arguments = test::ExitArguments(7);
+    EXPECT_TRUE(RunAndWait(
+        {.Program = program, .Arguments = arguments, .WorkingFolder = {}, .TimeLimitMs = INFINITE}));
+}
+
+TEST(RunAndWait, PassesFolderAndShowMode) {
+    const TempFolder folder;
+    const std::wstring report = folder / L"report";
+    const std::wstring program = OwnProgram();
+    const std::wstring arguments = test::ReportArguments(report);
+    ASSERT_TRUE(RunAndWait({program, arguments, folder.Path(), SW_SHOWMINIMIZED, INFINITE}));
+    EXPECT_EQ(test::ReadUnits(report), folder.Path() + L"\n" + std::to_wstring(SW_SHOWMINIMIZED));
+}
+
+TEST(RunAndWait, EmptyFolderIsInherited) {
+    const TempFolder folder;
+    const std::wstring report = folder / L"report";
+    const std::wstring program = OwnProgram();
+    const std::wstring arguments = test::ReportArguments(report);
+    ASSERT_TRUE(RunAndWait({program, arguments, {}, SW_SHOW, INFINITE}));
+    std::wstring own(GetCurrentDirectoryW(0, nullptr), L'\0');
+    own.resize(GetCurrentDirectoryW(static_cast<DWORD>(own.size()), own.data()));
+    EXPECT_EQ(test::ReadUnits(report), own + L"\n" + std::to_wstring(SW_SHOW));
+}
+
+TEST(RunAndWait, ProgramThatCannotBeStartedIsFalseWithoutAQuestion) {
+    const TempFolder folder;
+    const std::wstring missing = folder / L"missing.exe";
+    EXPECT_FALSE(
+        RunAndWait({.Program = missing, .Arguments = {}, .WorkingFolder = {}, .TimeLimitMs = INFINITE}));
+}
+
+TEST(RunAndWait, LimitOfZeroAsksAtOnceAndNoLetsTheProgramRun) {
+    const WaitingChild child;
+    const std::wstring program = OwnProgram();
+    const std::wstring arguments = child.Arguments();
+    auto answer = AnswerNextBox(IDNO);
+    EXPECT_FALSE(RunAndWait({program, arguments, {}, SW_SHOW, 0}));
+    EXPECT_EQ(answer.get(), kQuestion);
+    // It can only say so when it was not killed.
+    EXPECT_TRUE(child.HasStarted());
+}
+
+/// A running child of this process, opened so that its end can be watched.
+base::ProcessHandle OpenChild() {
+    const base::FileHandle snapshot(CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
+    PROCESSENTRY32W entry{};
+    entry.dwSize = sizeof(entry);
+    for (BOOL found = Process32FirstW(snapshot.Get(), &entry); found;
+         found = Process32NextW(snapshot.Get(), &entry)) {
+        if (entry.th32ParentProcessID == GetCurrentProcessId()) {
+            base::ProcessHandle child(
+                OpenProcess(SYNCHRONIZE | PROCESS_QUERY_LIMITED_INFORMATION, FALSE, entry.th32ProcessID));
+            if (child && WaitForSingleObject(child.Get(), 0) == WAIT_TIMEOUT) {
+                return child;
+            }
+        }
+    }
+    return base::ProcessHandle();
+}
+
+TEST(RunAndWait, YesEndsTheProgramWithItsExitCode) {
+    const WaitingChild child;
+    const std::wstring program = OwnProgram();
+    const std::wstring arguments = child.Arguments();
+    base::ProcessHandle process;
+    auto answer = AnswerNextBox(IDYES, [&] {
+        child.HasStarted();
+        process = OpenChild();
+    });
+    EXPECT_FALSE(RunAndWait({program, arguments, {}, SW_SHOW, 0}));
+    EXPECT_EQ(answer.get(), kQuestion);
+    ASSERT_TRUE(process);
+    ASSERT_EQ(WaitForSingleObject(process.Get(), 20000), WAIT_OBJECT_0);
+    DWORD exitCode = 0;
+    ASSERT_TRUE(GetExitCodeProcess(process.Get(), &exitCode));
+    EXPECT_EQ(exitCode, 999U);
+}
+
+TEST(RunAndWait, ProgramThatEndsDuringTheQuestionStillCountsAsLate) {
+    const WaitingChild child;
+    const std::wstring program = OwnProgram();
+    const std::wstring arguments = child.Arguments();
+    auto answer = AnswerNextBox(IDYES, [&] {
+        child.HasStarted();
+        const base::ProcessHandle process = OpenChild();
+        child.Stop();
+        WaitForSingleObject(process.Get(), 20000);
+    });
+    EXPECT_FALSE(RunAndWait({program, arguments, {}, SW_SHOW, 0}));
+    EXPECT_EQ(answer.get(), kQuestion);
+}
+
+TEST(RunAndWait, ClosesTheHandlesOfTheProgram) {
+    const std::wstring program = OwnProgram();
+    const std::wstring arguments = test::ExitArguments(0);
+    const ProgramRun run{program, arguments, {}, SW_SHOW, INFINITE};
+    ASSERT_TRUE(RunAndWait(run));
+    DWORD before = 0;
+    ASSERT_TRUE(GetProcessHandleCount(GetCurrentProcess(), &before));
+    ASSERT_TRUE(RunAndWait(run));
+    ASSERT_TRUE(RunAndWait(run));
+    DWORD after = 0;
+    ASSERT_TRUE(GetProcessHandleCount(GetCurrentProcess(), &after));
+    EXPECT_EQ(after, before);
+}
+
+/// A copy of this program in a folder of the test.
+std::wstring CopyOfOwnProgram(const std::wstring& path) {
+    EXPECT_TRUE(CopyFileW(ModulePath().c_str(), path.c_str(), TRUE));
+    return path;
+}
+
+/// The folder that a child reported, once it has.
+std::wstring ReportedFolder(const std::wstring& report) {
+    EXPECT_TRUE(test::WaitUntil([&] { return test::Exists(report); }));
+    const std::wstring text = test::ReadUnits(report);
+    return text.substr(0, text.find(L'\n'));
+}
+
+TEST(ShellOpen, EmptyFolderMeansTheFolderOfTheFile) {
+    const TempFolder folder;
+    const std::wstring program = CopyOfOwnProgram(folder / L"child.exe");
+    const std::wstring report = folder / L"report";
+    const std::wstring parameters = test::ReportArguments(report);
+    ShellOpen({.File = program, .Parameters = parameters, .WorkingFolder = {}, .WaitForShell = true});
+    EXPECT_EQ(ReportedFolder(report), folder.Path());
+    EXPECT_TRUE(test::WaitUntil([&] { return DeleteFileW(program.c_str()) != FALSE; }));
+}
+
+TEST(ShellOpen, UsesTheWorkingFolderThatIsGiven) {
+    const TempFolder folder;
+    const TempFolder other;
+    const std::wstring program = CopyOfOwnProgram(folder / L"child.exe");
+    const std::wstring report = folder / L"report";
+    const std::wstring parameters = test::ReportArguments(report);
+    ShellOpen({.File = program, .Parameters = parameters, .WorkingFolder = other.Path()});
+    EXPECT_EQ(ReportedFolder(report), other.Path());
+    EXPECT_TRUE(test::WaitUntil([&] { return DeleteFileW(program.c_str()) != FALSE; }));
+}
+
+TEST(ShellOpen, ExpandsEnvironmentVariables) {
+    const TempFolder folder;
+    const std::wstring program = CopyOfOwnProgram(folder / L"child.exe");
+    const std::wstring report = folder / L"report";
+    const std::wstring parameters = test::ReportArguments(report);
+    ASSERT_TRUE(SetEnvironmentVariableW(L"FERRY_TEST_FOLDER", folder.Path().c_str()));
+    ShellOpen({.File = L"%FERRY_TEST_FOLDER%\\child.exe", .Parameters = parameters, .WorkingFolder = {}});
+    EXPECT_EQ(ReportedFolder(report), folder.Path());
+    SetEnvironmentVariableW(L"FERRY_TEST_FOLDER", nullptr);
+    EXPECT_TRUE(test::WaitUntil([&] { return DeleteFileW(program.c_str()) != FALSE; }));
+}
+
+TEST(ShellVersion, IsKnownAndCombined) {
+    const auto version = ShellVersion();
+    ASSERT_TRUE(version);
+    EXPECT_GT(version->Major, 0);
+    EXPECT_EQ(CombinedShellVersion(), version->Major * 100 + version->Minor);
+}
+
+TEST(FindFirst, FindsWhatIsThere) {
+    const TempFolder folder;
+    test::WriteUnits(folder / L"a.txt", L"abc");
+    WIN32_FIND_DATAW data{};
+    const base::FindHandle search = FindFirst(folder / L"*.txt", data);
+    ASSERT_TRUE(search);
+    EXPECT_STREQ(data.cFileName, L"a.txt");
+    EXPECT_EQ(data.nFileSizeLow, 6U);
+}
+
+TEST(FindFirst, OwnsNothingWithoutAMatchAndKeepsTheError) {
+    const TempFolder folder;
+    WIN32_FIND_DATAW data{};
+    EXPECT_FALSE(FindFirst(folder / L"missing", data));
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_FILE_NOT_FOUND));
+}
+
+TEST(FindFirst, TakesLongPaths) {
+    const TempFolder folder;
+    const std::wstring file = folder.LongFolder() + L"\\file";
+    test::WriteUnits(file, L"x");
+    WIN32_FIND_DATAW data{};
+    EXPECT_TRUE(FindFirst(file, data));
+    EXPECT_STREQ(data.cFileName, L"file");
+}
+
+TEST(FileAttributes, AnswersAsTheSystemDoes) {
+    const TempFolder folder;
+    const std::wstring file = folder.LongFolder() + L"\\file";
+    test::WriteUnits(file, L"x");
+    EXPECT_EQ(FileAttributes(folder.Path()) & FILE_ATTRIBUTE_DIRECTORY,
+              static_cast<DWORD>(FILE_ATTRIBUTE_DIRECTORY));
+    EXPECT_NE(FileAttributes(file), INVALID_FILE_ATTRIBUTES);
+    EXPECT_EQ(FileAttributes(folder / L"missing"), INVALID_FILE_ATTRIBUTES);
+}
+
+TEST(ModulePath, NamesThisProgram) {
+    EXPECT_TRUE(ModulePath().ends_with(L"\\ferry_windows_tests.exe"));
+    EXPECT_TRUE(test::Exists(ModulePath()));
+}
+
+}  // namespace
+}  // namespace ferry::process

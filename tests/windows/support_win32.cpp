@@ -1,0 +1,179 @@
+#include "windows/support_win32.h"
+
+#include <atomic>
+#include <cstring>
+#include <thread>
+
+#include "base/handles_win32.h"
+#include "base/utf16.h"
+
+namespace ferry::test {
+namespace {
+
+std::wstring Prefixed(const std::wstring& path) {
+    return path.starts_with(L"\\\\?\\") ? path : L"\\\\?\\" + path;
+}
+
+void RemoveTree(const std::wstring& folder) {
+    WIN32_FIND_DATAW data;
+    {
+        const base::FindHandle search(FindFirstFileW((folder + L"\\*").c_str(), &data));
+        while (search) {
+            const std::wstring name = data.cFileName;
+            const std::wstring path = folder + L"\\" + name;
+            if (name != L"." && name != L"..") {
+                SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL);
+                if ((data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
+                    RemoveTree(path);
+                } else {
+                    DeleteFileW(path.c_str());
+                }
+            }
+            if (!FindNextFileW(search.Get(), &data)) {
+                break;
+            }
+        }
+    }
+    RemoveDirectoryW(folder.c_str());
+}
+
+struct BoxSearch {
+    HWND Box = nullptr;
+};
+
+BOOL CALLBACK TakeBox(HWND window, LPARAM parameter) noexcept {
+    DWORD process = 0;
+    GetWindowThreadProcessId(window, &process);
+    wchar_t name[16] = {};
+    GetClassNameW(window, name, 16);
+    if (process != GetCurrentProcessId() || std::wcscmp(name, L"#32770") != 0 || !IsWindowVisible(window)) {
+        return TRUE;
+    }
+    reinterpret_cast<BoxSearch*>(parameter)->Box = window;
+    return FALSE;
+}
+
+HWND FindBox() {
+    BoxSearch search;
+    EnumWindows(TakeBox, reinterpret_cast<LPARAM>(&search));
+    return search.Box;
+}
+
+std::wstring BoxText(HWND box) {
+    HWND label = nullptr;
+    while ((label = FindWindowExW(box, label, L"Static", nullptr)) != nullptr) {
+        if (std::wstring text = TextOfWindow(label); !text.empty()) {
+            return text;
+        }
+    }
+    return {};
+}
+
+}  // namespace
+
+bool WaitUntil(const std::function<bool()>& isTrue) {
+    const auto end = std::chrono::steady_clock::now() + kDeadline;
+    while (!isTrue()) {
+        if (std::chrono::steady_clock::now() > end) {
+            return false;
+        }
+        std::this_thread::sleep_for(std::chrono::milliseconds(2));
+    }
+    return true;
+}
+
+std::wstring UniqueName(std::wstring_view prefix) {
+    static std::atomic<int> counter = 0;
+    return std::wstring(prefix) + L"_" + std::to_wstring(GetCurrentProcessId()) + L"_" +
+           std::to_wstring(++counter);
+}
+
+TempFolder::TempFolder() {
+    std::wstring folder(MAX_PATH + 1, L'\0');
+    folder.resize(GetTempPathW(static_cast<DWORD>(folder.size()), folder.data()));
+    std::wstring full(GetLongPathNameW(folder.c_str(), nullptr, 0), L'\0');
+    full.resize(GetLongPathNameW(folder.c_str(), full.data(), static_cast<DWORD>(full.size())));
+    path_ = full + UniqueName(L"ferry");
+    CreateDirectoryW(path_.c_str(), nullptr);
+}
+
+TempFolder::~TempFolder() {
+    RemoveTree(Prefixed(path_));
+}
+
+std::wstring TempFolder::operator/(std::wstring_view name) const {
+    return path_ + L"\\" + std::wstring(name);
+}
+
+std::wstring TempFolder::LongFolder() const {
+    std::wstring path = path_;
+    while (path.size() <= 300) {
+        path += L"\\" + std::wstring(60, L'd');
+    }
+    MakeFolders(path);
+    return path;
+}
+
+void MakeFolders(const std::wstring& path) {
+    for (std::size_t at = path.find(L'\\', 3); at != std::wstring::npos; at = path.find(L'\\', at + 1)) {
+        CreateDirectoryW(Prefixed(path.substr(0, at)).c_str(), nullptr);
+    }
+    CreateDirectoryW(Prefixed(path).c_str(), nullptr);
+}
+
+void WriteBytes(const std::wstring& path, const std::vector<std::byte>& bytes) {
+    const base::FileHandle file(
+        CreateFileW(Prefixed(path).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
+    DWORD written = 0;
+    WriteFile(file.Get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
+}
+
+void WriteUnits(const std::wstring& path, std::wstring_view units) {
+    WriteBytes(path, base::BytesFromUnits(units));
+}
+
+std::optional<std::vector<std::byte>> ReadBytes(const std::wstring& path) {
+    const base::FileHandle file(CreateFileW(Prefixed(path).c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
+                                            OPEN_EXISTING, 0, nullptr));
+    LARGE_INTEGER size{};
+    if (!file || !GetFileSizeEx(file.Get(), &size)) {
+        return std::nullopt;
+    }
+    std::vector<std::byte> bytes(static_cast<std::size_t>(size.QuadPart));
+    DWORD read = 0;
+    ReadFile(file.Get(), bytes.data(), static_cast<DWORD>(bytes.size()), &read, nullptr);
+    return bytes;
+}
+
+std::wstring ReadUnits(const std::wstring& path) {
+    return base::UnitsFromBytes(ReadBytes(path).value_or(std::vector<std::byte>()));
+}
+
+bool Exists(const std::wstring& path) {
+    return GetFileAttributesW(Prefixed(path).c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
+std::future<std::wstring> AnswerNextBox(int button, std::function<void()> whileOpen) {
+    return std::async(std::launch::async, [button, action = std::move(whileOpen)]() -> std::wstring {
+        HWND box = nullptr;
+        std::wstring text;
+        // The text comes after the window.
+        if (!WaitUntil([&] { return (box = FindBox()) != nullptr && !(text = BoxText(box)).empty(); })) {
+            return {};
+        }
+        if (action) {
+            action();
+        }
+        PostMessageW(box, WM_COMMAND, static_cast<WPARAM>(button), 0);
+        WaitUntil([box] { return !IsWindow(box); });
+        return text;
+    });
+}
+
+std::wstring TextOfWindow(HWND window) {
+    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
+    text.resize(static_cast<std::size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
+    return text;
+}
+
+}  // namespace ferry::test

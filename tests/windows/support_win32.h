@@ -1,0 +1,80 @@
+// What the tests of several adapters share: folders, files, windows, message boxes.
+#pragma once
+
+#include <windows.h>
+
+#include <chrono>
+#include <cstddef>
+#include <functional>
+#include <future>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/unique_resource.h"
+
+namespace ferry::test {
+
+/// How long a test waits for something that must happen.
+inline constexpr std::chrono::seconds kDeadline{20};
+
+/// Polls `isTrue` until it holds; false when it does not within kDeadline.
+bool WaitUntil(const std::function<bool()>& isTrue);
+
+/// A fresh folder that vanishes with everything in it.
+class TempFolder {
+public:
+    TempFolder();
+    ~TempFolder();
+
+    TempFolder(const TempFolder&) = delete;
+    TempFolder& operator=(const TempFolder&) = delete;
+
+    /// The folder, without a trailing separator.
+    const std::wstring& Path() const noexcept { return path_; }
+
+    /// The path of `name` in it.
+    std::wstring operator/(std::wstring_view name) const;
+
+    /// A folder in it whose own path has more than 300 units; it exists.
+    std::wstring LongFolder() const;
+
+private:
+    std::wstring path_;
+};
+
+/// Makes the folder `path`, in its prefixed form, with its parents.
+void MakeFolders(const std::wstring& path);
+
+void WriteBytes(const std::wstring& path, const std::vector<std::byte>& bytes);
+
+/// Writes `units` as UTF-16 without a byte-order mark.
+void WriteUnits(const std::wstring& path, std::wstring_view units);
+
+/// The bytes of the file at `path`, or nothing when it is not there.
+std::optional<std::vector<std::byte>> ReadBytes(const std::wstring& path);
+
+/// The units of the file at `path`; empty when it is not there.
+std::wstring ReadUnits(const std::wstring& path);
+
+bool Exists(const std::wstring& path);
+
+/// A name that no other process and no other test uses.
+std::wstring UniqueName(std::wstring_view prefix);
+
+/// Waits on another thread for this process's next message box, runs `whileOpen`, then presses
+/// `button`. The future gives the box's text; empty when no box came within kDeadline.
+std::future<std::wstring> AnswerNextBox(int button, std::function<void()> whileOpen = {});
+
+struct WindowTraits {
+    using Value = HWND;
+    static Value Nothing() noexcept { return nullptr; }
+    static void Release(Value window) noexcept { DestroyWindow(window); }
+};
+using TestWindow = base::UniqueResource<WindowTraits>;
+
+/// The text of a window or control.
+std::wstring TextOfWindow(HWND window);
+
+}  // namespace ferry::test

@@ -1,0 +1,18 @@
+# One program for all adapters; it starts itself again where a test needs a second process.
+ferry_test(ferry_windows_tests
+    SOURCES
+        child_process_win32.cpp
+        hostlink_win32_test.cpp
+        lang_win32_test.cpp
+        main_win32.cpp
+        paths_win32_test.cpp
+        process_win32_test.cpp
+        recording_operation_win32.cpp
+        settings_win32_test.cpp
+        shell_operations_win32_test.cpp
+        support_win32.cpp
+        transfer_win32_test.cpp
+        window_placement_win32_test.cpp
+    LINK
+        ferry_hostlink_win32 ferry_lang_win32 ferry_paths_win32 ferry_process_win32
+        ferry_settings_win32 ferry_transfer_win32 comctl32)

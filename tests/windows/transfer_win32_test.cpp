@@ -1,0 +1,220 @@
+// The file system port over real folders.
+#include <windows.h>
+#include <gtest/gtest.h>
+// After windows.h, which it builds on.
+#include <oleauto.h>
+
+#include <vector>
+
+#include "base/handles_win32.h"
+#include "transfer/file_system_win32.h"
+#include "windows/support_win32.h"
+
+namespace ferry::transfer {
+namespace {
+
+using Names = std::vector<std::wstring>;
+
+class WindowsFileSystemTest : public testing::Test {
+protected:
+    Names List(const std::wstring& folder) {
+        Names names;
+        files_.Enumerate(folder, [&](const FoundItem& item) { names.push_back(item.Name); });
+        return names;
+    }
+
+    test::TempFolder folder_;
+    WindowsFileSystem files_;
+};
+
+TEST_F(WindowsFileSystemTest, EnumeratesInTheOrderOfTheSearchWithoutDots) {
+    for (const wchar_t* name : {L"c", L"a", L".hidden", L"..two", L"b"}) {
+        test::WriteUnits(folder_ / name, L"x");
+    }
+    test::MakeFolders(folder_ / L"folder");
+    Names expected;
+    WIN32_FIND_DATAW data;
+    const base::FindHandle search(FindFirstFileW((folder_ / L"*").c_str(), &data));
+    do {
+        const std::wstring name = data.cFileName;
+        if (name != L"." && name != L"..") {
+            expected.push_back(name);
+        }
+    } while (FindNextFileW(search.Get(), &data));
+    EXPECT_EQ(expected.size(), 6U);
+    EXPECT_EQ(List(folder_.Path()), expected);
+    EXPECT_EQ(List(folder_.Path() + L"\\"), expected);
+}
+
+TEST_F(WindowsFileSystemTest, VisitMayEnumerateInTurn) {
+    test::MakeFolders(folder_ / L"outer\\inner");
+    test::WriteUnits(folder_ / L"outer\\inner\\file", L"x");
+    Names seen;
+    files_.Enumerate(folder_ / L"outer", [&](const FoundItem& item) {
+        const Names inside = List(folder_ / (L"outer\\" + item.Name));
+        seen.insert(seen.end(), inside.begin(), inside.end());
+        seen.push_back(item.Name);
+    });
+    EXPECT_EQ(seen, (Names{L"file", L"inner"}));
+}
+
+TEST_F(WindowsFileSystemTest, FolderThatCannotBeReadHasNoEntries) {
+    test::WriteUnits(folder_ / L"file", L"x");
+    EXPECT_TRUE(List(folder_ / L"missing").empty());
+    EXPECT_TRUE(List(folder_ / L"file").empty());
+}
+
+TEST_F(WindowsFileSystemTest, FindsItemsWithAttributesAndTime) {
+    const std::wstring file = folder_ / L"file";
+    test::WriteUnits(file, L"x");
+    constexpr std::uint64_t kTime = 132539328001234567ULL;
+    const FILETIME time{static_cast<DWORD>(kTime), static_cast<DWORD>(kTime >> 32)};
+    {
+        const base::FileHandle handle(
+            CreateFileW(file.c_str(), FILE_WRITE_ATTRIBUTES, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+        ASSERT_TRUE(SetFileTime(handle.Get(), nullptr, nullptr, &time));
+    }
+    ASSERT_TRUE(files_.SetAttributes(file, FILE_ATTRIBUTE_READONLY));
+    const auto found = files_.Find(file);
+    ASSERT_TRUE(found);
+    EXPECT_EQ(found->Name, L"file");
+    EXPECT_EQ(found->LastWriteTime, kTime);
+    EXPECT_NE(found->Attributes & FILE_ATTRIBUTE_READONLY, 0U);
+    EXPECT_FALSE(files_.Find(folder_ / L"missing"));
+    EXPECT_NE(files_.Find(folder_.Path())->Attributes & kAttributeDirectory, 0U);
+}
+
+TEST_F(WindowsFileSystemTest, ReadsAndSetsAttributes) {
+    const std::wstring file = folder_ / L"file";
+    test::WriteUnits(file, L"x");
+    EXPECT_EQ(files_.Attributes(file) & (kAttributeDirectory | FILE_ATTRIBUTE_READONLY), 0U);
+    EXPECT_TRUE(files_.SetAttributes(file, FILE_ATTRIBUTE_READONLY));
+    EXPECT_NE(files_.Attributes(file) & FILE_ATTRIBUTE_READONLY, 0U);
+    EXPECT_NE(files_.Attributes(folder_.Path()) & kAttributeDirectory, 0U);
+    EXPECT_TRUE(files_.SetAttributes(folder_.Path(), kAttributeDirectory));
+    EXPECT_EQ(files_.Attributes(folder_ / L"missing"), kInvalidAttributes);
+    EXPECT_FALSE(files_.SetAttributes(folder_ / L"missing", 0));
+}
+
+TEST_F(WindowsFileSystemTest, TellsSizesAndZeroForWhatCannotBeOpened) {
+    const std::wstring file = folder_ / L"file";
+    test::WriteUnits(file, L"12345");
+    EXPECT_EQ(files_.FileSize(file), 10U);
+    EXPECT_EQ(files_.FileSize(folder_ / L"missing"), 0U);
+    EXPECT_EQ(files_.FileSize(folder_.Path()), 0U);
+    const base::FileHandle locked(
+        CreateFileW(file.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+    EXPECT_EQ(files_.FileSize(file), 0U);
+}
+
+TEST_F(WindowsFileSystemTest, TellsTheSizeOfAFileThatSomebodyWrites) {
+    const std::wstring file = folder_ / L"file";
+    test::WriteUnits(file, L"12345");
+    const base::FileHandle writer(CreateFileW(file.c_str(), GENERIC_WRITE | DELETE,
+                                              FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                              OPEN_EXISTING, 0, nullptr));
+    ASSERT_TRUE(writer);
+    EXPECT_EQ(files_.FileSize(file), 10U);
+}
+
+TEST_F(WindowsFileSystemTest, TellsSizesAboveFourGigabytes) {
+    const std::wstring file = folder_ / L"sparse";
+    {
+        const base::FileHandle handle(
+            CreateFileW(file.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr));
+        LARGE_INTEGER size{};
+        size.QuadPart = 0x140000000LL;
+        ASSERT_TRUE(SetFilePointerEx(handle.Get(), size, nullptr, FILE_BEGIN));
+        ASSERT_TRUE(SetEndOfFile(handle.Get()));
+    }
+    EXPECT_EQ(files_.FileSize(file), 0x140000000ULL);
+}
+
+TEST_F(WindowsFileSystemTest, MakesFoldersWithTheirParents) {
+    EXPECT_EQ(files_.CreateFolder(folder_ / L"one\\two\\three"), kFolderCreated);
+    EXPECT_TRUE(test::Exists(folder_ / L"one\\two\\three"));
+    EXPECT_EQ(files_.CreateFolder(folder_ / L"one\\two"), kFolderExists);
+    test::WriteUnits(folder_ / L"file", L"x");
+    const int below = files_.CreateFolder(folder_ / L"file\\below");
+    EXPECT_NE(below, kFolderCreated);
+    EXPECT_NE(below, kFolderExists);
+    EXPECT_NE(files_.CreateFolder(L"relative"), kFolderCreated);
+}
+
+TEST_F(WindowsFileSystemTest, WorksOnLongPaths) {
+    const std::wstring start = folder_.LongFolder();
+    const std::wstring deep = start + L"\\" + std::wstring(80, L'e') + L"\\" + std::wstring(80, L'f');
+    ASSERT_EQ(files_.CreateFolder(deep), kFolderCreated);
+    EXPECT_EQ(files_.CreateFolder(deep), kFolderExists);
+    test::WriteUnits(deep + L"\\file", L"123");
+    EXPECT_EQ(List(deep), (Names{L"file"}));
+    EXPECT_TRUE(files_.Find(deep + L"\\file"));
+    EXPECT_EQ(files_.FileSize(deep + L"\\file"), 6U);
+    EXPECT_TRUE(files_.Rename(deep + L"\\file", deep + L"\\other"));
+    EXPECT_TRUE(files_.SetAttributes(deep + L"\\other", FILE_ATTRIBUTE_NORMAL));
+    EXPECT_NE(files_.Attributes(deep + L"\\other"), kInvalidAttributes);
+    EXPECT_FALSE(files_.RemoveFolder(deep));
+    ASSERT_TRUE(files_.Rename(deep + L"\\other", folder_ / L"short"));
+    EXPECT_TRUE(files_.RemoveFolder(deep));
+    EXPECT_FALSE(test::Exists(deep));
+}
+
+TEST_F(WindowsFileSystemTest, LongFolderBelowAFileIsNotMade) {
+    const std::wstring file = folder_.LongFolder() + L"\\file";
+    test::WriteUnits(file, L"x");
+    const int result = files_.CreateFolder(file + L"\\below\\deeper");
+    EXPECT_NE(result, kFolderCreated);
+    EXPECT_NE(result, kFolderExists);
+}
+
+TEST_F(WindowsFileSystemTest, RemovesEmptyFoldersOnly) {
+    test::MakeFolders(folder_ / L"inner");
+    test::WriteUnits(folder_ / L"inner\\file", L"x");
+    EXPECT_FALSE(files_.RemoveFolder(folder_ / L"inner"));
+    ASSERT_TRUE(DeleteFileW((folder_ / L"inner\\file").c_str()));
+    EXPECT_TRUE(files_.RemoveFolder(folder_ / L"inner"));
+    EXPECT_FALSE(files_.RemoveFolder(folder_ / L"inner"));
+}
+
+TEST_F(WindowsFileSystemTest, RenamesButNeverOverAnExistingItem) {
+    test::WriteUnits(folder_ / L"a", L"first");
+    test::WriteUnits(folder_ / L"b", L"second");
+    EXPECT_FALSE(files_.Rename(folder_ / L"a", folder_ / L"b"));
+    EXPECT_EQ(test::ReadUnits(folder_ / L"b"), L"second");
+    EXPECT_TRUE(files_.Rename(folder_ / L"a", folder_ / L"c"));
+    EXPECT_EQ(test::ReadUnits(folder_ / L"c"), L"first");
+    EXPECT_FALSE(files_.Rename(folder_ / L"a", folder_ / L"d"));
+}
+
+TEST_F(WindowsFileSystemTest, KnowsRoots) {
+    for (const wchar_t* root : {L"C:\\", L"\\\\server\\share", L"\\"}) {
+        EXPECT_TRUE(files_.IsRoot(root)) << root;
+    }
+    for (const wchar_t* other :
+         {L"C:\\folder", L"C:\\folder\\", L"\\\\server\\share\\folder", L"C:", L"", L"name"}) {
+        EXPECT_FALSE(files_.IsRoot(other)) << other;
+    }
+}
+
+TEST_F(WindowsFileSystemTest, LocalDatesDropMillisecondsAndFollowTheTimeZone) {
+    const SYSTEMTIME noon{2020, 6, 3, 17, 12, 30, 15, 999};
+    FILETIME local{};
+    FILETIME utc{};
+    ASSERT_TRUE(SystemTimeToFileTime(&noon, &local));
+    ASSERT_TRUE(LocalFileTimeToFileTime(&local, &utc));
+    const std::uint64_t time = (static_cast<std::uint64_t>(utc.dwHighDateTime) << 32) | utc.dwLowDateTime;
+    const double seconds = 12 * 3600 + 30 * 60 + 15;
+    EXPECT_NEAR(files_.LocalDate(time), 43999 + seconds / 86400, 1e-9);
+}
+
+TEST_F(WindowsFileSystemTest, TimeThatCannotBeConvertedIsDateZero) {
+    EXPECT_EQ(files_.LocalDate(0xFFFFFFFFFFFFFFFFULL), 0.0);
+}
+
+TEST_F(WindowsFileSystemTest, TellsTheShellAboutAFolderWithoutHarm) {
+    files_.NotifyFolderMade(folder_.Path());
+    EXPECT_TRUE(test::Exists(folder_.Path()));
+}
+
+}  // namespace
+}  // namespace ferry::transfer

@@ -1,0 +1,177 @@
+// Placing and raising real windows.
+#include <windows.h>
+#include <gtest/gtest.h>
+
+#include <array>
+
+#include "hostlink/host_messages_win32.h"
+#include "hostlink/window_placement_win32.h"
+#include "windows/support_win32.h"
+
+namespace ferry::hostlink {
+namespace {
+
+constexpr wchar_t kClass[] = L"FerryPlacementTest";
+
+class WindowPlacementTest : public testing::Test {
+protected:
+    WindowPlacementTest() {
+        for (const wchar_t* name : {kClass, kHostWindowClass}) {
+            WNDCLASSW description{};
+            description.lpfnWndProc = DefWindowProcW;
+            description.hInstance = GetModuleHandleW(nullptr);
+            description.lpszClassName = name;
+            RegisterClassW(&description);
+        }
+        HoldKeys({});
+        dialog_ = MakeWindow(kClass, {10, 20, 210, 120});
+    }
+    ~WindowPlacementTest() override {
+        HoldKeys({});
+        dialog_.Reset();
+        host_.Reset();
+        UnregisterClassW(kClass, GetModuleHandleW(nullptr));
+        UnregisterClassW(kHostWindowClass, GetModuleHandleW(nullptr));
+    }
+
+    static test::TestWindow MakeWindow(const wchar_t* className, const RECT& at) {
+        return test::TestWindow(CreateWindowExW(0, className, L"title", WS_POPUP | WS_VISIBLE | WS_SYSMENU,
+                                                at.left, at.top, at.right - at.left, at.bottom - at.top,
+                                                nullptr, nullptr, GetModuleHandleW(nullptr), nullptr));
+    }
+
+    void MakeHost(const RECT& at) { host_ = MakeWindow(kHostWindowClass, at); }
+
+    /// What this thread believes about the keyboard.
+    static void HoldKeys(std::initializer_list<int> keys) {
+        std::array<BYTE, 256> state{};
+        for (const int key : keys) {
+            state[static_cast<std::size_t>(key)] = 0x80;
+        }
+        SetKeyboardState(state.data());
+    }
+
+    bool HasStyle(DWORD style) const {
+        return (static_cast<DWORD>(GetWindowLongPtrW(dialog_.Get(), GWL_EXSTYLE)) & style) != 0;
+    }
+
+    bool IsInFront() const { return GetForegroundWindow() == dialog_.Get(); }
+
+    /// Whether the raise timer ticks; takes messages until it does.
+    bool TimerTicks() const {
+        bool hasTicked = false;
+        test::WaitUntil([&] {
+            MSG message;
+            while (PeekMessageW(&message, dialog_.Get(), 0, 0, PM_REMOVE)) {
+                hasTicked = hasTicked || (message.message == WM_TIMER && message.wParam == kRaiseTimerId);
+                // Painting that nobody does would come again and again.
+                DispatchMessageW(&message);
+            }
+            return hasTicked;
+        });
+        return hasTicked;
+    }
+
+    /// Whether the raise timer exists: only then it can be ended.
+    bool StopTimer() const { return KillTimer(dialog_.Get(), kRaiseTimerId) != FALSE; }
+
+    RECT DialogRect() const {
+        RECT rect{};
+        GetWindowRect(dialog_.Get(), &rect);
+        return rect;
+    }
+
+    test::TestWindow dialog_;
+    test::TestWindow host_;
+};
+
+TEST_F(WindowPlacementTest, TopmostModeStaysOnTop) {
+    ApplyWindowMode(dialog_.Get(), 1, L"");
+    EXPECT_TRUE(HasStyle(WS_EX_TOPMOST));
+    EXPECT_FALSE(HasStyle(WS_EX_TOOLWINDOW));
+    EXPECT_TRUE(IsInFront());
+}
+
+TEST_F(WindowPlacementTest, TopmostToolModeStaysOnTop) {
+    ApplyWindowMode(dialog_.Get(), 2, L"");
+    EXPECT_TRUE(HasStyle(WS_EX_TOPMOST));
+    EXPECT_TRUE(HasStyle(WS_EX_TOOLWINDOW));
+    EXPECT_TRUE(IsInFront());
+}
+
+TEST_F(WindowPlacementTest, OwnedModeChangesNothing) {
+    const test::TestWindow other = MakeWindow(kClass, {0, 0, 50, 50});
+    SetForegroundWindow(other.Get());
+    ApplyWindowMode(dialog_.Get(), 3, L"");
+    EXPECT_FALSE(HasStyle(WS_EX_TOPMOST));
+    EXPECT_FALSE(HasStyle(WS_EX_TOOLWINDOW));
+    EXPECT_FALSE(IsInFront());
+}
+
+TEST_F(WindowPlacementTest, OtherModesRaiseOnce) {
+    for (const int mode : {0, 4, 5, -1}) {
+        SCOPED_TRACE(mode);
+        dialog_ = MakeWindow(kClass, {0, 0, 50, 50});
+        const test::TestWindow other = MakeWindow(kClass, {0, 0, 50, 50});
+        SetForegroundWindow(other.Get());
+        ApplyWindowMode(dialog_.Get(), mode, L"");
+        EXPECT_TRUE(IsInFront());
+        EXPECT_FALSE(HasStyle(WS_EX_TOPMOST));
+        EXPECT_EQ(HasStyle(WS_EX_TOOLWINDOW), mode == 4);
+    }
+}
+
+TEST_F(WindowPlacementTest, TitleGetsTheSuffix) {
+    ApplyWindowMode(dialog_.Get(), 3, L"");
+    EXPECT_EQ(test::TextOfWindow(dialog_.Get()), L"title");
+    ApplyWindowMode(dialog_.Get(), 3, L" - suffix");
+    EXPECT_EQ(test::TextOfWindow(dialog_.Get()), L"title - suffix");
+}
+
+TEST_F(WindowPlacementTest, HeldModifierPutsTheRaisingOff) {
+    const test::TestWindow other = MakeWindow(kClass, {0, 0, 50, 50});
+    for (const int key : {VK_SHIFT, VK_CONTROL}) {
+        SCOPED_TRACE(key);
+        SetForegroundWindow(other.Get());
+        HoldKeys({key});
+        RaiseOnce(dialog_.Get());
+        EXPECT_FALSE(IsInFront());
+        EXPECT_TRUE(TimerTicks());
+        HoldKeys({});
+        RaiseOnce(dialog_.Get());
+        EXPECT_TRUE(IsInFront());
+        EXPECT_FALSE(StopTimer());
+    }
+}
+
+TEST_F(WindowPlacementTest, CentresOverTheHost) {
+    MakeHost({300, 200, 701, 501});
+    CentreOverHost(dialog_.Get(), 0);
+    const RECT rect = DialogRect();
+    EXPECT_EQ(rect.left, 400);
+    EXPECT_EQ(rect.top, 300);
+    EXPECT_EQ(rect.right - rect.left, 200);
+    EXPECT_EQ(rect.bottom - rect.top, 100);
+}
+
+TEST_F(WindowPlacementTest, StaysInsideTheWorkArea) {
+    RECT work{};
+    ASSERT_TRUE(SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0));
+    MakeHost({work.right - 40, work.bottom - 40, work.right + 60, work.bottom + 60});
+    CentreOverHost(dialog_.Get(), 1);
+    EXPECT_EQ(DialogRect().right, work.right);
+    EXPECT_EQ(DialogRect().bottom, work.bottom);
+}
+
+TEST_F(WindowPlacementTest, OwnedDialogsAndDialogsWithoutAHostStay) {
+    CentreOverHost(dialog_.Get(), 0);
+    EXPECT_EQ(DialogRect().left, 10);
+    EXPECT_EQ(DialogRect().top, 20);
+    MakeHost({300, 200, 700, 500});
+    CentreOverHost(dialog_.Get(), kOwnedWindowMode);
+    EXPECT_EQ(DialogRect().left, 10);
+    EXPECT_EQ(DialogRect().top, 20);
+}
+
+}  // namespace
+}  // namespace ferry::hostlink

@@ -1,0 +1,105 @@
+#include "service_fixture.h"
+
+#include <objbase.h>
+
+#include <sstream>
+
+namespace ferry::fileop {
+namespace {
+
+using RegisterFunction = HRESULT(STDAPICALLTYPE*)();
+
+std::wstring OwnFolder() {
+    std::wstring path(1024, L'\0');
+    path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
+    return path.substr(0, path.rfind(L'\\') + 1);
+}
+
+std::wstring FromUtf8(const std::string& bytes) {
+    std::wstring text(bytes.size(), L'\0');
+    text.resize(
+        static_cast<std::size_t>(MultiByteToWideChar(CP_UTF8, 0, bytes.data(), static_cast<int>(bytes.size()),
+                                                     text.data(), static_cast<int>(text.size()))));
+    return text;
+}
+
+}  // namespace
+
+ServiceTest::ServiceTest() {
+    CoInitialize(nullptr);
+    source_ = folder_.MakeFolder(L"from");
+    target_ = folder_.MakeFolder(L"to");
+    SetEnvironmentVariableW(L"FERRY_FILEOP_LOG", logFolder_.In(L"log.txt").c_str());
+    SetFaults(L"");
+}
+
+ServiceTest::~ServiceTest() {
+    SetEnvironmentVariableW(L"FERRY_FILEOP_LOG", nullptr);
+    SetEnvironmentVariableW(L"FERRY_FILEOP_FAULTS", nullptr);
+    CoUninitialize();
+}
+
+void ServiceTest::SetUpTestSuite() {
+    static const HMODULE library = LoadLibraryW((OwnFolder() + L"ferry_fileop.dll").c_str());
+    ASSERT_NE(library, nullptr);
+    const auto registers = reinterpret_cast<RegisterFunction>(
+        reinterpret_cast<void*>(GetProcAddress(library, "DllRegisterServer")));
+    ASSERT_NE(registers, nullptr);
+    ASSERT_EQ(registers(), S_OK);
+}
+
+ComRef<IFileOperation> ServiceTest::NewOperation() {
+    ComRef<IFileOperation> operation;
+    constexpr DWORD kAnyServer = 0x17;  // the class contexts that a program asks for by default
+    EXPECT_EQ(CoCreateInstance(CLSID_FileOperation, nullptr, kAnyServer, IID_IFileOperation,
+                               reinterpret_cast<void**>(operation.Put())),
+              S_OK);
+    return operation;
+}
+
+ComRef<IShellItem> ServiceTest::ItemOf(const std::wstring& path) {
+    ComRef<IShellItem> item;
+    SHCreateItemFromParsingName(path.c_str(), nullptr, IID_IShellItem, reinterpret_cast<void**>(item.Put()));
+    return item;
+}
+
+Outcome ServiceTest::Perform(const std::vector<Job>& jobs, DWORD flags, HWND owner) {
+    Outcome outcome;
+    const ComRef<IFileOperation> operation = NewOperation();
+    for (const Job& job : jobs) {
+        const ComRef<IShellItem> item = ItemOf(job.Source);
+        const ComRef<IShellItem> folder = ItemOf(job.Folder);
+        const wchar_t* name = job.NewName.empty() ? nullptr : job.NewName.c_str();
+        HRESULT queued = S_OK;
+        if (name != nullptr) {
+            queued = job.Moves ? operation->MoveItem(item.Get(), folder.Get(), name, nullptr)
+                               : operation->CopyItem(item.Get(), folder.Get(), name, nullptr);
+        } else {
+            queued = job.Moves ? operation->MoveItems(item.Get(), folder.Get())
+                               : operation->CopyItems(item.Get(), folder.Get());
+        }
+        outcome.Queued = FAILED(outcome.Queued) ? outcome.Queued : queued;
+    }
+    operation->SetOwnerWindow(owner);
+    operation->SetOperationFlags(flags);
+    outcome.Performed = operation->PerformOperations();
+    BOOL isAborted = FALSE;
+    operation->GetAnyOperationsAborted(&isAborted);
+    outcome.IsAborted = isAborted != FALSE;
+    return outcome;
+}
+
+void ServiceTest::SetFaults(const wchar_t* text) {
+    SetEnvironmentVariableW(L"FERRY_FILEOP_FAULTS", text);
+}
+
+std::vector<std::wstring> ServiceTest::Log() const {
+    std::vector<std::wstring> lines;
+    std::istringstream stream(ContentOf(logFolder_.In(L"log.txt")));
+    for (std::string line; std::getline(stream, line);) {
+        lines.push_back(FromUtf8(line));
+    }
+    return lines;
+}
+
+}  // namespace ferry::fileop

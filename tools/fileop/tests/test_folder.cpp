@@ -1,0 +1,130 @@
+#include "test_folder.h"
+
+#include <windows.h>
+
+#include <algorithm>
+
+namespace ferry::fileop {
+namespace {
+
+std::wstring TemporaryRoot() {
+    std::wstring path(MAX_PATH + 1, L'\0');
+    path.resize(GetTempPathW(static_cast<DWORD>(path.size()), path.data()));
+    return path.substr(0, path.find_last_not_of(L'\\') + 1);
+}
+
+std::wstring NewFolder(const std::wstring& parent) {
+    static int counter = 0;
+    const std::wstring path =
+        parent + L"\\fileop" + std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(++counter);
+    return CreateDirectoryW(path.c_str(), nullptr) ? path : std::wstring();
+}
+
+void MakeParents(const std::wstring& root, const std::wstring& path) {
+    for (auto at = path.find(L'\\', root.size() + 1); at != std::wstring::npos;
+         at = path.find(L'\\', at + 1)) {
+        CreateDirectoryW(LongPath(path.substr(0, at)).c_str(), nullptr);
+    }
+}
+
+void Walk(const std::wstring& folder, const std::wstring& prefix, std::vector<std::wstring>& tree) {
+    WIN32_FIND_DATAW found{};
+    const HANDLE search = FindFirstFileW(LongPath(folder + L"\\*").c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE) {
+        return;
+    }
+    do {
+        const std::wstring name = found.cFileName;
+        if (name == L"." || name == L"..") {
+            continue;
+        }
+        const bool isFolder = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+        const std::wstring relative = prefix + name + (isFolder ? L"\\" : L"");
+        tree.push_back(relative);
+        if (isFolder) {
+            Walk(folder + L"\\" + name, relative, tree);
+        }
+    } while (FindNextFileW(search, &found));
+    FindClose(search);
+}
+
+void RemoveTree(const std::wstring& folder) {
+    std::vector<std::wstring> tree = TreeOf(folder);
+    std::for_each(tree.rbegin(), tree.rend(), [&](const std::wstring& name) {
+        std::wstring path = LongPath(folder + L"\\" + name);
+        SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL);
+        if (path.back() == L'\\') {
+            path.pop_back();
+            RemoveDirectoryW(path.c_str());
+        } else {
+            DeleteFileW(path.c_str());
+        }
+    });
+    RemoveDirectoryW(folder.c_str());
+}
+
+}  // namespace
+
+TestFolder::TestFolder() : path_(NewFolder(TemporaryRoot())) {}
+TestFolder::TestFolder(const std::wstring& parent) : path_(NewFolder(parent)) {}
+
+TestFolder::~TestFolder() {
+    if (!path_.empty()) {
+        RemoveTree(path_);
+    }
+}
+
+std::wstring TestFolder::In(std::wstring_view name) const {
+    return path_ + L"\\" + std::wstring(name);
+}
+
+std::wstring TestFolder::MakeFolder(std::wstring_view name) const {
+    const std::wstring path = In(name);
+    MakeParents(path_, path + L"\\");
+    return path;
+}
+
+std::wstring TestFolder::MakeFile(std::wstring_view name, std::string_view content) const {
+    const std::wstring path = In(name);
+    MakeParents(path_, path);
+    WriteContent(path, content);
+    return path;
+}
+
+std::string ContentOf(const std::wstring& path) {
+    const HANDLE file = CreateFileW(LongPath(path).c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                    nullptr, OPEN_EXISTING, 0, nullptr);
+    if (file == INVALID_HANDLE_VALUE) {
+        return "<missing>";
+    }
+    std::string content(GetFileSize(file, nullptr), '\0');
+    DWORD got = 0;
+    const BOOL read = ReadFile(file, content.data(), static_cast<DWORD>(content.size()), &got, nullptr);
+    CloseHandle(file);
+    return read && got == content.size() ? content : "<unreadable>";
+}
+
+void WriteContent(const std::wstring& path, std::string_view content) {
+    const HANDLE file =
+        CreateFileW(LongPath(path).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+    DWORD put = 0;
+    WriteFile(file, content.data(), static_cast<DWORD>(content.size()), &put, nullptr);
+    CloseHandle(file);
+}
+
+bool Exists(const std::wstring& path) {
+    return GetFileAttributesW(LongPath(path).c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
+std::vector<std::wstring> TreeOf(const std::wstring& folder) {
+    std::vector<std::wstring> tree;
+    Walk(folder, L"", tree);
+    std::sort(tree.begin(), tree.end());
+    return tree;
+}
+
+std::wstring LongPath(const std::wstring& path) {
+    return path.starts_with(L"\\\\?\\") ? path : L"\\\\?\\" + path;
+}
+
+}  // namespace ferry::fileop

@@ -1,0 +1,92 @@
+#include "window_driver.h"
+
+namespace ferry::fileop {
+namespace {
+
+constexpr DWORD kDeadlineMs = 15000;
+constexpr DWORD kPollMs = 10;
+
+struct Search {
+    const std::wstring& Title;
+    HWND Found = nullptr;
+};
+
+BOOL CALLBACK LookAt(HWND window, LPARAM lParam) {
+    auto& search = *reinterpret_cast<Search*>(lParam);
+    DWORD process = 0;
+    GetWindowThreadProcessId(window, &process);
+    wchar_t title[128] = {};
+    if (process == GetCurrentProcessId() && IsWindowVisible(window) && IsWindowEnabled(window) &&
+        GetWindowTextW(window, title, 128) > 0 && search.Title == title) {
+        search.Found = window;
+        return FALSE;
+    }
+    return TRUE;
+}
+
+HWND WaitForWindow(const std::wstring& title) {
+    const ULONGLONG end = GetTickCount64() + kDeadlineMs;
+    Search search{title};
+    while (search.Found == nullptr && GetTickCount64() < end) {
+        EnumWindows(LookAt, reinterpret_cast<LPARAM>(&search));
+        Sleep(kPollMs);
+    }
+    return search.Found;
+}
+
+// The control with the focus, once the window's thread has given it.
+HWND WaitForFocus(HWND window) {
+    const DWORD thread = GetWindowThreadProcessId(window, nullptr);
+    const ULONGLONG end = GetTickCount64() + kDeadlineMs;
+    while (GetTickCount64() < end) {
+        GUITHREADINFO info{};
+        info.cbSize = sizeof(info);
+        if (GetGUIThreadInfo(thread, &info) && info.hwndFocus != nullptr &&
+            (info.hwndFocus == window || IsChild(window, info.hwndFocus))) {
+            return info.hwndFocus;
+        }
+        Sleep(kPollMs);
+    }
+    return nullptr;
+}
+
+void WaitUntilGone(HWND window) {
+    const ULONGLONG end = GetTickCount64() + kDeadlineMs;
+    while (IsWindow(window) && IsWindowVisible(window) && GetTickCount64() < end) {
+        Sleep(kPollMs);
+    }
+}
+
+}  // namespace
+
+WindowDriver::WindowDriver(std::vector<Step> steps)
+    : thread_([this, steps = std::move(steps)] { Run(steps); }) {}
+
+WindowDriver::~WindowDriver() {
+    Finish();
+}
+
+const std::vector<SeenWindow>& WindowDriver::Finish() {
+    if (thread_.joinable()) {
+        thread_.join();
+    }
+    return seen_;
+}
+
+void WindowDriver::Run(const std::vector<Step>& steps) {
+    for (const Step& step : steps) {
+        const HWND window = WaitForWindow(step.Title);
+        const HWND focus = window != nullptr ? WaitForFocus(window) : nullptr;
+        if (focus == nullptr) {
+            return;
+        }
+        seen_.push_back({step.Title, GetWindow(window, GW_OWNER)});
+        const bool isLetter = step.Key >= L'a' && step.Key <= L'z';
+        PostMessageW(focus, isLetter ? WM_CHAR : WM_KEYDOWN, step.Key, 1);
+        if (step.Key != L'a') {  // the check box leaves its window open
+            WaitUntilGone(window);
+        }
+    }
+}
+
+}  // namespace ferry::fileop

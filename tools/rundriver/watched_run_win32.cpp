@@ -1,0 +1,135 @@
+#include "watched_run_win32.h"
+
+#include <cstdio>
+
+#include "base/utf16.h"
+#include "e2e/driver/keys.h"
+#include "e2e/driver/message_box.h"
+#include "e2e/driver/poll.h"
+
+namespace ferry::rundriver {
+namespace {
+
+constexpr int kCancelButton = 2;
+
+/// A window that asks something, told by a control that only it has, and the button that answers it
+/// without touching a file.
+struct Question {
+    const char* Name;
+    int TellingControl;
+    int Answer;
+};
+constexpr int kSkipButton = 1102;
+constexpr Question kQuestions[] = {
+    {"collision", 1226, kCancelButton},  // Ferry's own: which policy
+    {"rename", 1108, kCancelButton},     // Ferry's own: which name
+    {"replace", 1004, kSkipButton},      // the file-operation service: replace or skip
+    {"error", IDRETRY, kSkipButton},     // the file-operation service: again or skip
+};
+
+struct QuestionSearch {
+    DWORD ProcessId;
+    HWND Window = nullptr;
+    const Question* Asked = nullptr;
+};
+
+BOOL CALLBACK VisitWindow(HWND window, LPARAM parameter) {
+    auto& search = *reinterpret_cast<QuestionSearch*>(parameter);
+    DWORD owner = 0;
+    GetWindowThreadProcessId(window, &owner);
+    if (owner != search.ProcessId || !IsWindowVisible(window))
+        return TRUE;
+    for (const Question& question : kQuestions) {
+        if (GetDlgItem(window, question.TellingControl) != nullptr) {
+            search.Window = window;
+            search.Asked = &question;
+            return FALSE;
+        }
+    }
+    return TRUE;
+}
+
+bool Complain(const char* what) {
+    std::fprintf(stderr, "rundriver: %s\n", what);
+    return false;
+}
+
+e2e::RunPlan PlanOf(const Wishes& wishes) {
+    e2e::RunPlan plan;
+    plan.Items = wishes.Items;
+    plan.LogFile = wishes.LogFile;
+    plan.Switches = {wishes.Moves ? L"/m" : L"/c"};
+    return plan;
+}
+
+}  // namespace
+
+WatchedRun::WatchedRun(const Wishes& wishes) : wishes_(wishes), run_(PlanOf(wishes)) {}
+
+bool WatchedRun::Perform() {
+    dialog_ = run_.WaitForDialog();
+    if (!dialog_.IsOpen())
+        return Complain("Ferry's dialog did not open");
+    if (!FillIn())
+        return false;
+    Pause("filled");
+    dialog_.Click(e2e::kStart);
+    return WaitForEnd();
+}
+
+bool WatchedRun::FillIn() {
+    if (!dialog_.Choose(wishes_.IsIndividual ? e2e::kIndividual : e2e::kBatch))
+        return Complain("the working mode cannot be chosen");
+    if (wishes_.Policy >= 0 && !dialog_.Choose(e2e::PolicyControl(wishes_.Policy)))
+        return Complain("the collision policy cannot be chosen");
+    if (!e2e::TakeForeground(dialog_.Window()) || !dialog_.TypeDestination(wishes_.Destination))
+        return Complain("the destination cannot be typed");
+    // The list of candidates may still be open, and would cover the picture.
+    SendMessageW(dialog_.Control(e2e::kDestination), CB_SHOWDROPDOWN, FALSE, 0);
+    return true;
+}
+
+bool WatchedRun::WaitForEnd() {
+    const ULONGLONG deadline = GetTickCount64() + static_cast<ULONGLONG>(wishes_.PatienceMs);
+    while (run_.IsRunning()) {
+        if (GetTickCount64() > deadline) {
+            Pause("stuck");
+            return Complain("Ferry did not end in time");
+        }
+        if (!AnswerWhatIsAsked())
+            Sleep(e2e::kStepMs);
+    }
+    return true;
+}
+
+bool WatchedRun::AnswerWhatIsAsked() {
+    if (const e2e::ShownBox box = e2e::FindMessageBox(run_.FerryId()); box.Window != nullptr) {
+        std::printf("Ferry says: %s\n", base::ToUtf8(box.Text).c_str());
+        Pause("box");
+        const bool staysOpen = dialog_.IsOpen() && IsWindowVisible(dialog_.Window()) != FALSE;
+        e2e::DismissMessageBox(box);
+        if (staysOpen)
+            dialog_.Click(kCancelButton);
+        return true;
+    }
+    QuestionSearch search{run_.FerryId()};
+    EnumWindows(VisitWindow, reinterpret_cast<LPARAM>(&search));  // stops early when found
+    if (search.Window == nullptr)
+        return false;
+    std::printf("a question was answered by skipping: %s\n", search.Asked->Name);
+    Pause(search.Asked->Name);
+    PostMessageW(GetDlgItem(search.Window, search.Asked->Answer), BM_CLICK, 0, 0);
+    e2e::WaitUntil([&] { return !IsWindow(search.Window) || !IsWindowVisible(search.Window); });
+    return true;
+}
+
+void WatchedRun::Pause(const char* name) const {
+    if (!wishes_.PausesAt)
+        return;
+    std::printf("PAUSE %s\n", name);
+    std::fflush(stdout);
+    for (int character = std::getchar(); character != '\n' && character != EOF; character = std::getchar()) {
+    }
+}
+
+}  // namespace ferry::rundriver

@@ -1,0 +1,39 @@
+// The host's main window: found by its class, it shows every message that Ferry sends.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+#include "host_log_win32.h"
+#include "host_options.h"
+
+namespace ferry::samplehost {
+
+/// A top-level window with a list of the log lines. Closing it posts WM_QUIT.
+class HostWindow {
+public:
+    explicit HostWindow(HostLog& log) noexcept : log_(log) {}
+    ~HostWindow();
+    HostWindow(const HostWindow&) = delete;
+    HostWindow& operator=(const HostWindow&) = delete;
+
+    /// Makes and shows the window. False when Windows refuses.
+    bool Create(const WindowPlace& place);
+
+    /// Appends `line` to the list and scrolls to it.
+    void Show(const std::wstring& line);
+
+    HWND Get() const noexcept { return window_; }
+
+private:
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM first, LPARAM second);
+    LRESULT Handle(UINT message, WPARAM first, LPARAM second);
+    void LogData(WPARAM sender, const COPYDATASTRUCT& data);
+
+    HostLog& log_;
+    HWND window_ = nullptr;
+    HWND list_ = nullptr;
+};
+
+}  // namespace ferry::samplehost
