@@ -20,7 +20,7 @@ constexpr std::size_t kFolders = 500;
 constexpr std::size_t kFilesInFolder = 100;
 constexpr std::size_t kFiles = kFolders * kFilesInFolder;
 constexpr int kWarmUpRounds = 2;
-constexpr int kRounds = 15;
+constexpr int kRounds = 31;
 constexpr double kGoal = 1.05;
 
 /// Ten folders of fifty, each with its files. The result is the top folder, empty when a file could

@@ -103,6 +103,26 @@ std::uint32_t CopyBlocks(HANDLE source, HANDLE target, const std::function<bool(
     return static_cast<std::uint64_t>(size.QuadPart) == copied ? 0 : kErrorInvalidData;
 }
 
+bool IsSpelledAs(const std::wstring& path) {
+    WIN32_FIND_DATAW found{};
+    const SearchHandle search(FindFirstFileW(LongForm(path).c_str(), &found));
+    return !search || NameOf(path) == found.cFileName;
+}
+
+// Wine takes a new spelling of a name for no change at all and reports success; there it takes
+// two steps. When the second fails the first is taken back.
+std::uint32_t Respell(const std::wstring& from, const std::wstring& to, const std::wstring& temporary) {
+    const std::wstring between = LongForm(temporary);
+    if (!MoveFileExW(LongForm(from).c_str(), between.c_str(), 0)) {
+        return LastError();
+    }
+    const std::uint32_t code = CodeOf(MoveFileExW(between.c_str(), LongForm(to).c_str(), 0));
+    if (code != 0) {
+        MoveFileExW(between.c_str(), LongForm(from).c_str(), 0);  // best effort: the first error tells
+    }
+    return code;
+}
+
 }  // namespace
 
 ItemKind WindowsDisk::Kind(const std::wstring& path) {
@@ -194,7 +214,8 @@ std::uint32_t WindowsDisk::Copy(const std::wstring& source, const std::wstring& 
 std::uint32_t WindowsDisk::Rename(const std::wstring& from, const std::wstring& to, bool replaces) {
     const std::wstring longTo = LongForm(to);
     if (!replaces) {
-        return CodeOf(MoveFileExW(LongForm(from).c_str(), longTo.c_str(), 0));
+        const std::uint32_t code = CodeOf(MoveFileExW(LongForm(from).c_str(), longTo.c_str(), 0));
+        return code == 0 && !IsSpelledAs(to) ? Respell(from, to, TemporaryBeside(to)) : code;
     }
     const DWORD attributes = MakeWritable(longTo);
     if (MoveFileExW(LongForm(from).c_str(), longTo.c_str(), MOVEFILE_REPLACE_EXISTING)) {

@@ -97,7 +97,7 @@ TEST_F(FaultRunTest, AnErrorIsNotToldWithoutErrorWindows) {
 }
 
 TEST_F(FaultRunTest, ABadTextIsLoggedAndNothingFails) {
-    SetFaults(L"fail@*,oops");
+    SetEnvironmentVariableW(L"FERRY_FILEOP_FAULTS", L"fail@*,oops");
     EXPECT_EQ(Perform(jobs_).Performed, S_OK);
     EXPECT_THAT(Log(), testing::Contains(L"Faults\tnot understood\tfail@*,oops"));
 }

@@ -59,14 +59,20 @@ TEST_F(MoveTest, RefusesAFolderIntoItself) {
     EXPECT_EQ(ContentOf(folder_.In(L"from\\d\\s\\a.txt")), "content");
 }
 
-// A memory file system of the host is another volume than the folder for temporary files.
+std::wstring OtherVolume() {
+    wchar_t path[MAX_PATH] = {};
+    GetEnvironmentVariableW(L"FERRY_FILEOP_OTHER_VOLUME", path, MAX_PATH);
+    return path;
+}
+
+// A folder on another volume than the folder for temporary files, when the caller names one.
 class OtherVolumeTest : public ServiceTest {
 protected:
-    OtherVolumeTest() : other_(L"Z:\\dev\\shm") {}
+    OtherVolumeTest() : other_(OtherVolume()) {}
 
     void SetUp() override {
         if (other_.Path().empty() || !ItemOf(other_.Path())) {
-            GTEST_SKIP() << "there is no second volume";
+            GTEST_SKIP() << "FERRY_FILEOP_OTHER_VOLUME names no folder";
         }
         const auto probe = folder_.MakeFile(L"probe", "");
         if (MoveFileExW(probe.c_str(), other_.In(L"probe").c_str(), 0) ||

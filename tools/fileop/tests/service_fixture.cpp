@@ -89,8 +89,11 @@ Outcome ServiceTest::Perform(const std::vector<Job>& jobs, DWORD flags, HWND own
     return outcome;
 }
 
-void ServiceTest::SetFaults(const wchar_t* text) {
-    SetEnvironmentVariableW(L"FERRY_FILEOP_FAULTS", text);
+void ServiceTest::SetFaults(const std::wstring& text) {
+    // A rule for an item that never comes makes each text a new one, so that counting starts anew.
+    static int farAway = 900'000'000;
+    const std::wstring unique = L"slow@" + std::to_wstring(++farAway) + L":0";
+    SetEnvironmentVariableW(L"FERRY_FILEOP_FAULTS", (text.empty() ? unique : text + L"," + unique).c_str());
 }
 
 std::vector<std::wstring> ServiceTest::Log() const {

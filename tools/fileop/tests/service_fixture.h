@@ -55,7 +55,8 @@ protected:
         return Perform({{true, source, folder}}, flags);
     }
 
-    static void SetFaults(const wchar_t* text);
+    /// Sets the faults of the operations that follow; their items are counted from 1.
+    static void SetFaults(const std::wstring& text);
 
     /// The lines that were logged since the test began, as UTF-16.
     std::vector<std::wstring> Log() const;
