@@ -44,7 +44,8 @@ INT_PTR CALLBACK ErrorProc(HWND window, UINT message, WPARAM wParam, LPARAM lPar
         const auto* texts = reinterpret_cast<const ErrorTexts*>(lParam);
         SetDlgItemTextW(window, IDC_TEXT, texts->Message.c_str());
         SetDlgItemTextW(window, IDC_SOURCE, texts->Path.c_str());
-        return TRUE;
+        SetFocus(GetDlgItem(window, IDC_SKIP));  // the Enter key must not try the same again for ever
+        return FALSE;
     }
     const int id = LOWORD(wParam);
     if (message == WM_COMMAND && (id == IDRETRY || id == IDC_SKIP || id == IDCANCEL)) {

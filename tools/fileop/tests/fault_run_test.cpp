@@ -79,13 +79,15 @@ TEST_F(FaultRunTest, AnErrorIsToldAndMayBeTriedAgain) {
 }
 
 TEST_F(FaultRunTest, AnErrorMayBeSkippedOrCancelTheRun) {
-    SetFaults(L"error@1,error@3");
-    WindowDriver driver({{L"Item Not Transferred", L's'}, {L"Item Not Transferred", VK_ESCAPE}});
+    SetFaults(L"error@1,error@2,error@3");
+    WindowDriver driver({{L"Item Not Transferred", L's'},
+                         {L"Item Not Transferred", VK_RETURN},
+                         {L"Item Not Transferred", VK_ESCAPE}});
     const Outcome outcome = Perform(jobs_, FOF_SILENT);
     EXPECT_EQ(outcome.Performed, kCancelled);
     EXPECT_TRUE(outcome.IsAborted);
-    EXPECT_EQ(driver.Finish().size(), 2U);
-    EXPECT_THAT(TreeOf(source_), ElementsAre(L"1", L"3"));
+    EXPECT_EQ(driver.Finish().size(), 3U);
+    EXPECT_THAT(TreeOf(source_), ElementsAre(L"1", L"2", L"3"));
 }
 
 TEST_F(FaultRunTest, AnErrorIsNotToldWithoutErrorWindows) {
