@@ -4,7 +4,6 @@ load setup
 
 wine_dir=$build/wine
 wine_prefix=$wine_dir/prefix
-fileop_clsid='{3AD05575-8857-4850-9277-11B85BDB8E09}'
 fileop_dll=$build/mingw/tools/fileop/ferry_fileop.dll
 
 # windows_path PATH: a Unix path as Windows programs see it.
@@ -116,10 +115,6 @@ Windows Registry Editor Version 5.00
 "ShowCrashDialog"=dword:00000000
 
 REG
-    local dll
-    dll=$(windows_path "$fileop_dll")
-    printf '[HKEY_LOCAL_MACHINE\\Software\\Classes\\CLSID\\%s\\InprocServer32]\n' "$fileop_clsid"
-    printf '@="%s"\n"ThreadingModel"="Apartment"\n\n' "${dll//\\/\\\\}"
     # Without a window manager Wine draws title bars only on its own desktop.
     if [ "$1" = own ]; then
         printf '[HKEY_CURRENT_USER\\Software\\Wine\\Explorer]\n"Desktop"="Ferry"\n\n'
@@ -152,6 +147,16 @@ apply_prefix_settings() {
     mv "$wine_dir/settings.new" "$wine_prefix/ferry-settings"
 }
 
+# register_fileop: the file-operation service takes the place of Wine's class, once it is built.
+register_fileop() {
+    local registered=$wine_prefix/ferry-fileop
+    [ -f "$fileop_dll" ] || return 0
+    [ "$(cat "$registered" 2>/dev/null)" != "$fileop_dll" ] || return 0
+    run_wine regsvr32.exe /s "$(windows_path "$fileop_dll")" >"$wine_dir/regsvr32.log" 2>&1 ||
+        fail "the file-operation service could not be registered; see build/wine/regsvr32.log"
+    printf '%s' "$fileop_dll" >"$registered"
+}
+
 # open_wine virtual|caller: makes run_wine usable. "virtual" hides every window on a display of
 # our own; "caller" uses the caller's display when there is one.
 open_wine() {
@@ -166,6 +171,7 @@ open_wine() {
     [ -f "$wine_prefix/system.reg" ] || create_prefix
     "$wine_server" -p60 9>&- >/dev/null 2>&1 || true
     apply_prefix_settings "$kind"
+    register_fileop
     wine_is_open=1
 }
 

@@ -25,14 +25,41 @@ std::wstring OwnProgram() {
     return L"\"" + ModulePath() + L"\"";
 }
 
-/// A child that waits until it is told to stop.
+/// A running child that plays a part of this program, opened so that its end can be watched. The
+/// first window of a session may start a process of the system as a child of this one, too.
+base::ProcessHandle OpenChild() {
+    const std::wstring own = ModulePath();
+    const std::wstring name = own.substr(own.find_last_of(L'\\') + 1);
+    const base::FileHandle snapshot(CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
+    PROCESSENTRY32W entry{};
+    entry.dwSize = sizeof(entry);
+    for (BOOL found = Process32FirstW(snapshot.Get(), &entry); found;
+         found = Process32NextW(snapshot.Get(), &entry)) {
+        if (entry.th32ParentProcessID == GetCurrentProcessId() && name == entry.szExeFile) {
+            base::ProcessHandle child(
+                OpenProcess(SYNCHRONIZE | PROCESS_QUERY_LIMITED_INFORMATION, FALSE, entry.th32ProcessID));
+            if (child && WaitForSingleObject(child.Get(), 0) == WAIT_TIMEOUT) {
+                return child;
+            }
+        }
+    }
+    return base::ProcessHandle();
+}
+
+/// A child that waits until it is told to stop. It is gone when this is destroyed.
 class WaitingChild {
 public:
     std::wstring Arguments() const { return test::WaitArguments(startedName_, stopName_); }
     bool HasStarted() const { return WaitForSingleObject(started_.Get(), 20000) == WAIT_OBJECT_0; }
     void Stop() const { SetEvent(stop_.Get()); }
 
-    ~WaitingChild() { Stop(); }
+    ~WaitingChild() {
+        const base::ProcessHandle process = OpenChild();
+        Stop();
+        if (process) {
+            WaitForSingleObject(process.Get(), 20000);
+        }
+    }
 
 private:
     std::wstring startedName_ = test::UniqueName(L"FerryStarted");
@@ -84,24 +111,6 @@ TEST(RunAndWait, LimitOfZeroAsksAtOnceAndNoLetsTheProgramRun) {
     EXPECT_EQ(answer.get(), kQuestion);
     // It can only say so when it was not killed.
     EXPECT_TRUE(child.HasStarted());
-}
-
-/// A running child of this process, opened so that its end can be watched.
-base::ProcessHandle OpenChild() {
-    const base::FileHandle snapshot(CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
-    PROCESSENTRY32W entry{};
-    entry.dwSize = sizeof(entry);
-    for (BOOL found = Process32FirstW(snapshot.Get(), &entry); found;
-         found = Process32NextW(snapshot.Get(), &entry)) {
-        if (entry.th32ParentProcessID == GetCurrentProcessId()) {
-            base::ProcessHandle child(
-                OpenProcess(SYNCHRONIZE | PROCESS_QUERY_LIMITED_INFORMATION, FALSE, entry.th32ProcessID));
-            if (child && WaitForSingleObject(child.Get(), 0) == WAIT_TIMEOUT) {
-                return child;
-            }
-        }
-    }
-    return base::ProcessHandle();
 }
 
 TEST(RunAndWait, YesEndsTheProgramWithItsExitCode) {
