@@ -8,14 +8,15 @@ mkdir -p "$stamps"
 
 # files_of DATABASE: the project's own files in a compilation database.
 files_of() {
-    sed -n 's/^ *"file": "\(.*\)",\{0,1\}$/\1/p' "$1" | grep -E "^$PWD/(src|tools)/" | sort -u
+    sed -n 's/^ *"file": "\(.*\)",\{0,1\}$/\1/p' "$1" | grep -E "^$PWD/(src|tools)/.*\.cpp$" |
+        grep -v "^$PWD/tools/.*/tests/" | sort -u
 }
 
 files_of "$build/native/compile_commands.json" >"$stamps/portable"
 files_of "$build/mingw/compile_commands.json" | grep -vxFf "$stamps/portable" >"$stamps/windows" || true
 
 newest=$(find src tools .clang-tidy cmake/checks/lint.sh \( -name '*.h' -o -name '.clang-tidy' -o -name lint.sh \) \
-    -printf '%T@ %p\n' | sort -rn | head -n 1)
+    -printf '%T@ %p\n' | sort -rn | sed -n 1p)
 newest=${newest#* }
 
 # stale LIST: those files of the list that need reading.

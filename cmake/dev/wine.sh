@@ -170,6 +170,8 @@ open_wine() {
     if [ "$1" = caller ] && [ -n "${DISPLAY:-}" ]; then kind=caller; else start_display; fi
     [ -f "$wine_prefix/system.reg" ] || create_prefix
     "$wine_server" -p60 9>&- >/dev/null 2>&1 || true
+    # The first program starts the services of the prefix, which hold its output open as long as they live.
+    run_wine cmd.exe /c exit >/dev/null 2>&1 </dev/null || true
     apply_prefix_settings "$kind"
     register_fileop
     wine_is_open=1

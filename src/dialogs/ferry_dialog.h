@@ -37,8 +37,8 @@ private:
     void ShowModeLayout();
 
     // Deliveries of the host and drops.
-    framework::Answer OnDropFiles(WPARAM drop, LPARAM);
-    framework::Answer OnCopyData(WPARAM, LPARAM data);
+    framework::Answer OnDropFiles(WPARAM wParam, LPARAM);
+    framework::Answer OnCopyData(WPARAM, LPARAM lParam);
     framework::Answer OnRaiseTimer(WPARAM id, LPARAM);
     framework::Answer OnAreYouFerry(WPARAM, LPARAM) { return 1; }
     bool TakeDelivery(const COPYDATASTRUCT& data);

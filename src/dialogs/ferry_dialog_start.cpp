@@ -76,7 +76,7 @@ bool CFerryDlg::MakeRequest(transfer::TransferRequest& request) {
     }
     request.Destination = std::move(destination.Path);
     request.What = static_cast<transfer::Operation>(form_.Operation);
-    request.Settings = form_;
+    request.Settings = static_cast<const transfer::TransferSettings&>(form_);
     return true;
 }
 

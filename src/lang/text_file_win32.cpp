@@ -1,10 +1,10 @@
 #include "lang/text_file_win32.h"
 
 #include <share.h>
-#include <wchar.h>
 
 #include <array>
 #include <cstdio>
+#include <cwchar>
 #include <vector>
 
 #include "base/handles_win32.h"

@@ -5,7 +5,8 @@
 #include <oleauto.h>
 #include <shlobj.h>
 #include <shlwapi.h>
-#include <stdio.h>
+
+#include <cstdio>
 
 #include "base/handles_win32.h"
 #include "paths/folders_win32.h"

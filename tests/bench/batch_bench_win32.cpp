@@ -43,8 +43,8 @@ struct Stage {
 };
 
 constexpr Stage kStages[] = {
-    {"queue 2000 sources, against bare shell calls", L"abort@*", 20, ferry::fileop::kCancelled, 0},
-    {"batch of 2000 sources, against bare shell calls", L"", 4, S_OK, kSourceCount},
+    {"queue 2000 sources, against bare shell calls", L"abort@*", 8, ferry::fileop::kCancelled, 0},
+    {"batch of 2000 sources, against bare shell calls", L"", 3, S_OK, kSourceCount},
 };
 
 /// The calls that any program makes for a batch: one operation, two shell items per source.

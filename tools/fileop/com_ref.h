@@ -23,8 +23,14 @@ public:
     ComRef(const ComRef& other) noexcept : ComRef(other.object_) {}
     ComRef(ComRef&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
 
-    ComRef& operator=(ComRef other) noexcept {
-        std::swap(object_, other.object_);
+    ComRef& operator=(const ComRef& other) noexcept {
+        ComRef copy(other);
+        std::swap(object_, copy.object_);
+        return *this;
+    }
+    ComRef& operator=(ComRef&& other) noexcept {
+        ComRef taken(std::move(other));
+        std::swap(object_, taken.object_);
         return *this;
     }
 

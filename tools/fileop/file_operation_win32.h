@@ -18,6 +18,8 @@ namespace ferry::fileop {
 class FileOperation final : public IFileOperation {
 public:
     FileOperation() noexcept;
+    FileOperation(const FileOperation&) = delete;
+    FileOperation& operator=(const FileOperation&) = delete;
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) noexcept override;
     ULONG STDMETHODCALLTYPE AddRef() noexcept override;

@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <cstddef>
+#include <utility>
 #include <vector>
 
 #include "host_log_win32.h"
@@ -19,7 +20,7 @@ inline constexpr int kExitCannotMakeBlock = 121;
 /// Plays the host once, as `options` say.
 class HostSession {
 public:
-    HostSession(const HostOptions& options, HostLog& log) : options_(options), log_(log), window_(log) {}
+    HostSession(HostOptions options, HostLog& log) : options_(std::move(options)), log_(log), window_(log) {}
 
     /// Runs until the end that the options choose. The result is the host's exit code.
     int Run();

@@ -11,7 +11,7 @@ std::wstring TextOf(const COPYDATASTRUCT& data) {
     if (data.lpData == nullptr)
         return {};
     const auto* const begin = static_cast<const wchar_t*>(data.lpData);
-    return std::wstring(begin, std::find(begin, begin + data.cbData / sizeof(wchar_t), L'\0'));
+    return {begin, std::find(begin, begin + data.cbData / sizeof(wchar_t), L'\0')};
 }
 
 /// Messages that Ferry or its scripts post on purpose, and those that tell of the foreground.
