@@ -22,17 +22,14 @@ check_executable() {
     bash "$root/cmake/checks/executable.sh" "$build/app/Command/Ferry/Ferry.exe"
 }
 
-# The lint takes minutes and is asked for by name.
 command_check() {
     need build native fuzz check
     mkdir -p "$build"
     judge "layout (clang-format)" check_format
     judge "includes go down only" check_includes
     build_app
-    if [ "${1:-}" = lint ]; then
-        configure native
-        judge "lint (clang-tidy)" check_lint
-    fi
+    configure native
+    judge "lint (clang-tidy)" check_lint
     judge "the executable's flags and imports" check_executable
     judge "a short fuzz run" fuzz_all 5
     [ "$check_failed" = 0 ] || fail "a check failed; see the lines with FAILED above"
