@@ -69,7 +69,7 @@ std::optional<FaultRules::Rule> FaultRules::ParseRule(std::wstring_view text) {
 
     const auto at = text.find(L'@');
     const auto* const word = std::find_if(std::begin(kWords), std::end(kWords),
-                                   [&](const Word& each) { return each.Text == text.substr(0, at); });
+                                          [&](const Word& each) { return each.Text == text.substr(0, at); });
     if (at == std::wstring_view::npos || word == std::end(kWords)) {
         return std::nullopt;
     }
