@@ -29,6 +29,9 @@ Handle MakeJob() {
 
 ChildProcess::ChildProcess(const std::wstring& path, const std::vector<std::wstring>& arguments)
     : job_(MakeJob()) {
+    // Wine starts the process of its desktop for the first program that asks for it. It must not be a
+    // child of this one, whose job would take it down.
+    GetDesktopWindow();
     std::wstring line = Quoted(path);
     for (const std::wstring& argument : arguments) {
         line += L' ' + Quoted(argument);
