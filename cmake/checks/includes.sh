@@ -11,7 +11,9 @@ BEGIN {
     below["hostlink"] = below["settings"] = below["process"] = services
     # The language is a setting.
     below["lang"] = services " settings"
-    engines = services " hostlink lang settings process"
+    # The times of a file are asked for as any file is.
+    below["naming"] = services " process"
+    engines = services " hostlink lang settings process naming"
     below["transfer"] = below["script"] = engines
     # The framework knows nothing of Ferry, only the owners and texts of the lowest room.
     below["framework"] = "base"

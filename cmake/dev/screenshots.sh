@@ -1,7 +1,8 @@
-# ./dev screenshots: every dialog in both languages, for somebody to look at.
+# ./dev screenshots: every dialog in both languages, at 100 % and at 150 %, for somebody to look at.
 load run
 
 settings_key='HKCU\Software\Marrowby\Kiv\Main001\Settings'
+scaling_key='HKCU\Control Panel\Desktop'
 
 # One run that meets a name which exists, under the collision policy $1.
 picture_collision() {
@@ -22,26 +23,41 @@ picture_batch() {
     drive --log 'C:\FerryPictures.log' 'C:\FerryRun\destination' 'C:\FerryRun\source'
 }
 
+# picture_language LANGUAGE SCALE: the progress window stands beside the questions of the runs.
 picture_language() {
+    local name=$1-$2
     run_wine reg.exe add "$settings_key" /v NLS /d ".$1" /f >/dev/null
-    pictures=$1-batch; picture_batch || fail "the batch run did not end; see build/screenshots/$pictures-*.png"
-    pictures=$1-decide; picture_collision 7 || fail "the individual run did not end"
-    pictures=$1-rename; picture_collision 4 || fail "the renaming run did not end"
+    pictures=$name-batch; picture_batch || fail "the batch run did not end; see build/screenshots/$pictures-*.png"
+    pictures=$name-decide; picture_collision 7 || fail "the individual run did not end"
+    pictures=$name-rename; picture_collision 4 || fail "the renaming run did not end"
 }
 
+# scale_to PERCENT: of programs that start from now on.
+scale_to() {
+    run_wine reg.exe add "$scaling_key" /v LogPixels /t REG_DWORD /d $((96 * $1 / 100)) /f >/dev/null
+}
+
+undo_picture_settings() {
+    run_wine reg.exe delete "$settings_key" /v NLS /f
+    run_wine reg.exe delete "$scaling_key" /v LogPixels /f
+} >/dev/null 2>&1
+
 command_screenshots() {
-    local language
+    local language scale
     build_app
     open_wine virtual
     install_on_c Ferry
     FERRY_E2E_HOST=$(windows_path "$samplehost")
     export FERRY_E2E_HOST FERRY_E2E_APP='C:\Ferry'
     rm -f "$build"/screenshots/{ja-JP,en-US}-*.png
-    for language in ja-JP en-US; do
-        say "$language"
-        picture_language "$language"
+    at_end undo_picture_settings
+    for scale in 100 150; do
+        scale_to "$scale"
+        for language in ja-JP en-US; do
+            say "$language at $scale %"
+            picture_language "$language" "$scale"
+        done
     done
-    run_wine reg.exe delete "$settings_key" /v NLS /f >/dev/null
     say "pictures:"
     ls "$build/screenshots" | sed 's/^/   build\/screenshots\//'
 }

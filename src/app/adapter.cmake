@@ -6,9 +6,10 @@ if(WIN32)
         ${CMAKE_SOURCE_DIR}/res/app.rc
         ${CMAKE_SOURCE_DIR}/res/busy_dialog.rc
         ${CMAKE_SOURCE_DIR}/res/ferry_dialog.rc
-        ${CMAKE_SOURCE_DIR}/res/file_mode_dialog.rc)
+        ${CMAKE_SOURCE_DIR}/res/file_mode_dialog.rc
+        ${CMAKE_SOURCE_DIR}/res/input_dialog.rc)
     target_include_directories(Ferry PRIVATE ${CMAKE_SOURCE_DIR}/res ${CMAKE_BINARY_DIR}/res)
-    target_link_libraries(Ferry PRIVATE ferry_dialogs ferry_settings_win32 ferry_command_line)
+    target_link_libraries(Ferry PRIVATE ferry_dialogs ferry_naming_win32 ferry_settings_win32 ferry_command_line)
     if(MINGW)
         target_link_options(Ferry PRIVATE -municode $<$<CONFIG:Release>:-s>)
     else()

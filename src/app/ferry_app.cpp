@@ -19,6 +19,7 @@
 #include "hostlink/host_messages_win32.h"
 #include "hostlink/window_placement_win32.h"
 #include "lang/message_file_win32.h"
+#include "naming/clock_win32.h"
 #include "process/module_path_win32.h"
 #include "settings/registry_store_win32.h"
 
@@ -71,7 +72,8 @@ bool CFerryApp::InitInstance() {
     messageFile.Path();
     lang::Catalogue messages(messageFile);
     lang::DialogLocaliser localiser(settings, modulePath);
-    dialogs::Services services{host, settings, messages, localiser, *shell};
+    naming::SystemClock clock;
+    dialogs::Services services{host, settings, messages, localiser, *shell, clock};
     const HWND owner = host.WindowMode == hostlink::kOwnedWindowMode ? hostlink::FindHostWindow() : nullptr;
     dialogs::CFerryDlg dialog(services, OptionsOfThisProcess(), owner);
     dialog.DoModal();

@@ -48,9 +48,6 @@ constexpr int kIndividualOnly[] = {IDC_POLICY_GROUP, IDC_PRECISION_LABEL, IDC_PR
 
 constexpr const wchar_t* kPrecisions[] = {L"標準", L"±1秒は同一とみなす", L"±2秒は同一とみなす"};
 
-// Favourites and typed names are not offered yet; a disabled control says so.
-constexpr int kNotOffered[] = {IDC_FAVOURITES, IDC_POLICY_RENAME_INCOMING, IDC_POLICY_RENAME_EXISTING};
-
 // Menus take "&" for a mnemonic.
 std::wstring MenuText(std::wstring_view text) {
     return base::ReplaceAll(text, L"&", L"&&");
@@ -87,9 +84,8 @@ bool CFerryDlg::OnInitDialog() {
     const hostlink::HostData& host = services_.Host;
     const bool hostHandedData = !host.SelectedItems.IsEmpty() || !host.TabFolders.IsEmpty();
     EnableWindow(Item(IDOK), hostHandedData ? TRUE : FALSE);
-    for (const int id : kNotOffered) {
-        EnableWindow(Item(id), FALSE);
-    }
+    // Favourites are not offered yet; a disabled button says so.
+    EnableWindow(Item(IDC_FAVOURITES), FALSE);
     for (const wchar_t* precision : kPrecisions) {
         SendDlgItemMessageW(Handle(), IDC_PRECISION, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(precision));
     }

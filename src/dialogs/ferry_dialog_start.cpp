@@ -99,7 +99,7 @@ void CFerryDlg::RunTransfer(const transfer::TransferRequest& request) {
     }
     transfer::WindowsFileSystem fileSystem;
     ProgressWindow progress(services_, Handle(), request.What);
-    QuestionWindows questions(services_, progress);
+    QuestionWindows questions(services_, progress, Handle());
     transfer::IndividualRun(request, fileSystem, shell, questions, progress).Run();
 }
 

@@ -14,9 +14,6 @@ constexpr wchar_t kLastChoice[] = L"AfterSel";
 // The choices in the order of the collision policies.
 constexpr int kChoices[] = {1220, 1221, 1222, 1223, 1224, 1225, 1226};
 
-// Typed names are not offered yet.
-constexpr int kNotOffered[] = {1224, 1225};
-
 }  // namespace
 
 CDlgFileMode::CDlgFileMode(Services& services, HWND owner, std::wstring itemName)
@@ -24,9 +21,6 @@ CDlgFileMode::CDlgFileMode(Services& services, HWND owner, std::wstring itemName
 
 bool CDlgFileMode::OnInitDialog() {
     services_.Localiser.Localise(IDD_FILE_MODE, Handle());
-    for (const int id : kNotOffered) {
-        EnableWindow(Item(id), FALSE);
-    }
     form_.Choice = services_.Settings.ReadNumber(kLastChoice, 0);
     SetDlgItemTextW(Handle(), IDC_ITEM_NAME, form_.ItemName.c_str());
     framework::ExchangeFields(Handle(), form_,

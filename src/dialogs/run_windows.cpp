@@ -1,7 +1,10 @@
 #include "dialogs/run_windows.h"
 
 #include "base/message_box_win32.h"
+#include "base/text.h"
 #include "dialogs/file_mode_dialog.h"
+#include "dialogs/input_dialog.h"
+#include "ids.h"
 
 namespace ferry::dialogs {
 
@@ -61,9 +64,17 @@ transfer::CollisionAnswer QuestionWindows::AskCollision(std::wstring_view name) 
     return {endCode, dialog.Choice()};
 }
 
-// Without a way to type a name the item stays where it is: the answer of a cancelled dialog.
-transfer::NameAnswer QuestionWindows::AskNewName(transfer::RenameKind, std::wstring_view) {
-    return {};
+transfer::NameAnswer QuestionWindows::AskNewName(transfer::RenameKind kind, std::wstring_view path) {
+    CDlgInput dialog(services_, progress_.Window(), RenameCaption(kind), std::wstring(path));
+    const int endCode = dialog.DoModal();
+    return {endCode, dialog.Result()};
+}
+
+// The label of the policy that leads to the question, as the user read it there.
+std::wstring QuestionWindows::RenameCaption(transfer::RenameKind kind) const {
+    const int policy =
+        kind == transfer::RenameKind::Incoming ? IDC_POLICY_RENAME_INCOMING : IDC_POLICY_RENAME_EXISTING;
+    return base::ReplaceAll(framework::WindowText(GetDlgItem(confirmation_, policy)), L"&", L"");
 }
 
 void QuestionWindows::ShowError(std::uint16_t message) {

@@ -31,17 +31,21 @@ private:
 /// Asks the questions of a run in dialogs over the progress window.
 class QuestionWindows : public transfer::Questions {
 public:
-    /// The window may be gone when a question comes; then the dialogs have no owner.
-    QuestionWindows(Services& services, const ProgressWindow& progress) noexcept
-        : services_(services), progress_(progress) {}
+    /// The progress window may be gone when a question comes; then the dialogs have no owner.
+    /// The labels of `confirmation` caption the rename dialog.
+    QuestionWindows(Services& services, const ProgressWindow& progress, HWND confirmation) noexcept
+        : services_(services), progress_(progress), confirmation_(confirmation) {}
 
     transfer::CollisionAnswer AskCollision(std::wstring_view name) override;
     transfer::NameAnswer AskNewName(transfer::RenameKind kind, std::wstring_view path) override;
     void ShowError(std::uint16_t message) override;
 
 private:
+    std::wstring RenameCaption(transfer::RenameKind kind) const;
+
     Services& services_;
     const ProgressWindow& progress_;
+    HWND confirmation_;
 };
 
 }  // namespace ferry::dialogs

@@ -5,6 +5,7 @@
 #include "hostlink/host_data.h"
 #include "lang/catalogue.h"
 #include "lang/dialog_localiser_win32.h"
+#include "naming/clock.h"
 #include "settings/settings_store.h"
 
 namespace ferry::dialogs {
@@ -16,6 +17,7 @@ struct Services {
     lang::Catalogue& Messages;
     lang::DialogLocaliser& Localiser;
     framework::CShellManager& Shell;
+    naming::Clock& Clock;
 };
 
 /// Whether Shift is held at the moment of the message that is being handled: the user's wish to

@@ -20,6 +20,63 @@ void CListCtrl::FocusItem(int index) const noexcept {
     ListView_EnsureVisible(Handle(), index, FALSE);
 }
 
+void CEdit::ReplaceSelection(const std::wstring& text) const noexcept {
+    SendMessageW(Handle(), EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text.c_str()));
+}
+
+void CEdit::PlaceCaretAtEnd() const noexcept {
+    const int length = GetWindowTextLengthW(Handle());
+    SendMessageW(Handle(), EM_SETSEL, static_cast<WPARAM>(length), length);
+}
+
+void CEdit::FocusInDialog() const noexcept {
+    DWORD start = 0;
+    DWORD end = 0;
+    SendMessageW(Handle(), EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
+    // A plain SetFocus would leave the frame of the default button on the button that had the
+    // focus; this message moves it back, but selects the text on the way.
+    SendMessageW(GetParent(Handle()), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(Handle()), TRUE);
+    SendMessageW(Handle(), EM_SETSEL, start, static_cast<LPARAM>(end));
+    ScrollCaretIntoView();
+}
+
+void CComboBox::Append(const wchar_t* item) const noexcept {
+    SendMessageW(Handle(), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(item));
+}
+
+std::wstring CComboBox::ItemText(int index) const {
+    const auto item = static_cast<WPARAM>(index);
+    const LRESULT length = SendMessageW(Handle(), CB_GETLBTEXTLEN, item, 0);
+    if (length == CB_ERR) {
+        return {};
+    }
+    std::wstring text(static_cast<std::size_t>(length) + 1, L'\0');
+    const LRESULT copied = SendMessageW(Handle(), CB_GETLBTEXT, item, reinterpret_cast<LPARAM>(text.data()));
+    text.resize(copied == CB_ERR ? 0 : static_cast<std::size_t>(copied));
+    return text;
+}
+
+std::optional<std::wstring> CComboBox::SelectedText() const {
+    const LRESULT index = SendMessageW(Handle(), CB_GETCURSEL, 0, 0);
+    if (index == CB_ERR) {
+        return std::nullopt;
+    }
+    return ItemText(static_cast<int>(index));
+}
+
+void CComboBox::SelectItem(const std::wstring& text) const {
+    for (int index = 0; index < Count(); ++index) {
+        if (ItemText(index) == text) {
+            SendMessageW(Handle(), CB_SETCURSEL, static_cast<WPARAM>(index), 0);
+            return;
+        }
+    }
+}
+
+void CComboBox::SelectItemByPrefix(const std::wstring& text) const noexcept {
+    SendMessageW(Handle(), CB_SELECTSTRING, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(text.c_str()));
+}
+
 HWND CComboBoxEx::Edit() const noexcept {
     return reinterpret_cast<HWND>(SendMessageW(Handle(), CBEM_GETEDITCONTROL, 0, 0));
 }

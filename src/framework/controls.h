@@ -5,6 +5,7 @@
 #include <commctrl.h>
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "framework/window.h"
@@ -25,6 +26,46 @@ public:
 
     /// Makes `index` the focused and the selected item and scrolls it into view.
     void FocusItem(int index) const noexcept;
+};
+
+/// An edit field of one line.
+class CEdit : public CWnd {
+public:
+    /// Replaces the selected text, or inserts at the caret; the user can undo it.
+    void ReplaceSelection(const std::wstring& text) const noexcept;
+
+    void SelectAll() const noexcept { SendMessageW(Handle(), EM_SETSEL, 0, -1); }
+
+    /// Puts the caret behind the last character; nothing is selected then.
+    void PlaceCaretAtEnd() const noexcept;
+
+    void ScrollCaretIntoView() const noexcept { SendMessageW(Handle(), EM_SCROLLCARET, 0, 0); }
+
+    /// Gives the field the dialog's keyboard focus; selection and caret stay as they are, and
+    /// the caret comes into view.
+    void FocusInDialog() const noexcept;
+};
+
+/// A drop-down list.
+class CComboBox : public CWnd {
+public:
+    /// Appends an item.
+    void Append(const wchar_t* item) const noexcept;
+
+    int Count() const noexcept { return static_cast<int>(SendMessageW(Handle(), CB_GETCOUNT, 0, 0)); }
+
+    /// The text of item `index`; empty when there is none.
+    std::wstring ItemText(int index) const;
+
+    /// The selected item's text, or nothing when none is selected.
+    std::optional<std::wstring> SelectedText() const;
+
+    /// Selects the first item that is exactly `text`; without one the selection stays.
+    void SelectItem(const std::wstring& text) const;
+
+    /// Selects the first item that begins with `text`, letter case aside; without one the
+    /// selection stays.
+    void SelectItemByPrefix(const std::wstring& text) const noexcept;
 };
 
 /// An extended combo box with an edit field.

@@ -10,6 +10,7 @@ ferry_test(ferry_e2e
     SOURCES
         batch_test.cpp
         command_line_test.cpp
+        decide_test.cpp
         delivery_test.cpp
         drop_test.cpp
         fault_test.cpp
@@ -21,6 +22,9 @@ ferry_test(ferry_e2e
         instance_test.cpp
         language_test.cpp
         planted_test.cpp
+        progress_test.cpp
+        rename_keyboard_test.cpp
+        rename_test.cpp
         start_test.cpp
         window_mode_test.cpp
     LINK e2e_driver)

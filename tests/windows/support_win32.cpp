@@ -37,6 +37,9 @@ void RemoveTree(const std::wstring& folder) {
     RemoveDirectoryW(folder.c_str());
 }
 
+// The control with a message box's text; a dialog of the program has none of this number.
+constexpr int kBoxTextId = 0xFFFF;
+
 struct BoxSearch {
     HWND Box = nullptr;
 };
@@ -46,7 +49,8 @@ BOOL CALLBACK TakeBox(HWND window, LPARAM parameter) noexcept {
     GetWindowThreadProcessId(window, &process);
     wchar_t name[16] = {};
     GetClassNameW(window, name, 16);
-    if (process != GetCurrentProcessId() || std::wcscmp(name, L"#32770") != 0 || !IsWindowVisible(window)) {
+    if (process != GetCurrentProcessId() || std::wcscmp(name, L"#32770") != 0 || !IsWindowVisible(window) ||
+        GetDlgItem(window, kBoxTextId) == nullptr) {
         return TRUE;
     }
     reinterpret_cast<BoxSearch*>(parameter)->Box = window;

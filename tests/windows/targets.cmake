@@ -5,6 +5,7 @@ ferry_test(ferry_windows_tests
         hostlink_win32_test.cpp
         lang_win32_test.cpp
         main_win32.cpp
+        naming_win32_test.cpp
         paths_win32_test.cpp
         process_win32_test.cpp
         recording_operation_win32.cpp
@@ -14,5 +15,25 @@ ferry_test(ferry_windows_tests
         transfer_win32_test.cpp
         window_placement_win32_test.cpp
     LINK
-        ferry_hostlink_win32 ferry_lang_win32 ferry_paths_win32 ferry_process_win32
-        ferry_settings_win32 ferry_transfer_win32 comctl32)
+        ferry_hostlink_win32 ferry_lang_win32 ferry_naming_win32 ferry_paths_win32
+        ferry_process_win32 ferry_settings_win32 ferry_transfer_win32 comctl32)
+
+# The dialogs, driven in-process. They look their templates up in the executable.
+ferry_test(ferry_dialogs_test
+    SOURCES
+        dialog_world_win32.cpp
+        dialogs.rc
+        input_dialog_edits_win32_test.cpp
+        input_dialog_layout_win32_test.cpp
+        input_dialog_win32_test.cpp
+        run_dialogs_win32_test.cpp
+        support_win32.cpp
+        ${CMAKE_SOURCE_DIR}/res/busy_dialog.rc
+        ${CMAKE_SOURCE_DIR}/res/file_mode_dialog.rc
+        ${CMAKE_SOURCE_DIR}/res/input_dialog.rc
+    LINK ferry_dialogs ferry_naming_win32)
+target_include_directories(ferry_dialogs_test PRIVATE ${CMAKE_SOURCE_DIR}/res)
+if(MSVC)
+    # The manifest comes from the resources.
+    target_link_options(ferry_dialogs_test PRIVATE /MANIFEST:NO)
+endif()

@@ -6,6 +6,7 @@
 #include "e2e/driver/keys.h"
 #include "e2e/driver/message_box.h"
 #include "e2e/driver/poll.h"
+#include "e2e/driver/run_dialogs.h"
 
 namespace ferry::rundriver {
 namespace {
@@ -47,6 +48,21 @@ BOOL CALLBACK VisitWindow(HWND window, LPARAM parameter) {
         }
     }
     return TRUE;
+}
+
+void MoveTo(HWND window, int left, int top) {
+    SetWindowPos(window, nullptr, left, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+/// The question would lie over the progress window; this way a picture shows both.
+void PlaceBesideProgress(HWND question, DWORD processId) {
+    const e2e::RemoteDialog progress = e2e::FindRunDialog(processId, e2e::RunDialog::Progress);
+    if (!progress.IsOpen())
+        return;
+    MoveTo(progress.Window(), 0, 0);
+    RECT place = {};
+    GetWindowRect(progress.Window(), &place);
+    MoveTo(question, place.right, 0);
 }
 
 bool Complain(const char* what) {
@@ -116,6 +132,8 @@ bool WatchedRun::AnswerWhatIsAsked() {
     EnumWindows(VisitWindow, reinterpret_cast<LPARAM>(&search));  // stops early when found
     if (search.Window == nullptr)
         return false;
+    if (wishes_.PausesAt)
+        PlaceBesideProgress(search.Window, run_.FerryId());
     std::printf("a question was answered by skipping: %s\n", search.Asked->Name);
     Pause(search.Asked->Name);
     PostMessageW(GetDlgItem(search.Window, search.Asked->Answer), BM_CLICK, 0, 0);

@@ -1,0 +1,89 @@
+#include "e2e/driver/run_dialogs.h"
+
+#include "e2e/driver/keys.h"
+#include "e2e/driver/message_box.h"
+#include "e2e/driver/poll.h"
+
+namespace ferry::e2e {
+namespace {
+
+/// A control that only this dialog has.
+int TellingControl(RunDialog kind) {
+    switch (kind) {
+        case RunDialog::Collision:
+            return ChoiceControl(6);
+        case RunDialog::Rename:
+            return 1108;
+        default:
+            return 1290;
+    }
+}
+
+struct DialogSearch {
+    DWORD ProcessId;
+    int TellingControl;
+    HWND Found = nullptr;
+};
+
+BOOL CALLBACK VisitWindow(HWND window, LPARAM parameter) {
+    auto& search = *reinterpret_cast<DialogSearch*>(parameter);
+    DWORD owner = 0;
+    GetWindowThreadProcessId(window, &owner);
+    if (owner != search.ProcessId || !IsWindowVisible(window) ||
+        GetDlgItem(window, search.TellingControl) == nullptr)
+        return TRUE;
+    search.Found = window;
+    return FALSE;
+}
+
+}  // namespace
+
+RemoteDialog FindRunDialog(DWORD processId, RunDialog kind) {
+    DialogSearch search{processId, TellingControl(kind)};
+    EnumWindows(VisitWindow, reinterpret_cast<LPARAM>(&search));  // stops early when found
+    return RemoteDialog(search.Found);
+}
+
+RemoteDialog WaitForRunDialog(DWORD processId, RunDialog kind) {
+    RemoteDialog dialog;
+    WaitUntil([&] { return (dialog = FindRunDialog(processId, kind)).IsOpen(); });
+    if (dialog.IsOpen() && kind != RunDialog::Progress && !TakeForeground(dialog.Window()))
+        return {};
+    return dialog;
+}
+
+bool WaitUntilGone(const RemoteDialog& dialog) {
+    return WaitUntil([&] { return !dialog.IsOpen() || !IsWindowVisible(dialog.Window()); });
+}
+
+HWND FocusOf(HWND window) {
+    GUITHREADINFO info = {};
+    info.cbSize = sizeof(info);
+    GetGUIThreadInfo(GetWindowThreadProcessId(window, nullptr), &info);
+    return info.hwndFocus;
+}
+
+std::wstring NamesIn(const RemoteDialog& rename) {
+    return rename.Text(kNewName) + L"|" + rename.Text(kExtension);
+}
+
+bool TypeNewName(const RemoteDialog& rename, const std::wstring& text) {
+    if (!TakeForeground(rename.Window()) || !rename.WaitForFocus(rename.Control(kNewName)))
+        return false;
+    if (text.empty())
+        PressKey(VK_DELETE);
+    TypeText(text);
+    if (!WaitUntil([&] { return rename.Text(kNewName) == text; }))
+        return false;
+    PressKey(VK_RETURN);
+    return WaitUntilGone(rename);
+}
+
+bool PressEscapeIn(const RemoteDialog& dialog) {
+    if (!TakeForeground(dialog.Window()))
+        return false;
+    PressKey(VK_ESCAPE);
+    return WaitUntilGone(dialog);
+}
+
+}  // namespace ferry::e2e

@@ -1,0 +1,119 @@
+// The progress window: what it shows, who has the keyboard, and the way to stop a run.
+#include "e2e/driver/message_file.h"
+#include "e2e/run_fixture.h"
+
+namespace ferry::e2e {
+namespace {
+
+class ProgressOfARun : public AskingRun {
+protected:
+    /// Starts a run of three files whose second takes long, and waits until it is at work.
+    testing::AssertionResult StartSlowly(std::vector<std::wstring> switches = {}) {
+        SetVariable(L"FERRY_FILEOP_FAULTS", L"slow@2:1500");
+        Tree().MakeFolder(L"先");
+        if (const auto started = Start({Free(L"a.txt"), Free(L"b.txt"), Free(L"c.txt")}, 3, switches);
+            !started)
+            return started;
+        if (!ProgressWindow().IsOpen() || !WaitUntil([this] { return FlagsIn(FileOps()).size() == 2; }))
+            return testing::AssertionFailure() << "the run does not begin";
+        return testing::AssertionSuccess();
+    }
+
+    bool OnlyTheThirdIsMissing() const {
+        return At(L"a.txt") == "incoming" && At(L"b.txt") == "incoming" && !Exists(Tree().Path(L"先\\c.txt"));
+    }
+};
+
+TEST_F(ProgressOfARun, ShowsTheOperationAndTheLastItem) {
+    for (const auto& [flag, number] : {std::pair{L"/c", 5954}, std::pair{L"/m", 5953}}) {
+        ASSERT_TRUE(Start({Free(L"a.txt"), Colliding(L"b.txt")}, kRenameIncoming, {flag}));
+        ASSERT_TRUE(Rename().IsOpen());
+        const RemoteDialog progress = ProgressWindow();
+        EXPECT_EQ(progress.Title(), L"進捗状況");
+        EXPECT_EQ(progress.Text(kProgressTitle), InstalledMessage(AppFolder(), number));
+        EXPECT_EQ(progress.Text(kProgressItem), L"a.txt");
+        EXPECT_EQ(progress.Text(kCancel), L"中止(&C)");
+        EXPECT_TRUE(progress.IsShown(kCancel));
+        ASSERT_TRUE(PressEscapeIn(Rename()));
+        ASSERT_TRUE(Ends());
+        RemoveAll(Tree().Path(L"先"));
+    }
+}
+
+TEST_F(ProgressOfARun, TheConfirmationDialogIsHiddenAndDisabledMeanwhile) {
+    ASSERT_TRUE(Start({Colliding(L"a.txt")}, kRenameIncoming));
+    ASSERT_TRUE(Rename().IsOpen());
+    EXPECT_FALSE(IsWindowVisible(Dialog().Window()));
+    EXPECT_FALSE(IsWindowEnabled(Dialog().Window()));
+    EXPECT_EQ(GetWindow(ProgressWindow().Window(), GW_OWNER), Dialog().Window());
+}
+
+TEST_F(ProgressOfARun, AQuestionLiesOverItAndKeepsItFromBeingStopped) {
+    ASSERT_TRUE(Start({Colliding(L"a.txt"), Colliding(L"b.txt")}, kAskEach));
+    const RemoteDialog question = Collision();
+    const RemoteDialog progress = ProgressWindow();
+    EXPECT_EQ(GetWindow(question.Window(), GW_OWNER), progress.Window());
+    EXPECT_FALSE(IsWindowEnabled(progress.Window()));
+    ASSERT_TRUE(question.Choose(ChoiceControl(kRenameIncoming)));
+    question.Click(kStart);
+    const RemoteDialog rename = Rename();
+    EXPECT_EQ(GetWindow(rename.Window(), GW_OWNER), progress.Window());
+    EXPECT_FALSE(IsWindowEnabled(progress.Window()));
+}
+
+TEST_F(ProgressOfARun, TheFocusComesBackToItWhenAQuestionCloses) {
+    SetVariable(L"FERRY_FILEOP_FAULTS", L"slow@1:1500");
+    for (const int policy : {kRenameIncoming, kAskEach}) {
+        ASSERT_TRUE(Start({Colliding(L"a.txt")}, policy));
+        if (policy == kAskEach) {
+            const RemoteDialog question = Collision();
+            ASSERT_TRUE(question.Choose(ChoiceControl(3)));
+            ASSERT_TRUE(question.PressWithKeys(kStart));
+            ASSERT_TRUE(WaitUntilGone(question));
+        } else {
+            ASSERT_TRUE(TypeNewName(Rename(), L"b"));
+        }
+        const RemoteDialog progress = ProgressWindow();
+        ASSERT_TRUE(progress.IsOpen());
+        EXPECT_TRUE(WaitUntil([&] { return GetForegroundWindow() == progress.Window(); }));
+        EXPECT_TRUE(progress.WaitForFocus(progress.Control(kCancel)));
+        EXPECT_TRUE(IsWindowEnabled(progress.Window()));
+        ASSERT_TRUE(Ends());
+    }
+}
+
+TEST_F(ProgressOfARun, EscapeDuringALongFileTakesEffectBeforeTheNextOne) {
+    ASSERT_TRUE(StartSlowly());
+    ASSERT_TRUE(TakeForeground(ProgressWindow().Window()));
+    PressKey(VK_ESCAPE);
+    ASSERT_TRUE(Ends());
+    EXPECT_TRUE(OnlyTheThirdIsMissing());
+}
+
+TEST_F(ProgressOfARun, TheStopButtonDoesTheSame) {
+    ASSERT_TRUE(StartSlowly());
+    ProgressWindow().Click(kCancel);
+    ASSERT_TRUE(Ends());
+    EXPECT_TRUE(OnlyTheThirdIsMissing());
+}
+
+TEST_F(ProgressOfARun, AStoppedMoveKeepsWhatHasNotMoved) {
+    ASSERT_TRUE(StartSlowly({L"/m"}));
+    ProgressWindow().Click(kCancel);
+    ASSERT_TRUE(Ends());
+    EXPECT_TRUE(OnlyTheThirdIsMissing());
+    EXPECT_EQ(NamesBelow(L"元"), L"c.txt");
+}
+
+TEST_F(ProgressOfARun, OtherKeysDoNotStopIt) {
+    ASSERT_TRUE(StartSlowly());
+    ASSERT_TRUE(TakeForeground(ProgressWindow().Window()));
+    for (const WORD key : {WORD{VK_TAB}, WORD{VK_LEFT}, WORD{'X'}}) {
+        PressKey(key);
+    }
+    ASSERT_TRUE(Ends());
+    EXPECT_EQ(NamesBelow(L"先"), L"a.txt b.txt c.txt");
+}
+
+}  // namespace
+}  // namespace ferry::e2e

@@ -1,0 +1,107 @@
+// Dates and their formats, beside those of the C library.
+#include "naming/date_format.h"
+
+#include <array>
+#include <cstring>
+#include <ctime>
+#include <cwchar>
+
+#include "fuzz_input.h"
+
+namespace {
+
+using namespace ferry;
+using fuzz::Require;
+
+/// Six fields of 32 bits; small ones where the first byte says so, since most numbers make no date.
+naming::CalendarFields TakeFields(const std::uint8_t* data) {
+    std::array<std::int32_t, 6> numbers{};
+    std::memcpy(numbers.data(), data + 1, sizeof numbers);
+    if (data[0] % 4 != 0) {
+        constexpr std::array<std::uint32_t, 6> kRanges{10100, 14, 33, 26, 62, 62};
+        for (std::size_t i = 0; i < numbers.size(); ++i) {
+            numbers[i] = static_cast<std::int32_t>(static_cast<std::uint32_t>(numbers[i]) % kRanges[i]);
+        }
+    }
+    return {numbers[0], numbers[1], numbers[2], numbers[3], numbers[4], numbers[5]};
+}
+
+/// The fields as the C library counts them; its record has the weekday and the day of the year.
+std::tm CountByLibrary(const naming::CalendarFields& fields) {
+    std::tm record{};
+    record.tm_year = fields.Year - 1900;
+    record.tm_mon = fields.Month - 1;
+    record.tm_mday = fields.Day;
+    record.tm_hour = fields.Hour;
+    record.tm_min = fields.Minute;
+    record.tm_sec = fields.Second;
+    const std::time_t instant = timegm(&record);
+    std::tm counted{};
+    gmtime_r(&instant, &counted);
+    counted.tm_isdst = 0;
+    return counted;
+}
+
+naming::CalendarFields FieldsOf(const std::tm& record) {
+    return {record.tm_year + 1900, record.tm_mon + 1, record.tm_mday,
+            record.tm_hour,        record.tm_min,     record.tm_sec};
+}
+
+/// Whether every conversion of `format` is one of C90 that all C libraries know for `year`.
+bool IsKnown(std::wstring_view format, int year) {
+    const std::wstring_view known = year < 1900 ? L"aAbBdHIjmMpSUwWXyYZ%" : L"aAbBcdHIjmMpSUwWxXyYZ%";
+    for (std::size_t at = format.find(L'%'); at != std::wstring_view::npos; at = format.find(L'%', at + 2)) {
+        if (at + 1 == format.size() || known.find(format[at + 1]) == std::wstring_view::npos) {
+            return false;
+        }
+    }
+    return true;
+}
+
+/// The text by the C library; it needs a format without a NUL.
+std::wstring FormatByLibrary(std::tm record, std::wstring_view format) {
+    record.tm_zone = nullptr;
+    std::array<wchar_t, naming::kDateTextCapacity> text{};
+    return {text.data(), std::wcsftime(text.data(), text.size(), std::wstring(format).c_str(), &record)};
+}
+
+void CheckFormat(const naming::DateTimeValue& value, std::wstring_view format) {
+    const std::wstring text = naming::FormatDateTime(value, format);
+    Require(text.size() < naming::kDateTextCapacity, "a text has room for its terminator");
+    Require(naming::FormatDateTime({}, format).empty(), "no value, no text");
+    if (value.Status == naming::DateTimeStatus::Invalid) {
+        Require(text == L"Invalid DateTime", "an invalid value says so");
+        return;
+    }
+    if (!IsKnown(format, value.Fields.Year)) {
+        Require(text.empty(), "an unknown conversion gives nothing");
+        return;
+    }
+    // The C library writes years of three digits without a zero.
+    if (format.find(L'\0') == std::wstring_view::npos && value.Fields.Year >= 1000) {
+        Require(text == FormatByLibrary(CountByLibrary(value.Fields), format), "the C library's text");
+    }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    constexpr std::size_t kFieldsSize = 1 + 6 * sizeof(std::int32_t);
+    if (size < kFieldsSize) {
+        return 0;
+    }
+    const naming::CalendarFields fields = TakeFields(data);
+    const fuzz::ExactUnits format(fuzz::UnitsOf(data + kFieldsSize, size - kFieldsSize));
+    const naming::DateTimeValue value = naming::ToDateTime(fields);
+    // Beyond these years the C library's own numbers overflow.
+    if (fields.Year >= 0 && fields.Year <= 20000 && fields.Month > -1000 && fields.Month < 1000) {
+        const bool isSame = FieldsOf(CountByLibrary(fields)) == fields;
+        Require((value.Status == naming::DateTimeStatus::Valid) ==
+                    (isSame && fields.Year >= 100 && fields.Year <= 9999),
+                "valid is what counts back to itself");
+    }
+    CheckFormat(value, format.View());
+    CheckFormat(naming::ToFileDateTime(fields), format.View());
+    CheckFormat(naming::ZeroDateTime(), format.View());
+    return 0;
+}

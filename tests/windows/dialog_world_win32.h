@@ -1,0 +1,105 @@
+// What a dialog needs around it when a test opens it without the program.
+#pragma once
+
+#include <windows.h>
+
+#include <initializer_list>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "dialogs/services.h"
+
+namespace ferry::test {
+
+/// Settings in memory. It keeps the names of the written values in their order.
+class MemoryStore : public settings::SettingsStore {
+public:
+    std::wstring ReadText(std::wstring_view name, std::wstring_view defaultText) override;
+    std::uint32_t ReadNumber(std::wstring_view name, std::uint32_t defaultNumber) override;
+    bool WriteText(std::wstring_view name, std::wstring_view text) override;
+    bool WriteNumber(std::wstring_view name, std::uint32_t number) override;
+    std::wstring ReadHostText(std::wstring_view, std::wstring_view defaultText) override {
+        return std::wstring(defaultText);
+    }
+    std::uint32_t ReadHostNumber(std::wstring_view) override { return 0; }
+    bool WriteTextToKey(std::wstring_view, std::wstring_view, std::wstring_view) override { return false; }
+    bool WriteNumberToKey(std::wstring_view, std::wstring_view, std::uint32_t) override { return false; }
+
+    std::map<std::wstring, std::wstring> Texts;
+    std::map<std::wstring, std::uint32_t> Numbers;
+    std::vector<std::wstring> Writes;
+};
+
+/// It is always the same moment, and every item has the same times.
+class StandingClock : public naming::Clock {
+public:
+    naming::CalendarFields Now() override { return {2024, 5, 1, 12, 34, 56}; }
+    std::optional<naming::CalendarFields> ItemTime(std::wstring_view path,
+                                                   naming::DateSource source) override;
+
+    std::wstring AskedPath;  ///< The item of the last question.
+};
+
+/// A message file that is not there.
+class NoMessages : public lang::CatalogueSource {
+public:
+    std::optional<std::wstring> ReadMessageFile() override { return std::nullopt; }
+    void ReportCannotOpen() override {}
+};
+
+/// The program's services, as a dialog in Japanese meets them on a fresh machine.
+class DialogWorld {
+public:
+    DialogWorld();
+    ~DialogWorld();
+    DialogWorld(const DialogWorld&) = delete;
+    DialogWorld& operator=(const DialogWorld&) = delete;
+
+    MemoryStore Store;
+    StandingClock Clock;
+
+    /// The services with `clock` in the place of the standing one.
+    dialogs::Services ServicesWith(naming::Clock& clock);
+    dialogs::Services& Services() { return services_; }
+
+private:
+    hostlink::HostData host_;
+    NoMessages messageFile_;
+    lang::Catalogue messages_{messageFile_};
+    lang::DialogLocaliser localiser_{Store, L"C:\\nowhere\\Ferry.exe"};
+    framework::CShellManager shell_;
+    dialogs::Services services_;
+};
+
+/// Makes this thread believe that these keys, and no others, are held.
+void HoldKeys(std::initializer_list<int> keys);
+
+/// Clicks a button or a check box of `dialog`, as the mouse would, and waits for the effect.
+void Click(HWND dialog, int id);
+
+/// The text of control `id`.
+std::wstring TextOfControl(HWND dialog, int id);
+
+bool IsShown(HWND dialog, int id);
+
+/// Answers a modal dialog from inside its own loop: `Dialog` is one of the program's classes.
+template <class Dialog>
+class SelfAnswering : public Dialog {
+public:
+    using Dialog::Dialog;
+
+    /// Posted as a click on this button when the dialog has opened.
+    int Button = IDCANCEL;
+
+protected:
+    bool OnInitDialog() override {
+        const bool choosesFocus = Dialog::OnInitDialog();
+        PostMessageW(this->Handle(), WM_COMMAND, MAKEWPARAM(Button, BN_CLICKED), 0);
+        return choosesFocus;
+    }
+};
+
+}  // namespace ferry::test

@@ -1,0 +1,224 @@
+// The clock of the system, and names under its C library.
+#include <windows.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <clocale>
+#include <cwchar>
+#include <optional>
+#include <string>
+
+#include "base/handles_win32.h"
+#include "base/utf16.h"
+#include "naming/clock_win32.h"
+#include "naming/date_format.h"
+#include "naming/name_edits.h"
+#include "naming/scan.h"
+#include "windows/support_win32.h"
+
+namespace ferry::naming {
+namespace {
+
+using test::TempFolder;
+
+CalendarFields FieldsOf(const SYSTEMTIME& time) {
+    return {time.wYear, time.wMonth, time.wDay, time.wHour, time.wMinute, time.wSecond};
+}
+
+/// The file time of a local date and time, counted by the system.
+FILETIME FileTimeAt(const CalendarFields& fields) {
+    SYSTEMTIME time{};
+    time.wYear = static_cast<WORD>(fields.Year);
+    time.wMonth = static_cast<WORD>(fields.Month);
+    time.wDay = static_cast<WORD>(fields.Day);
+    time.wHour = static_cast<WORD>(fields.Hour);
+    time.wMinute = static_cast<WORD>(fields.Minute);
+    time.wSecond = static_cast<WORD>(fields.Second);
+    FILETIME local{};
+    FILETIME utc{};
+    EXPECT_TRUE(SystemTimeToFileTime(&time, &local));
+    EXPECT_TRUE(LocalFileTimeToFileTime(&local, &utc));
+    return utc;
+}
+
+constexpr CalendarFields kWritten{2024, 2, 29, 23, 59, 58};
+constexpr CalendarFields kRead{2031, 12, 31, 12, 30, 1};
+
+/// Gives the item at `path` both times that every file system here keeps as they are set.
+void SetTimes(const std::wstring& path) {
+    const base::FileHandle item(CreateFileW(path.c_str(), FILE_WRITE_ATTRIBUTES, 0, nullptr, OPEN_EXISTING,
+                                            FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+    ASSERT_TRUE(item) << GetLastError();
+    const FILETIME written = FileTimeAt(kWritten);
+    const FILETIME read = FileTimeAt(kRead);
+    ASSERT_TRUE(SetFileTime(item.Get(), nullptr, &read, &written));
+}
+
+/// What is added to UTC for local time at present, in minutes.
+LONG OffsetMinutes() {
+    TIME_ZONE_INFORMATION zone{};
+    const DWORD season = GetTimeZoneInformation(&zone);
+    const LONG seasonBias = season == TIME_ZONE_ID_DAYLIGHT   ? zone.DaylightBias
+                            : season == TIME_ZONE_ID_STANDARD ? zone.StandardBias
+                                                              : 0;
+    return -(zone.Bias + seasonBias);
+}
+
+TEST(SystemClock, TellsTheLocalTime) {
+    SystemClock clock;
+    // Again when the second changes between the looks.
+    for (int attempt = 0; attempt < 100; ++attempt) {
+        SYSTEMTIME before{};
+        SYSTEMTIME after{};
+        GetLocalTime(&before);
+        const CalendarFields now = clock.Now();
+        GetLocalTime(&after);
+        if (FieldsOf(before) == FieldsOf(after)) {
+            EXPECT_EQ(now, FieldsOf(before));
+            EXPECT_EQ(ToDateTime(now).Status, DateTimeStatus::Valid);
+            return;
+        }
+    }
+    FAIL() << "the second changed each time";
+}
+
+TEST(SystemClock, TellsTheTimesOfAFileInLocalTime) {
+    const TempFolder folder;
+    const std::wstring file = folder / L"資料.txt";
+    test::WriteUnits(file, L"x");
+    ASSERT_NO_FATAL_FAILURE(SetTimes(file));
+    SystemClock clock;
+    EXPECT_EQ(clock.ItemTime(file, DateSource::Modified), kWritten);
+    EXPECT_EQ(clock.ItemTime(file, DateSource::Accessed), kRead);
+    EXPECT_EQ(InsertedText(clock, DateSource::Modified, file, L"%Y年%m月%d日 %H時%M分%S秒"),
+              L"2024年02月29日 23時59分58秒");
+}
+
+TEST(SystemClock, TellsTheTimesOfAFolderAndOfALongPath) {
+    const TempFolder folder;
+    SystemClock clock;
+    const std::wstring item = folder.LongFolder() + L"\\資料";
+    test::MakeFolders(item);
+    ASSERT_NO_FATAL_FAILURE(SetTimes(L"\\\\?\\" + item));
+    EXPECT_EQ(clock.ItemTime(item, DateSource::Modified), kWritten);
+    EXPECT_EQ(clock.ItemTime(item, DateSource::Accessed), kRead);
+}
+
+TEST(SystemClock, TellsWhenAFileWasCreated) {
+    const TempFolder folder;
+    const std::wstring file = folder / L"new.txt";
+    test::WriteUnits(file, L"x");
+    ASSERT_NO_FATAL_FAILURE(SetTimes(file));
+    // The system is asked by the open file, not by a search.
+    FILETIME created{};
+    {
+        const base::FileHandle open(
+            CreateFileW(file.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
+        ASSERT_TRUE(open);
+        ASSERT_TRUE(GetFileTime(open.Get(), &created, nullptr, nullptr));
+    }
+    SystemClock clock;
+    const std::optional<CalendarFields> fields = clock.ItemTime(file, DateSource::Created);
+    ASSERT_TRUE(fields);
+    const FILETIME answered = FileTimeAt(*fields);
+    const auto seconds = [](const FILETIME& time) {
+        return (static_cast<unsigned long long>(time.dwHighDateTime) << 32 | time.dwLowDateTime) /
+               10'000'000U;
+    };
+    EXPECT_EQ(seconds(answered), seconds(created));
+}
+
+TEST(SystemClock, TakesAnItemThatHasVanishedForOneOfTheFileTimeZero) {
+    const TempFolder folder;
+    SystemClock clock;
+    const LONG offset = OffsetMinutes();
+    for (const DateSource source : {DateSource::Created, DateSource::Modified, DateSource::Accessed}) {
+        const auto fields = clock.ItemTime(folder / L"vanished", source);
+        const std::wstring text = InsertedText(clock, source, folder / L"vanished", L"%Y-%m-%d");
+        // Zero less the offset is no file time where local time is behind UTC.
+        const LONG minutes = std::max(offset, 0L);
+        const CalendarFields expected{
+            1601, 1, 1, static_cast<int>(minutes / 60), static_cast<int>(minutes % 60), 0};
+        EXPECT_EQ(fields, expected);
+        EXPECT_EQ(text, L"1900-01-01");
+    }
+}
+
+TEST(SystemClock, KeepsNoHoldOfWhatItLookedAt) {
+    const TempFolder folder;
+    const std::wstring inner = folder / L"inner";
+    test::MakeFolders(inner);
+    test::WriteUnits(inner + L"\\file", L"x");
+    SystemClock clock;
+    EXPECT_TRUE(clock.ItemTime(inner + L"\\file", DateSource::Modified));
+    EXPECT_TRUE(DeleteFileW((inner + L"\\file").c_str()));
+    EXPECT_TRUE(RemoveDirectoryW(inner.c_str()));
+}
+
+/// The C library in the locale `name`, for as long as this lives.
+class LocaleInForce {
+public:
+    explicit LocaleInForce(const char* name)
+        : before_(std::setlocale(LC_ALL, nullptr)), isSet_(std::setlocale(LC_ALL, name) != nullptr) {}
+    ~LocaleInForce() { std::setlocale(LC_ALL, before_.c_str()); }
+
+    LocaleInForce(const LocaleInForce&) = delete;
+    LocaleInForce& operator=(const LocaleInForce&) = delete;
+
+    bool IsSet() const { return isSet_; }
+
+private:
+    std::string before_;
+    bool isSet_;
+};
+
+TEST(FormatDateTime, NamesWeekdaysAndHalvesOfTheDayInTheLocale) {
+    const LocaleInForce locale("Japanese_Japan.932");
+    ASSERT_TRUE(locale.IsSet());
+    const DateTimeValue mayDay = ToDateTime({2024, 5, 1, 15, 4, 9});
+    EXPECT_EQ(base::ToUtf8(FormatDateTime(mayDay, L"%a")), base::ToUtf8(L"水"));
+    EXPECT_EQ(base::ToUtf8(FormatDateTime(mayDay, L"%A")), base::ToUtf8(L"水曜日"));
+    EXPECT_EQ(base::ToUtf8(FormatDateTime(mayDay, L"%p%I時%M分%S秒")), base::ToUtf8(L"午後03時04分09秒"));
+}
+
+TEST(FormatDateTime, CopiesJapaneseTextInEveryLocale) {
+    const DateTimeValue mayDay = ToDateTime({2024, 5, 1, 15, 4, 9});
+    for (const char* name : {"C", "English_United States.1252", "Japanese_Japan.932", ""}) {
+        const LocaleInForce locale(name);
+        EXPECT_TRUE(locale.IsSet()) << name;
+        EXPECT_EQ(FormatDateTime(mayDay, L"%Y年%m月%d日 ～ \xD83D\xDE00"), L"2024年05月01日 ～ \xD83D\xDE00")
+            << name;
+    }
+}
+
+TEST(FormatDateTime, AsksTheCLibraryForNothingThatItRefuses) {
+    for (const char* name : {"C", "Japanese_Japan.932"}) {
+        const LocaleInForce locale(name);
+        for (const int year : {100, 1899, 1900, 2024, 9999}) {
+            const std::wstring_view conversions =
+                year < 1900 ? L"aAbBdHIjmMpSUwWXyY%" : L"aAbBcdHIjmMpSUwWxXyY%";
+            for (const wchar_t conversion : conversions) {
+                const std::wstring format{L'%', conversion};
+                EXPECT_NE(FormatDateTime(ToDateTime({year, 12, 30, 1, 2, 3}), format), L"")
+                    << name << ' ' << year << ' ' << base::ToUtf8(format);
+            }
+        }
+    }
+}
+
+TEST(Scan, BoundsAFieldAsTheCheckedScanOfTheCLibraryDoes) {
+    constexpr unsigned kCapacity = 1040;
+    for (const std::size_t length : {std::size_t{1}, std::size_t{1038}, std::size_t{1039}, std::size_t{1040},
+                                     std::size_t{1041}, std::size_t{1100}}) {
+        const std::wstring text = std::wstring(length, L'資') + L" - コピー (3)";
+        std::wstring field(kCapacity, L'\0');
+        int number = -1;
+        const int assigned = swscanf_s(text.c_str(), L"%s - コピー (%d)", field.data(), kCapacity, &number);
+        const Scanned scanned = Scan(text, L"%s - コピー (%d)", kCapacity);
+        EXPECT_EQ(scanned.Assigned, assigned) << length;
+        EXPECT_EQ(scanned.Number.value_or(-1), number) << length;
+    }
+}
+
+}  // namespace
+}  // namespace ferry::naming

@@ -1,0 +1,192 @@
+// The dialogs of an item-by-item run: the question about a name that exists, and the progress.
+#include <windows.h>
+#include <gtest/gtest.h>
+
+#include "dialogs/busy_dialog.h"
+#include "dialogs/file_mode_dialog.h"
+#include "ids.h"
+#include "windows/dialog_world_win32.h"
+#include "windows/support_win32.h"
+
+namespace ferry::dialogs {
+namespace {
+
+constexpr wchar_t kLastChoice[] = L"AfterSel";
+
+class CollisionDialog : public testing::Test {
+protected:
+    void Open() {
+        dialog_ = std::make_unique<CDlgFileMode>(world_.Services(), nullptr, L"a.txt");
+        ASSERT_TRUE(dialog_->Create(nullptr));
+        ShowWindow(dialog_->Handle(), SW_SHOW);
+    }
+
+    /// The policy that is chosen in the open dialog; -1 when none is.
+    int Chosen() const {
+        for (int policy = 0; policy <= 6; ++policy) {
+            if (IsDlgButtonChecked(dialog_->Handle(), IDC_CHOICE_FIRST + policy) == BST_CHECKED) {
+                return policy;
+            }
+        }
+        return -1;
+    }
+
+    void Choose(int policy) { test::Click(dialog_->Handle(), IDC_CHOICE_FIRST + policy); }
+    void Press(int button) { test::Click(dialog_->Handle(), button); }
+    bool IsOpen() const { return IsWindowVisible(dialog_->Handle()) != FALSE; }
+
+    test::DialogWorld world_;
+    std::unique_ptr<CDlgFileMode> dialog_;
+};
+
+TEST_F(CollisionDialog, ShowsTheNameAndTheStoredChoice) {
+    Open();
+    EXPECT_EQ(test::TextOfControl(dialog_->Handle(), IDC_ITEM_NAME), L"a.txt");
+    EXPECT_EQ(Chosen(), 0);
+    for (std::uint32_t policy = 0; policy <= 6; ++policy) {
+        world_.Store.Numbers[kLastChoice] = policy;
+        Open();
+        EXPECT_EQ(Chosen(), static_cast<int>(policy));
+        EXPECT_EQ(dialog_->Choice(), policy);
+    }
+}
+
+TEST_F(CollisionDialog, OffersEveryPolicyOfItsOwn) {
+    Open();
+    for (int policy = 0; policy <= 6; ++policy) {
+        EXPECT_TRUE(IsWindowEnabled(GetDlgItem(dialog_->Handle(), IDC_CHOICE_FIRST + policy)));
+    }
+}
+
+TEST_F(CollisionDialog, OkAndForAllTakeTheChoiceAndRememberIt) {
+    for (const int button : {IDOK, IDC_APPLY_TO_ALL}) {
+        for (int policy = 0; policy <= 6; ++policy) {
+            Open();
+            Choose(policy);
+            Press(button);
+            EXPECT_FALSE(IsOpen());
+            EXPECT_EQ(dialog_->Choice(), static_cast<std::uint32_t>(policy));
+            EXPECT_EQ(world_.Store.Numbers[kLastChoice], static_cast<std::uint32_t>(policy));
+        }
+    }
+}
+
+TEST_F(CollisionDialog, ShiftUsesTheChoiceWithoutStoringIt) {
+    for (const int button : {IDOK, IDC_APPLY_TO_ALL}) {
+        Open();
+        Choose(3);
+        test::HoldKeys({VK_SHIFT});
+        Press(button);
+        test::HoldKeys({});
+        EXPECT_EQ(dialog_->Choice(), 3U);
+    }
+    EXPECT_TRUE(world_.Store.Writes.empty());
+}
+
+TEST_F(CollisionDialog, StopAllAndCancelNeverChangeTheStoredChoice) {
+    for (const int button : {IDC_STOP_ALL, IDCANCEL}) {
+        Open();
+        Choose(5);
+        Press(button);
+        EXPECT_FALSE(IsOpen());
+    }
+    EXPECT_TRUE(world_.Store.Writes.empty());
+}
+
+TEST_F(CollisionDialog, TheButtonsGiveTheEndCodes) {
+    for (const int button : {IDOK, IDCANCEL, IDC_APPLY_TO_ALL, IDC_STOP_ALL}) {
+        test::SelfAnswering<CDlgFileMode> dialog(world_.Services(), nullptr, L"a.txt");
+        dialog.Button = button;
+        EXPECT_EQ(dialog.DoModal(), button);
+    }
+}
+
+TEST_F(CollisionDialog, AStoredChoiceOutsideTheGroupChecksNothingAndStays) {
+    world_.Store.Numbers[kLastChoice] = 7;
+    Open();
+    EXPECT_EQ(Chosen(), -1);
+    Press(IDOK);
+    EXPECT_EQ(dialog_->Choice(), 7U);
+}
+
+class ProgressDialog : public testing::Test {
+protected:
+    void Open(bool cancellable) {
+        dialog_.SetCancellable(cancellable);
+        ASSERT_TRUE(dialog_.Create(nullptr));
+    }
+
+    bool PressEscape() {
+        MSG message{GetDlgItem(dialog_.Handle(), IDCANCEL), WM_KEYDOWN, VK_ESCAPE, 1, 0, {}};
+        return dialog_.HandleDialogMessage(message);
+    }
+
+    bool IsOpen() const { return IsWindowVisible(dialog_.Handle()) != FALSE; }
+
+    test::DialogWorld world_;
+    CDlgBusy dialog_{world_.Services()};
+};
+
+TEST_F(ProgressDialog, WithoutLeaveToCancelTheButtonIsHiddenAndNothingStopsIt) {
+    Open(false);
+    EXPECT_FALSE(test::IsShown(dialog_.Handle(), IDCANCEL));
+    PressEscape();
+    SendMessageW(dialog_.Handle(), WM_COMMAND, MAKEWPARAM(IDCANCEL, BN_CLICKED), 0);
+    SendMessageW(dialog_.Handle(), WM_CLOSE, 0, 0);
+    EXPECT_TRUE(IsOpen());
+    EXPECT_FALSE(dialog_.TakeCancelRequest());
+}
+
+TEST_F(ProgressDialog, TheStopButtonAsksOnceAndHidesTheWindow) {
+    Open(true);
+    EXPECT_TRUE(test::IsShown(dialog_.Handle(), IDCANCEL));
+    EXPECT_FALSE(dialog_.TakeCancelRequest());
+    test::Click(dialog_.Handle(), IDCANCEL);
+    EXPECT_FALSE(IsOpen());
+    EXPECT_TRUE(dialog_.TakeCancelRequest());
+    EXPECT_FALSE(dialog_.TakeCancelRequest());
+}
+
+TEST_F(ProgressDialog, EscapeStopsToo) {
+    Open(true);
+    EXPECT_TRUE(PressEscape());
+    EXPECT_FALSE(IsOpen());
+    EXPECT_TRUE(dialog_.TakeCancelRequest());
+}
+
+TEST_F(ProgressDialog, EnterIsNotTakenForAStop) {
+    Open(true);
+    SendMessageW(dialog_.Handle(), WM_COMMAND, MAKEWPARAM(IDOK, BN_CLICKED), 0);
+    EXPECT_TRUE(IsOpen());
+    EXPECT_FALSE(dialog_.TakeCancelRequest());
+}
+
+TEST_F(ProgressDialog, ShowsItsLinesWheneverTheyAreSet) {
+    dialog_.SetFirstLine(L"first");
+    Open(true);
+    EXPECT_EQ(test::TextOfControl(dialog_.Handle(), IDC_BUSY_TITLE), L"first");
+    EXPECT_EQ(test::TextOfControl(dialog_.Handle(), IDC_BUSY_ITEM), L"");
+    dialog_.SetSecondLine(L"a & b");
+    EXPECT_EQ(test::TextOfControl(dialog_.Handle(), IDC_BUSY_ITEM), L"a & b");
+}
+
+TEST_F(ProgressDialog, TheBarStepsThroughItsRange) {
+    Open(true);
+    dialog_.Bar().Start(5);
+    dialog_.Bar().StepIt();
+    dialog_.Bar().StepIt();
+    const HWND bar = GetDlgItem(dialog_.Handle(), IDC_BUSY_BAR);
+    EXPECT_EQ(SendMessageW(bar, PBM_GETPOS, 0, 0), 2);
+    EXPECT_EQ(SendMessageW(bar, PBM_GETRANGE, FALSE, 0), 5);
+}
+
+TEST_F(ProgressDialog, DestroyingTheWindowEndsTheDialog) {
+    Open(true);
+    dialog_.DestroyWindow();
+    EXPECT_EQ(dialog_.Handle(), nullptr);
+    dialog_.DestroyWindow();
+    EXPECT_FALSE(dialog_.TakeCancelRequest());
+}
+
+}  // namespace
+}  // namespace ferry::dialogs
