@@ -27,6 +27,38 @@ void Describe(const WIN32_FIND_DATAW& data, FoundItem& item) {
     item.LastWriteTime = Number(data.ftLastWriteTime);
 }
 
+/// Whether `error`, of a call that looks at a path, says that there surely is nothing.
+bool MeansMissing(DWORD error) noexcept {
+    switch (error) {
+        case ERROR_FILE_NOT_FOUND:
+        case ERROR_PATH_NOT_FOUND:
+        case ERROR_NO_MORE_FILES:
+        case ERROR_INVALID_NAME:
+        case ERROR_BAD_PATHNAME:
+        case ERROR_FILENAME_EXCED_RANGE:
+        case ERROR_DIRECTORY:  // what stands above is a file
+            return true;
+        default:
+            return false;
+    }
+}
+
+/// The item at `path` where a search failed: some folders may be used but not listed.
+std::optional<FoundItem> FindWithoutSearch(std::wstring_view path) {
+    const std::wstring longPath = paths::LongPathText(path);
+    WIN32_FILE_ATTRIBUTE_DATA data{};
+    const BOOL isRead = GetFileAttributesExW(longPath.c_str(), GetFileExInfoStandard, &data);
+    if (!isRead && MeansMissing(GetLastError())) {
+        return std::nullopt;
+    }
+    FoundItem item{std::wstring(paths::LastComponent(path)), 0, 0, isRead != FALSE};
+    if (item.IsTimeKnown) {
+        item.Attributes = data.dwFileAttributes;
+        item.LastWriteTime = Number(data.ftLastWriteTime);
+    }
+    return item;
+}
+
 bool IsDots(const wchar_t* name) noexcept {
     return name[0] == L'.' && (name[1] == L'\0' || (name[1] == L'.' && name[2] == L'\0'));
 }
@@ -62,7 +94,7 @@ void WindowsFileSystem::Enumerate(std::wstring_view folder,
 std::optional<FoundItem> WindowsFileSystem::Find(std::wstring_view path) {
     WIN32_FIND_DATAW data;
     if (!process::FindFirst(path, data)) {
-        return std::nullopt;
+        return MeansMissing(GetLastError()) ? std::nullopt : FindWithoutSearch(path);
     }
     FoundItem item;
     Describe(data, item);

@@ -94,8 +94,8 @@ ItemResult ItemEngine::Handle(const Item& item, std::uint32_t policy) {
 
 ItemResult ItemEngine::TransferByTime(const Item& item, CollisionPolicy policy) {
     const std::optional<FoundItem> source = fileSystem_.Find(item.Source);
-    // A source whose time is unknown is neither newer nor older, and what exists stays.
-    if (!source)
+    // Where a time is unknown, nothing is newer or older, and what exists stays.
+    if (!source || !source->IsTimeKnown || !item.Existing->IsTimeKnown)
         return ItemResult::Continue;
     const std::uint64_t sourceTime = source->LastWriteTime;
     const std::uint64_t targetTime = item.Existing->LastWriteTime;

@@ -18,6 +18,7 @@ struct FoundItem {
     std::wstring Name;
     std::uint32_t Attributes = 0;
     std::uint64_t LastWriteTime = 0;
+    bool IsTimeKnown = true;  ///< False for an item that is, or may be, there but cannot be read.
 };
 
 inline constexpr std::uint32_t kAttributeDirectory = 0x10;
@@ -41,7 +42,8 @@ public:
     /// search. A folder that cannot be read has no entries. `visit` may enumerate in turn.
     virtual void Enumerate(std::wstring_view folder, const std::function<void(const FoundItem&)>& visit) = 0;
 
-    /// The item at `path`, or nothing.
+    /// The item at `path`, or nothing when there surely is none. A place that cannot be looked at,
+    /// by a network that fails or a right that lacks, counts as taken: by an item of unknown time.
     virtual std::optional<FoundItem> Find(std::wstring_view path) = 0;
 
     /// The size in bytes; 0 when the file cannot be opened for reading.

@@ -13,16 +13,8 @@ double Median(const std::vector<double>& sorted) {
     return sorted[sorted.size() / 2];
 }
 
-}  // namespace
-
-double MillisecondsOf(const std::function<void()>& work) {
-    const auto begin = std::chrono::steady_clock::now();
-    work();
-    const std::chrono::duration<double, std::milli> spent = std::chrono::steady_clock::now() - begin;
-    return spent.count();
-}
-
-bool Report(const Comparison& comparison) {
+/// Prints one line of JSON; whether its goal is met.
+bool Print(const Comparison& comparison, bool hasGoal) {
     std::vector<double> ferry = comparison.Ferry;
     std::vector<double> reference = comparison.Reference;
     if (ferry.empty() || reference.empty()) {
@@ -33,16 +25,34 @@ bool Report(const Comparison& comparison) {
     std::ranges::sort(reference);
     const double ratio = Median(ferry) / Median(reference);
     const bool met = ratio <= comparison.Goal;
-    std::printf(
-        "{\"name\":\"%s\",\"ferry\":%.2f,\"reference\":%.2f,\"unit\":\"ms\",\"ratio\":%.3f,"
-        "\"goal\":%.2f,\"met\":%s}\n",
-        comparison.Name.c_str(), Median(ferry), Median(reference), ratio, comparison.Goal,
-        met ? "true" : "false");
+    std::printf("{\"name\":\"%s\",\"ferry\":%.2f,\"reference\":%.2f,\"unit\":\"ms\",\"ratio\":%.3f,",
+                comparison.Name.c_str(), Median(ferry), Median(reference), ratio);
+    if (hasGoal)
+        std::printf("\"goal\":%.2f,\"met\":%s}\n", comparison.Goal, met ? "true" : "false");
+    else
+        std::printf("\"goal\":null,\"met\":null}\n");
     std::fflush(stdout);
     std::fprintf(stderr, "%s: %zu rounds, ferry %.2f to %.2f ms, reference %.2f to %.2f ms\n",
                  comparison.Name.c_str(), ferry.size(), ferry.front(), ferry.back(), reference.front(),
                  reference.back());
     return met;
+}
+
+}  // namespace
+
+double MillisecondsOf(const std::function<void()>& work) {
+    const auto begin = std::chrono::steady_clock::now();
+    work();
+    const std::chrono::duration<double, std::milli> spent = std::chrono::steady_clock::now() - begin;
+    return spent.count();
+}
+
+bool Report(const Comparison& comparison) {
+    return Print(comparison, true);
+}
+
+void ReportAside(const Comparison& comparison) {
+    Print(comparison, false);
 }
 
 }  // namespace ferry::bench

@@ -23,4 +23,7 @@ double MillisecondsOf(const std::function<void()>& work);
 /// times never meets it.
 bool Report(const Comparison& comparison);
 
+/// Prints the medians and their ratio in the same form, without a goal: a remark for orientation.
+void ReportAside(const Comparison& comparison);
+
 }  // namespace ferry::bench

@@ -2,6 +2,9 @@
 if(NOT FERRY_FUZZ)
     add_executable(bench_parse parse_bench.cpp)
     target_link_libraries(bench_parse PRIVATE ferry_options ferry_hostlink)
+
+    add_executable(bench_run_memory run_memory_bench.cpp)
+    target_link_libraries(bench_run_memory PRIVATE ferry_options ferry_transfer)
 endif()
 
 if(WIN32)
@@ -24,6 +27,12 @@ if(WIN32)
         ${CMAKE_SOURCE_DIR}/tools/samplehost/shared_block_win32.cpp)
     target_link_libraries(bench_start PRIVATE bench_comparison e2e_driver)
     add_dependencies(bench_start bare_dialog Ferry)
+
+    add_executable(bench_individual
+        individual_bench_win32.cpp bare_run_win32.cpp
+        ${CMAKE_SOURCE_DIR}/tools/samplehost/shared_block_win32.cpp)
+    target_link_libraries(bench_individual PRIVATE bench_comparison e2e_driver ferry_base)
+    add_dependencies(bench_individual Ferry)
 
     if(MINGW)
         target_link_options(bare_dialog PRIVATE -municode $<$<CONFIG:Release>:-s>)

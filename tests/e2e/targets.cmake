@@ -20,6 +20,8 @@ ferry_test(ferry_e2e
         hostile_settings_test.cpp
         individual_test.cpp
         instance_test.cpp
+        interruption_test.cpp
+        kind_test.cpp
         language_test.cpp
         planted_test.cpp
         progress_test.cpp

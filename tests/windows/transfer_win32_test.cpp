@@ -84,6 +84,15 @@ TEST_F(WindowsFileSystemTest, FindsItemsWithAttributesAndTime) {
     EXPECT_NE(files_.Find(folder_.Path())->Attributes & kAttributeDirectory, 0U);
 }
 
+TEST_F(WindowsFileSystemTest, FindsNothingWhereNothingCanBe) {
+    test::WriteUnits(folder_ / L"file", L"x");
+    for (const wchar_t* name : {L"missing", L"missing\\below", L"file\\below", L"not<a>name"}) {
+        EXPECT_FALSE(files_.Find(folder_ / name)) << name;
+    }
+    EXPECT_FALSE(files_.Find(folder_.LongFolder() + L"\\missing"));
+    EXPECT_TRUE(files_.Find(folder_ / L"file")->IsTimeKnown);
+}
+
 TEST_F(WindowsFileSystemTest, ReadsAndSetsAttributes) {
     const std::wstring file = folder_ / L"file";
     test::WriteUnits(file, L"x");

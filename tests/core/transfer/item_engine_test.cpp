@@ -136,6 +136,20 @@ TEST_F(ItemEngineTest, ASourceWhoseTimeIsUnknownIsNeitherNewerNorOlder) {
         Fail(L"Find", Fault::Fail);
         EXPECT_EQ(engine->Handle(item, policy), ItemResult::Continue);
         EXPECT_EQ(ContentAt(kTarget), "existing");
+        Fail(L"Find", Fault::Vanish);
+        EXPECT_EQ(engine->Handle(item, policy), ItemResult::Continue);
+        EXPECT_EQ(ContentAt(kTarget), "existing");
+    }
+}
+
+TEST_F(ItemEngineTest, ATargetThatCannotBeLookedAtIsNotOverwrittenByItsTime) {
+    PutExisting(kTime - 100);
+    for (const std::uint32_t policy : {0u, 1u, 2u}) {
+        Fail(L"Find", Fault::Fail);
+        const Item item{kSource, kTarget, files.Find(kTarget)};
+        ASSERT_TRUE(item.Existing);
+        EXPECT_EQ(engine->Handle(item, policy), ItemResult::Continue);
+        EXPECT_EQ(ContentAt(kTarget), "existing");
     }
 }
 

@@ -12,12 +12,13 @@ constexpr int kFileExists = 80;
 constexpr std::uint32_t kReadOnly = 1;
 constexpr std::wstring_view kForbidden = L"/:*?\"><|\\";
 
-bool Stops(Fault fault) {
-    return fault == Fault::Fail || fault == Fault::Cancel || fault == Fault::NoObject;
+FoundItem Found(const Node& node) {
+    return {node.Name, node.Attributes, node.LastWriteTime, true};
 }
 
-FoundItem Found(const Node& node) {
-    return {node.Name, node.Attributes, node.LastWriteTime};
+/// Whether a call that did its work says so; the others claim to have failed.
+bool SaysDone(Fault fault) {
+    return fault != Fault::Late && fault != Fault::LateNoObject && fault != Fault::KeepSource;
 }
 
 /// Whether any parent of `path` is a file, so that no folder can be made there.
@@ -48,7 +49,7 @@ bool ModelFileSystem::SetAttributes(std::wstring_view path, std::uint32_t attrib
     if (Stops(fault) || node == nullptr)
         return false;
     node->Attributes = (attributes & ~kAttributeDirectory) | (node->IsFolder ? kAttributeDirectory : 0);
-    return true;
+    return SaysDone(fault);
 }
 
 void ModelFileSystem::Enumerate(std::wstring_view folder,
@@ -69,9 +70,15 @@ void ModelFileSystem::Enumerate(std::wstring_view folder,
 std::optional<FoundItem> ModelFileSystem::Find(std::wstring_view path) {
     const Fault fault = world_.Enter(L"Find", path);
     const Node* const node = path.ends_with(L'\\') ? nullptr : world_.Files.At(path);
-    if (Stops(fault) || node == nullptr)
-        return std::nullopt;
-    return Found(*node);
+    std::optional<FoundItem> found;
+    if (Stops(fault))
+        found = FoundItem{std::wstring(path.substr(path.rfind(L'\\') + 1)), 0, 0, false};
+    else if (node != nullptr)
+        found = Found(*node);
+    // A run looks at the target before anything else.
+    if (!world_.TargetWasSeen)
+        world_.TargetWasSeen = found.has_value();
+    return found;
 }
 
 std::uint64_t ModelFileSystem::FileSize(std::wstring_view path) {
@@ -93,7 +100,7 @@ int ModelFileSystem::CreateFolder(std::wstring_view path) {
     if (HasFileAbove(world_.Files, path) || world_.Files.At(path.substr(0, path.find(L'\\'))) == nullptr)
         return kPathNotFound;
     world_.Files.AddFolder(path);
-    return kFolderCreated;
+    return SaysDone(fault) ? kFolderCreated : kAccessDenied;
 }
 
 void ModelFileSystem::NotifyFolderMade(std::wstring_view path) {
@@ -110,18 +117,23 @@ bool ModelFileSystem::RemoveFolder(std::wstring_view path) {
         return false;
     world_.Files.Detach(path);
     world_.RemovedFolders.emplace_back(path);
-    return true;
+    return SaysDone(fault);
 }
 
 bool ModelFileSystem::Rename(std::wstring_view from, std::wstring_view to) {
-    const Fault fault = world_.Enter(L"Rename", from, to);
-    if (fault == Fault::DoNothing)
-        return true;
-    const std::size_t nameStart = to.rfind(L'\\') + 1;
-    const std::wstring name(to.substr(nameStart));
+    const Fault fault = world_.Enter(L"Rename", from, to, to);
+    const bool isDone = fault == Fault::DoNothing || (!Stops(fault) && Move(from, to));
+    if (!isDone || !SaysDone(fault))
+        return false;
+    world_.ToldRenamed.insert(Fold(from));
+    return true;
+}
+
+bool ModelFileSystem::Move(std::wstring_view from, std::wstring_view to) {
+    const std::wstring name(TakenName(to.substr(to.rfind(L'\\') + 1)));
     Node* const node = world_.Files.At(from);
     const Node* const occupant = world_.Files.At(to);
-    if (Stops(fault) || node == nullptr || name.empty() || name.find_first_of(kForbidden) != name.npos ||
+    if (node == nullptr || name.empty() || name.find_first_of(kForbidden) != name.npos ||
         (occupant != nullptr && occupant != node) || world_.Files.ParentOf(to) == nullptr)
         return false;
     world_.RenamedAway.insert(Fold(from));
@@ -143,7 +155,7 @@ bool ModelFileSystem::IsRoot(std::wstring_view path) {
 
 double ModelFileSystem::LocalDate(std::uint64_t fileTime) {
     const Fault fault = world_.EnterPlain(L"LocalDate", std::to_wstring(fileTime));
-    if (fault == Fault::None)
+    if (!Stops(fault))
         return ModelLocalDate(fileTime);
     world_.DatesDisturbed = true;
     return 0.0;

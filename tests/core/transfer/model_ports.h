@@ -30,6 +30,8 @@ public:
     int MostOpenSearches() const noexcept { return mostOpenSearches_; }
 
 private:
+    bool Move(std::wstring_view from, std::wstring_view to);
+
     World& world_;
     int openSearches_ = 0;
     int mostOpenSearches_ = 0;
@@ -51,9 +53,18 @@ public:
     std::function<ShellAnswer()> Answer;
 
 private:
-    ShellOutcome Perform(const ShellTransfer& transfer);
-    ShellOutcome Place(const ShellTransfer& transfer, Node& source, Node& folder, const std::wstring& name,
-                       bool personAgreed);
+    /// How the shell puts one file into its place.
+    struct Placing {
+        const ShellTransfer& Transfer;
+        Node& Source;
+        Node& Folder;
+        std::wstring Name;
+        bool PersonAgreed = false;
+        Fault What = Fault::None;
+    };
+
+    ShellOutcome Perform(const ShellTransfer& transfer, Fault fault);
+    ShellOutcome Place(const Placing& placing);
     void TransferTree(const std::wstring& source, const std::wstring& destination, std::uint32_t function,
                       std::uint32_t flags);
 
@@ -74,6 +85,8 @@ public:
     std::vector<std::uint16_t> Errors;
 
 private:
+    void Refuse(bool stops);
+
     World& world_;
 };
 

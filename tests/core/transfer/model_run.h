@@ -41,6 +41,9 @@ public:
 private:
     void CheckContents();
     void CheckOverwrites();
+    void CheckPlaces();
+    void CheckConsent();
+    void CheckCopiedSource();
     void CheckSkippedFiles();
     void CheckDestinationFiles();
     void CheckFolders(bool finished);
@@ -49,6 +52,7 @@ private:
     void CheckOutside();
     void Report(const std::string& what, const std::wstring& path);
     bool IsDisturbed(const std::wstring& path) const;
+    bool IsRequested(const std::wstring& path) const;
     std::wstring TargetOf(const std::wstring& path) const;
     bool IsMove() const;
 
@@ -58,6 +62,7 @@ private:
     std::map<std::wstring, std::string> destinationFiles_;
     std::vector<std::wstring> folders_;
     std::map<std::wstring, std::string> outside_;
+    std::map<std::wstring, std::string> sourceLines_;
     std::vector<std::string> violations_;
 };
 

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "core/transfer/model_ports.h"
+#include "paths/path_helpers.h"
 
 namespace ferry::transfer::model {
 namespace {
@@ -52,70 +53,92 @@ std::unique_ptr<Node> CopyOf(const Node& node, const std::wstring& name) {
 ShellOutcome ModelShell::TransferFile(const ShellTransfer& transfer) {
     const bool copies = transfer.Function == kFunctionCopy;
     const std::wstring details = world_.Logging ? Details(transfer) : std::wstring();
-    switch (world_.Enter(copies ? L"Copy" : L"Move", transfer.Source, details)) {
-        case Fault::Fail:
-            return {kUnspecified, false};
-        case Fault::NoObject:
-            return {1, false};
-        case Fault::Cancel:
-            return {0, transfer.AskAborted};
-        case Fault::DoNothing:
-            return {0, false};
-        default:
-            return Perform(transfer);
-    }
+    const std::wstring_view name =
+        transfer.NewName.empty() ? paths::LastComponent(transfer.Source) : transfer.NewName;
+    const std::wstring target = std::wstring(transfer.TargetFolder).append(name);
+    const Fault fault = world_.Enter(copies ? L"Copy" : L"Move", transfer.Source, details, target);
+    ShellOutcome outcome;
+    if (fault == Fault::Fail)
+        outcome.Result = kUnspecified;
+    else if (fault == Fault::NoObject)
+        outcome.Result = 1;
+    else if (fault == Fault::Cancel)
+        outcome.Aborted = transfer.AskAborted;
+    else if (fault != Fault::DoNothing)
+        outcome = Perform(transfer, fault);
+    if (fault == Fault::Late || fault == Fault::LateNoObject)
+        outcome.Result = fault == Fault::Late ? kUnspecified : 1;
+    // Only the transfer under the file's own name asks, and it ends the run without an object too.
+    world_.HasStopped =
+        world_.HasStopped || (transfer.AskAborted && (outcome.Aborted || outcome.Result == 1));
+    return outcome;
 }
 
-ShellOutcome ModelShell::Perform(const ShellTransfer& transfer) {
+ShellOutcome ModelShell::Perform(const ShellTransfer& transfer, Fault fault) {
     Node* const source = world_.Files.At(transfer.Source);
     if (source == nullptr || source->IsFolder)
         return {kNotFound, false};
     Node* const folder = world_.Files.At(transfer.TargetFolder);
     if (folder == nullptr || !folder->IsFolder)
         return {kNoPath, false};
-    std::wstring name(transfer.NewName.empty() ? std::wstring_view(source->Name) : transfer.NewName);
-    if (name.find_first_of(kForbidden) != std::wstring::npos)
+    Placing placing{transfer, *source, *folder, source->Name, false, fault};
+    if (!transfer.NewName.empty())
+        placing.Name = TakenName(transfer.NewName);
+    if (placing.Name.empty() || placing.Name.find_first_of(kForbidden) != std::wstring::npos)
         return {kBadName, false};
 
-    const Node* const existing = Tree::Child(*folder, name);
+    const Node* const existing = Tree::Child(*folder, placing.Name);
     if (existing == nullptr)
-        return Place(transfer, *source, *folder, name, false);
-    if ((transfer.Flags & kFlagRenameOnCollision) != 0)
-        return Place(transfer, *source, *folder, FreshName(*folder, name), false);
+        return Place(placing);
+    if ((transfer.Flags & kFlagRenameOnCollision) != 0) {
+        placing.Name = FreshName(*folder, placing.Name);
+        return Place(placing);
+    }
     if (existing == source || existing->IsFolder)
         return {kSameFile, false};
     if ((transfer.Flags & kFlagNoConfirmation) != 0)
-        return Place(transfer, *source, *folder, name, false);
+        return Place(placing);
     switch (Answer ? Answer() : ShellAnswer::Skip) {
         case ShellAnswer::Abort:
             return {0, transfer.AskAborted};
         case ShellAnswer::Overwrite:
-            return Place(transfer, *source, *folder, name, true);
+            placing.PersonAgreed = true;
+            return Place(placing);
         default:
             return {0, false};
     }
 }
 
-ShellOutcome ModelShell::Place(const ShellTransfer& transfer, Node& source, Node& folder,
-                               const std::wstring& name, bool personAgreed) {
+ShellOutcome ModelShell::Place(const Placing& placing) {
+    const ShellTransfer& transfer = placing.Transfer;
+    const bool isHalf = placing.What == Fault::Half;
     Transferred record;
     record.Source = transfer.Source;
-    record.Target = std::wstring(transfer.TargetFolder) + name;
-    record.Content = source.Content;
-    record.SourceTime = source.LastWriteTime;
-    record.PersonAgreed = personAgreed;
+    record.Target = std::wstring(transfer.TargetFolder) + placing.Name;
+    record.Content = placing.Source.Content;
+    record.SourceTime = placing.Source.LastWriteTime;
+    record.Flags = transfer.Flags;
+    record.PersonAgreed = placing.PersonAgreed;
+    record.TargetWasSeen = world_.TargetWasSeen.value_or(false);
+    record.IsInRenamedPlace = world_.ToldRenamed.contains(Fold(record.Target));
+    record.WasDeclined = world_.HasDeclined;
+    record.SourceStays = transfer.Function == kFunctionCopy || isHalf || placing.What == Fault::KeepSource;
     record.Policy = world_.EffectivePolicy();
-    auto placed = CopyOf(source, name);
-    if (const Node* const existing = Tree::Child(folder, name); existing != nullptr && existing != &source) {
+    auto placed = CopyOf(placing.Source, placing.Name);
+    if (isHalf)
+        placed->Content = "half of " + placed->Content;
+    const Node* const existing = Tree::Child(placing.Folder, placing.Name);
+    if (existing != nullptr && existing != &placing.Source) {
         record.Overwritten = existing->Content;
         record.OverwrittenTime = existing->LastWriteTime;
         world_.Files.Detach(record.Target);
     }
-    if (transfer.Function != kFunctionCopy)
+    const bool fails = isHalf || placing.What == Fault::KeepSource;
+    if (!record.SourceStays)
         world_.Files.Detach(transfer.Source);
-    folder.Children.push_back(std::move(placed));
+    placing.Folder.Children.push_back(std::move(placed));
     world_.Transfers.push_back(std::move(record));
-    return {0, false};
+    return {fails ? kUnspecified : 0, false};
 }
 
 std::int32_t ModelShell::TransferBatch(const base::TextList& sources, std::wstring_view destination,
@@ -136,7 +159,7 @@ void ModelShell::TransferTree(const std::wstring& source, const std::wstring& de
                               std::uint32_t function, std::uint32_t flags) {
     const Node* const node = world_.Files.At(source);
     if (!node->IsFolder) {
-        Perform({source, destination, {}, function, flags, false});
+        Perform({source, destination, {}, function, flags, false}, Fault::None);
         return;
     }
     const std::wstring target = destination + node->Name + L'\\';
@@ -151,22 +174,31 @@ void ModelShell::TransferTree(const std::wstring& source, const std::wstring& de
 }
 
 CollisionAnswer ModelQuestions::AskCollision(std::wstring_view name) {
-    if (world_.EnterPlain(L"AskCollision", name) != Fault::None || !Collision)
-        return {};
-    const CollisionAnswer answer = Collision();
+    CollisionAnswer answer;
+    if (!Stops(world_.EnterPlain(L"AskCollision", name)) && Collision)
+        answer = Collision();
     if (answer.EndCode == kEndOk)
         world_.PolicyForOne = answer.Policy;
-    if (answer.EndCode == kEndForAll)
+    else if (answer.EndCode == kEndForAll)
         world_.RunPolicy = answer.Policy;
+    else
+        Refuse(answer.EndCode == kEndStopAll);
     return answer;
 }
 
 NameAnswer ModelQuestions::AskNewName(RenameKind kind, std::wstring_view path) {
     const bool incoming = kind == RenameKind::Incoming;
-    if (world_.EnterPlain(incoming ? L"AskNameForIncoming" : L"AskNameForExisting", path) != Fault::None ||
-        !NewName)
-        return {};
-    return NewName();
+    NameAnswer answer;
+    if (!Stops(world_.EnterPlain(incoming ? L"AskNameForIncoming" : L"AskNameForExisting", path)) && NewName)
+        answer = NewName();
+    if (answer.EndCode != kEndOk)
+        Refuse(answer.EndCode == kEndForAll);
+    return answer;
+}
+
+void ModelQuestions::Refuse(bool stops) {
+    world_.HasDeclined = true;
+    world_.HasStopped = world_.HasStopped || stops;
 }
 
 void ModelQuestions::ShowError(std::uint16_t message) {
@@ -183,8 +215,12 @@ void ModelProgress::SetRange(std::uint32_t count) {
 
 bool ModelProgress::DrainAndTakeCancel() {
     world_.PolicyForOne.reset();
+    world_.HasDeclined = false;
+    world_.TargetWasSeen.reset();
     const Fault fault = world_.EnterPlain(L"Drain");
-    return std::exchange(CancelRequested, false) || fault == Fault::Cancel;
+    const bool isCancelled = std::exchange(CancelRequested, false) || fault == Fault::Cancel;
+    world_.HasStopped = world_.HasStopped || isCancelled;
+    return isCancelled;
 }
 
 void ModelProgress::Step() {

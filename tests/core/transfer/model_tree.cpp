@@ -11,8 +11,8 @@ wchar_t FoldUnit(wchar_t unit) {
     return unit >= L'A' && unit <= L'Z' ? static_cast<wchar_t>(unit - L'A' + L'a') : unit;
 }
 
-bool SameName(std::wstring_view left, std::wstring_view right) {
-    return std::ranges::equal(left, right, {}, FoldUnit, FoldUnit);
+bool SameName(std::wstring_view stored, std::wstring_view asked) {
+    return std::ranges::equal(stored, TakenName(asked), {}, FoldUnit, FoldUnit);
 }
 
 std::wstring_view WithoutTrailingSeparator(std::wstring_view path) {
@@ -42,6 +42,10 @@ std::wstring Fold(std::wstring_view text) {
     std::wstring folded(text);
     std::ranges::transform(folded, folded.begin(), FoldUnit);
     return folded;
+}
+
+std::wstring_view TakenName(std::wstring_view name) {
+    return name.substr(0, name.find_last_not_of(L". ") + 1);
 }
 
 Node* Tree::Child(const Node& folder, std::wstring_view name) {

@@ -25,7 +25,11 @@ struct Node {
 /// `text` with ASCII letters in lower case: names that fold alike are the same item.
 std::wstring Fold(std::wstring_view text);
 
-/// Drives with folders and files. Lookups do not regard the case of ASCII letters.
+/// `name` as Windows takes it: without dots and blanks at its end. "." and ".." give nothing.
+std::wstring_view TakenName(std::wstring_view name);
+
+/// Drives with folders and files. Lookups do not regard the case of ASCII letters, nor dots and
+/// blanks at the end of a name.
 class Tree {
 public:
     Tree() { root_.IsFolder = true; }

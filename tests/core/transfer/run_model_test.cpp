@@ -1,12 +1,13 @@
 // Runs on a model world with random trees, answers and faults: no run may lose a file.
 #include <gtest/gtest.h>
 
-#include <array>
 #include <cstdlib>
-#include <random>
+#include <iostream>
+#include <optional>
 #include <string>
 
 #include "core/transfer/model_run.h"
+#include "core/transfer/random_run.h"
 
 namespace ferry::transfer::model {
 namespace {
@@ -14,102 +15,9 @@ namespace {
 constexpr std::uint64_t kSecond = 10'000'000;
 constexpr std::uint64_t kBaseTime = 133'000'000'000'000'000;
 
-constexpr std::array kFaults = {Fault::Fail,      Fault::Cancel, Fault::NoObject,
-                                Fault::DoNothing, Fault::Vanish, Fault::Change};
-
 std::uint64_t FromEnvironment(const char* name, std::uint64_t otherwise) {
     const char* const text = std::getenv(name);
     return text == nullptr ? otherwise : std::strtoull(text, nullptr, 10);
-}
-
-/// Random choices that are the same on every host.
-class Dice {
-public:
-    explicit Dice(std::uint64_t seed) : engine_(seed) {}
-
-    std::uint32_t Below(std::uint32_t limit) { return static_cast<std::uint32_t>(engine_() % limit); }
-    bool OneIn(std::uint32_t count) { return Below(count) == 0; }
-
-    template <typename Choices>
-    auto Pick(const Choices& choices) {
-        return choices[Below(static_cast<std::uint32_t>(std::size(choices)))];
-    }
-
-private:
-    std::mt19937_64 engine_;
-};
-
-std::uint64_t RandomTime(Dice& dice) {
-    const std::uint64_t seconds = dice.Below(4) * kSecond;
-    return kBaseTime + seconds + (dice.OneIn(2) ? 0 : dice.Below(kSecond));
-}
-
-std::wstring RandomName(Dice& dice) {
-    static constexpr std::array<const wchar_t*, 8> kNames = {L"a",   L"A", L"b.txt", L"B.TXT",
-                                                             L"c d", L"e", L".f",    L"long name.tar.gz"};
-    return dice.Pick(kNames);
-}
-
-void FillFolder(World& world, Dice& dice, const std::wstring& folder, int depth) {
-    const std::uint32_t count = dice.Below(depth == 0 ? 5 : 4);
-    for (std::uint32_t index = 0; index < count; ++index) {
-        const std::wstring path = folder + L'\\' + RandomName(dice);
-        if (world.Files.At(path) != nullptr)
-            continue;
-        if (depth < 3 && dice.OneIn(3)) {
-            world.Files.AddFolder(path).Attributes = 0x10 | dice.Below(4);
-            FillFolder(world, dice, path, depth + 1);
-        } else {
-            Node& file = world.AddUniqueFile(path, RandomTime(dice));
-            file.Attributes = 0x20 | dice.Below(4);
-            file.ExtraSize = dice.OneIn(8) ? kSilentSizeLimit : 0;
-        }
-    }
-}
-
-/// Where the destination lies: mostly apart, sometimes in the middle of the sources.
-std::wstring RandomDestination(Dice& dice) {
-    static constexpr std::array<const wchar_t*, 10> kDestinations = {
-        L"D:\\out\\", L"D:\\out\\", L"D:\\out\\", L"D:\\out\\",    L"D:\\out\\",
-        L"D:\\out\\", L"C:\\out\\", L"C:\\src\\", L"C:\\src\\a\\", L"c:\\SRC\\"};
-    return dice.Pick(kDestinations);
-}
-
-void SetUpTrees(ModelRun& run, Dice& dice) {
-    World& world = run.Shared;
-    world.Files.AddFolder(L"C:\\src");
-    FillFolder(world, dice, L"C:\\src", 0);
-    run.Request.Destination = RandomDestination(dice);
-    world.AddUniqueFile(L"C:\\kept", kBaseTime);
-    world.AddUniqueFile(L"E:\\other\\a", kBaseTime);
-    for (const auto& child : world.Files.At(L"C:\\src")->Children) {
-        if (!dice.OneIn(6))
-            run.Request.Sources.Append(L"C:\\src\\" + child->Name);
-    }
-    const std::wstring destination = run.Request.Destination.substr(0, run.Request.Destination.size() - 1);
-    const Node* const standing = world.Files.At(destination);
-    if (standing == nullptr) {
-        world.Files.AddFolder(destination);
-        FillFolder(world, dice, destination, 0);
-    }
-}
-
-void SetUpAnswers(ModelRun& run, Dice& dice) {
-    run.Person.Collision = [&dice] {
-        static constexpr std::array kCodes = {kEndOk, kEndOk, kEndOk, kEndForAll, kEndCancel, kEndStopAll};
-        return CollisionAnswer{dice.Pick(kCodes), dice.Below(9)};
-    };
-    run.Person.NewName = [&dice] {
-        static constexpr std::array kCodes = {kEndOk, kEndOk, kEndOk, kEndOk, kEndCancel, kEndForAll};
-        static constexpr std::array<const wchar_t*, 7> kNames = {L"n1", L"n2",    L"a",    L"x\\y",
-                                                                 L"",   L"B.txt", L"what?"};
-        return NameAnswer{dice.Pick(kCodes), dice.Pick(kNames)};
-    };
-    run.Shell.Answer = [&dice] {
-        static constexpr std::array kAnswers = {ShellAnswer::Overwrite, ShellAnswer::Skip,
-                                                ShellAnswer::Abort};
-        return dice.Pick(kAnswers);
-    };
 }
 
 void SetUpFaults(ModelRun& run, Dice& dice) {
@@ -117,7 +25,7 @@ void SetUpFaults(ModelRun& run, Dice& dice) {
         return;
     const std::uint32_t rarity = dice.OneIn(2) ? 8 : 60;
     run.Shared.Faults = [&dice, rarity](std::size_t, std::wstring_view) {
-        return dice.OneIn(rarity) ? dice.Pick(kFaults) : Fault::None;
+        return dice.OneIn(rarity) ? dice.Pick(kAllFaults) : Fault::None;
     };
 }
 
@@ -128,28 +36,67 @@ std::string Together(const std::vector<std::string>& lines) {
     return text;
 }
 
-std::string RandomRun(std::uint64_t seed) {
+/// The fault of a single call: the `Call`-th, from 0.
+struct OneFault {
+    std::size_t Call = 0;
+    Fault What = Fault::None;
+};
+
+/// What was wrong after a run, and how many calls it made.
+struct Outcome {
+    std::string Violations;
+    std::size_t Calls = 0;
+};
+
+/// The random run of `seed` with one fault, or with the faults that the dice bring.
+Outcome RandomRun(std::uint64_t seed, std::optional<OneFault> fault = std::nullopt) {
     Dice dice(seed);
     ModelRun run;
-    SetUpTrees(run, dice);
-    run.Request.What = dice.OneIn(2) ? Operation::Move : Operation::Copy;
-    run.Request.Settings.Policy = dice.Below(10);
-    run.Request.Settings.TimeCmpType = dice.Below(4);
-    SetUpAnswers(run, dice);
-    HarmCheck check(run, Fold(run.Request.Destination).starts_with(L"c:\\src\\"));
-    SetUpFaults(run, dice);
+    SetUpRandomRun(run, dice);
+    HarmCheck check(run, Overlaps(run));
+    if (fault) {
+        run.Shared.Faults = [fault](std::size_t index, std::wstring_view) {
+            return index == fault->Call ? fault->What : Fault::None;
+        };
+    } else {
+        SetUpFaults(run, dice);
+    }
     const bool finished = run.Run();
-    return Together(check.Violations(finished));
+    return {Together(check.Violations(finished)), run.Shared.CallCount};
 }
 
 TEST(RunOnModel, LosesNoFileWhateverTheTreesTheAnswersAndTheFaults) {
     if (std::getenv("FERRY_MODEL_SEED") != nullptr) {
-        EXPECT_EQ(RandomRun(FromEnvironment("FERRY_MODEL_SEED", 0)), "");
+        EXPECT_EQ(RandomRun(FromEnvironment("FERRY_MODEL_SEED", 0)).Violations, "");
         return;
     }
-    const std::uint64_t runs = FromEnvironment("FERRY_MODEL_RUNS", 4000);
+    const std::uint64_t runs = FromEnvironment("FERRY_MODEL_RUNS", 100'000);
     for (std::uint64_t seed = 1; seed <= runs; ++seed)
-        ASSERT_EQ(RandomRun(seed), "") << "run it again with FERRY_MODEL_SEED=" << seed;
+        ASSERT_EQ(RandomRun(seed).Violations, "") << "run it again with FERRY_MODEL_SEED=" << seed;
+    std::cout << runs << " runs\n";
+}
+
+/// Lets each call of the run of `seed` go wrong in every way, and counts the runs.
+void SweepRandomRun(std::uint64_t seed, std::size_t& runs) {
+    const std::size_t calls = RandomRun(seed, OneFault{}).Calls;
+    for (std::size_t call = 0; call < calls; ++call) {
+        for (const Fault fault : kAllFaults) {
+            ++runs;
+            ASSERT_EQ(RandomRun(seed, OneFault{call, fault}).Violations, "")
+                << "fault " << static_cast<int>(fault) << " at call " << call
+                << "; run it again with FERRY_MODEL_SEED=" << seed;
+        }
+    }
+}
+
+TEST(RunOnModel, LosesNoFileWhicheverSingleCallOfARandomRunGoesWrong) {
+    std::size_t runs = 0;
+    if (std::getenv("FERRY_MODEL_SEED") != nullptr)
+        return SweepRandomRun(FromEnvironment("FERRY_MODEL_SEED", 0), runs);
+    const std::uint64_t worlds = FromEnvironment("FERRY_MODEL_RUNS", 100'000) / 1000;
+    for (std::uint64_t seed = 1; seed <= worlds && !HasFailure(); ++seed)
+        SweepRandomRun(seed, runs);
+    std::cout << runs << " runs\n";
 }
 
 /// A small world that reaches every port: a collision in a subfolder, one beside it, an empty
@@ -199,7 +146,7 @@ TEST(RunOnModel, LosesNoFileWhicheverSingleCallGoesWrong) {
             const std::size_t calls = RunWithOneFault(operation, policy, 0, Fault::None);
             ASSERT_GT(calls, 40u);
             for (std::size_t index = 0; index < calls; ++index) {
-                for (const Fault fault : kFaults)
+                for (const Fault fault : kAllFaults)
                     RunWithOneFault(operation, policy, index, fault);
                 ASSERT_FALSE(::testing::Test::HasFailure());
             }

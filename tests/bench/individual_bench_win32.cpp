@@ -1,0 +1,234 @@
+// How long an individual run of 10,000 files takes, from the press on "start" to the end of the
+// program, against the same calls of the system without dialogs; other copying programs beside it.
+//
+// Needs the file-operation service of the tests. FERRY_E2E_APP names the installed layout; without
+// it, the layout "app" beside the build tree is taken. Ends with 1 when a goal is missed. An
+// argument gives another number of rounds than three.
+#include <windows.h>
+
+#include <cstddef>
+#include <cstdio>
+#include <cstdlib>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "bare_run_win32.h"
+#include "base/com_ptr_win32.h"
+#include "base/handles_win32.h"
+#include "comparison.h"
+#include "e2e/driver/child_process.h"
+#include "e2e/driver/contents.h"
+#include "e2e/driver/poll.h"
+#include "e2e/driver/remote_dialog.h"
+#include "e2e/driver/settings_guard.h"
+#include "e2e/driver/surroundings.h"
+#include "e2e/driver/temp_tree.h"
+#include "samplehost/delivery_win32.h"
+#include "samplehost/host_block_writer.h"
+#include "samplehost/shared_block_win32.h"
+
+namespace {
+
+using namespace ferry;
+
+constexpr std::size_t kFolders = 500;
+constexpr std::size_t kFilesInFolder = 20;
+constexpr std::size_t kFiles = kFolders * kFilesInFolder;
+constexpr std::size_t kFileSize = 4096;
+constexpr int kUsualRounds = 3;
+constexpr double kGoal = 1.10;
+constexpr int kRunPatienceMs = 600'000;
+
+std::wstring InstalledFerry() {
+    std::wstring own(32768, L'\0');
+    own.resize(GetModuleFileNameW(nullptr, own.data(), static_cast<DWORD>(own.size())));
+    const std::wstring given = e2e::AppFolder();
+    return e2e::FerryPath(given.empty() ? own.substr(0, own.rfind(L'\\')) + L"\\..\\..\\..\\app" : given);
+}
+
+/// Makes 500 folders of 20 files below `top`.
+bool MakeFiles(const e2e::TempTree& tree, const std::wstring& top) {
+    const std::string content(kFileSize, '#');
+    for (std::size_t folder = 0; folder < kFolders; ++folder) {
+        const std::wstring path = tree.MakeFolder(top + L"\\folder " + std::to_wstring(folder));
+        for (std::size_t file = 0; file < kFilesInFolder; ++file) {
+            const std::wstring name = path + L"\\some document " + std::to_wstring(file) + L".txt";
+            const base::FileHandle made(
+                CreateFileW(name.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr));
+            DWORD written = 0;
+            if (!made || !WriteFile(made.Get(), content.data(), kFileSize, &written, nullptr))
+                return false;
+        }
+    }
+    return true;
+}
+
+/// Milliseconds from the press on "start" to the end of Ferry; nothing when it went wrong.
+std::optional<double> TimeFerry(const std::wstring& source, const std::wstring& destination, bool moves) {
+    samplehost::BlockFields fields;
+    fields.Items = {source};
+    samplehost::VariableFields variable;
+    variable.FirstNumber = std::to_wstring(GetCurrentProcessId());
+    const auto bytes = samplehost::BytesOfUnits(BlockUnits(fields));
+    variable.BlockSize = std::to_wstring(bytes.size());
+    e2e::SetVariable(samplehost::kVariableName, VariableText(variable));
+    samplehost::SharedBlock block;
+    if (!block.Create(variable, bytes, static_cast<std::uint32_t>(bytes.size()), false))
+        return std::nullopt;
+    const e2e::ChildProcess ferry(InstalledFerry(), {moves ? L"/m" : L"/c"});
+    HWND window = nullptr;
+    if (!e2e::WaitUntil([&] { return (window = samplehost::FindFerryDialog(ferry.Id())) != nullptr; }))
+        return std::nullopt;
+    e2e::WaitForIdleProcess(ferry.Id(), e2e::kPatienceMs);
+    const e2e::RemoteDialog dialog(window);
+    dialog.SetDestination(destination);
+    bool hasEnded = false;
+    const double spent = bench::MillisecondsOf([&] {
+        dialog.Click(e2e::kStart);
+        hasEnded = ferry.WaitForEnd(kRunPatienceMs);
+    });
+    return hasEnded ? std::optional(spent) : std::nullopt;
+}
+
+/// Milliseconds of another program; nothing when the system has none like it.
+std::optional<double> TimeProgram(const std::wstring& program, const std::vector<std::wstring>& arguments,
+                                  const std::function<bool()>& isDone) {
+    std::optional<double> result;
+    const double spent = bench::MillisecondsOf([&] {
+        const e2e::ChildProcess process(program, arguments);
+        if (process.IsStarted() && process.WaitForEnd(kRunPatienceMs) &&
+            e2e::WaitUntil(isDone, kRunPatienceMs))
+            result = 0;
+    });
+    return result ? std::optional(spent) : std::nullopt;
+}
+
+/// `path` as the system below Wine calls it; empty elsewhere.
+std::wstring UnixPath(const std::wstring& path) {
+    using Function = char*(CDECL*)(const wchar_t*);
+    const auto function = reinterpret_cast<Function>(reinterpret_cast<void*>(
+        GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "wine_get_unix_file_name")));
+    char* const text = function == nullptr ? nullptr : function(path.c_str());
+    if (text == nullptr)
+        return {};
+    const std::string name(text);
+    HeapFree(GetProcessHeap(), 0, text);
+    return std::wstring(name.begin(), name.end());  // the test's own folder has an ASCII path
+}
+
+class Race {
+public:
+    explicit Race(int rounds) : rounds_(rounds) {}
+
+    bool Prepare() {
+        e2e::WriteNumber(e2e::kProgramKey, L"Mode", 1);
+        e2e::WriteNumber(e2e::kProgramKey, L"Name", 3);
+        return MakeFiles(tree_, L"from\\top");
+    }
+
+    bool CopyRace() {
+        bench::Comparison comparison{"individual copy of 10000 files, against bare calls", kGoal, {}, {}};
+        for (int round = 0; round < rounds_; ++round) {
+            // Whoever comes second finds warmer caches, so both are second about equally often.
+            const bool isFerryFirst = round % 2 == 0;
+            if (!CopyOnce(isFerryFirst, comparison) || !CopyOnce(!isFerryFirst, comparison))
+                return false;
+        }
+        ferryCopies_ = comparison.Ferry;
+        return bench::Report(comparison);
+    }
+
+    /// The tree goes to and fro, and each side takes it in both directions.
+    bool MoveRace() {
+        bench::Comparison comparison{"individual move of 10000 files, against bare calls", kGoal, {}, {}};
+        for (int round = 0; round < rounds_; ++round) {
+            const bool isFerryFirst = round % 2 == 0;
+            if (!MoveOnce(L"from", L"to", isFerryFirst, comparison) ||
+                !MoveOnce(L"to", L"from", !isFerryFirst, comparison))
+                return false;
+        }
+        return bench::Report(comparison);
+    }
+
+    void CompareWithOthers() {
+        const std::wstring target = tree_.Path(L"to\\top");
+        const auto xcopy = TimeProgram(L"C:\\windows\\system32\\xcopy.exe",
+                                       {Source(), target, L"/E", L"/I", L"/Q", L"/Y"}, [] { return true; });
+        Tell("individual copy of 10000 files, beside xcopy", xcopy);
+        const std::wstring from = UnixPath(Source());
+        const std::wstring to = UnixPath(tree_.MakeFolder(L"to"));
+        if (from.empty())
+            return;
+        const std::wstring done = tree_.Path(L"done");
+        const std::wstring script =
+            L"cp -r '" + from + L"' '" + to + L"' && touch '" + UnixPath(tree_.Root()) + L"/done'";
+        const auto cp = TimeProgram(L"C:\\windows\\system32\\start.exe",
+                                    {L"/unix", L"/bin/sh", L"-c", script}, [&] { return e2e::Exists(done); });
+        Tell("individual copy of 10000 files, beside cp -r", cp);
+    }
+
+private:
+    std::wstring Source() const { return tree_.Path(L"from\\top"); }
+
+    void Tell(const char* name, const std::optional<double>& spent) {
+        const bool isWhole = e2e::FilesBelow(tree_.Path(L"to")).size() == kFiles;
+        e2e::RemoveAll(tree_.Path(L"to"));
+        if (spent && isWhole)
+            bench::ReportAside({name, 1.0, ferryCopies_, {*spent}});
+        else
+            std::fprintf(stderr, "%s: there is no such program, or it did not copy all\n", name);
+    }
+
+    bool CopyOnce(bool byFerry, bench::Comparison& comparison) {
+        const bool isGood = Transfer(Source(), L"to", false, byFerry, comparison);
+        e2e::RemoveAll(tree_.Path(L"to"));
+        return isGood;
+    }
+
+    bool MoveOnce(const std::wstring& from, const std::wstring& to, bool byFerry,
+                  bench::Comparison& comparison) {
+        return Transfer(tree_.Path(from + L"\\top"), to, true, byFerry, comparison) &&
+               !e2e::Exists(tree_.Path(from + L"\\top"));
+    }
+
+    bool Transfer(const std::wstring& source, const std::wstring& to, bool moves, bool byFerry,
+                  bench::Comparison& comparison) {
+        const std::wstring destination = tree_.MakeFolder(to) + L'\\';
+        std::optional<double> spent;
+        if (byFerry)
+            spent = TimeFerry(source, destination, moves);
+        else
+            spent = bench::MillisecondsOf([&] { bench::TransferByHand(source, destination, moves); });
+        const std::size_t arrived = e2e::FilesBelow(destination + L"top").size();
+        if (!spent || arrived != kFiles) {
+            std::fprintf(stderr, "%s brought %zu files\n", byFerry ? "Ferry" : "the bare program", arrived);
+            return false;
+        }
+        std::fprintf(stderr, "%s: %.0f ms by %s\n", comparison.Name.c_str(), *spent,
+                     byFerry ? "Ferry" : "the bare program");
+        (byFerry ? comparison.Ferry : comparison.Reference).push_back(*spent);
+        return true;
+    }
+
+    int rounds_;
+    e2e::SettingsGuard settings_;
+    e2e::TempTree tree_;
+    std::vector<double> ferryCopies_;
+};
+
+}  // namespace
+
+int main(int count, char** arguments) {
+    const base::ComApartment apartment;
+    // Under Wine the desktop must belong to a process that outlives every Ferry.
+    GetDesktopWindow();
+    Race race(count > 1 ? std::atoi(arguments[1]) : kUsualRounds);
+    if (!race.Prepare())
+        return 1;
+    const bool isCopyGood = race.CopyRace();
+    race.CompareWithOthers();
+    const bool isMoveGood = race.MoveRace();
+    return isCopyGood && isMoveGood ? 0 : 1;
+}

@@ -1,0 +1,163 @@
+// How much memory an item-by-item run keeps for each of its items at its peak, against twice the
+// text of the items' paths and 64 bytes.
+//
+// Prints one line of JSON per size and ends with 1 when a goal is missed.
+#include <algorithm>
+#include <cstddef>
+#include <cstdio>
+#include <cstdlib>
+#include <new>
+#include <string>
+
+#include "transfer/individual_run.h"
+
+namespace {
+
+std::size_t liveBytes = 0;
+std::size_t peakBytes = 0;
+
+// Each block bears its size in front of it, in a space that keeps the alignment.
+constexpr std::size_t kHeader = alignof(std::max_align_t);
+
+void* Allocate(std::size_t size) {
+    void* const block = std::malloc(size + kHeader);
+    if (block == nullptr)
+        throw std::bad_alloc();
+    *static_cast<std::size_t*>(block) = size;
+    liveBytes += size;
+    peakBytes = std::max(peakBytes, liveBytes);
+    return static_cast<char*>(block) + kHeader;
+}
+
+void Free(void* memory) noexcept {
+    if (memory == nullptr)
+        return;
+    void* const block = static_cast<char*>(memory) - kHeader;
+    liveBytes -= *static_cast<std::size_t*>(block);
+    std::free(block);
+}
+
+}  // namespace
+
+void* operator new(std::size_t size) {
+    return Allocate(size);
+}
+void* operator new[](std::size_t size) {
+    return Allocate(size);
+}
+void operator delete(void* memory) noexcept {
+    Free(memory);
+}
+void operator delete[](void* memory) noexcept {
+    Free(memory);
+}
+void operator delete(void* memory, std::size_t) noexcept {
+    Free(memory);
+}
+void operator delete[](void* memory, std::size_t) noexcept {
+    Free(memory);
+}
+
+namespace {
+
+using namespace ferry::transfer;
+
+constexpr std::wstring_view kTop = L"C:\\Users\\somebody\\Documents\\top";
+constexpr std::size_t kFolders = 500;
+constexpr std::size_t kFixedBytes = 64;
+
+/// A tree of one level that is nowhere: its names are made when they are asked for.
+class ThinAirFileSystem final : public FileSystem {
+public:
+    explicit ThinAirFileSystem(std::size_t filesInFolder) : filesInFolder_(filesInFolder) {}
+
+    std::uint32_t Attributes(std::wstring_view) override { return kAttributeDirectory; }
+    bool SetAttributes(std::wstring_view, std::uint32_t) override { return true; }
+    void Enumerate(std::wstring_view folder, const std::function<void(const FoundItem&)>& visit) override {
+        FoundItem item;
+        const bool isTop = folder == kTop;
+        item.Attributes = isTop ? kAttributeDirectory : 0;
+        for (std::size_t index = 0; index < (isTop ? kFolders : filesInFolder_); ++index) {
+            item.Name = isTop ? L"folder " : L"some document ";
+            item.Name += std::to_wstring(index);
+            visit(item);
+            ++items_;
+            // Its path: the folder's, a separator and the name.
+            pathBytes_ += (folder.size() + 1 + item.Name.size()) * sizeof(wchar_t);
+        }
+    }
+    std::optional<FoundItem> Find(std::wstring_view) override { return std::nullopt; }
+    std::uint64_t FileSize(std::wstring_view) override { return 4096; }
+    int CreateFolder(std::wstring_view) override { return kFolderCreated; }
+    void NotifyFolderMade(std::wstring_view) override {}
+    bool RemoveFolder(std::wstring_view) override { return true; }
+    bool Rename(std::wstring_view, std::wstring_view) override { return true; }
+    bool IsRoot(std::wstring_view) override { return false; }
+    double LocalDate(std::uint64_t) override { return 0; }
+
+    std::size_t Items() const noexcept { return items_; }
+    std::size_t PathBytes() const noexcept { return pathBytes_; }
+
+private:
+    std::size_t filesInFolder_;
+    std::size_t items_ = 0;
+    std::size_t pathBytes_ = 0;
+};
+
+class WillingShell final : public ShellOperations {
+public:
+    ShellOutcome TransferFile(const ShellTransfer&) override { return {}; }
+    std::int32_t TransferBatch(const ferry::base::TextList&, std::wstring_view, std::uint32_t,
+                               std::uint32_t) override {
+        return 0;
+    }
+};
+
+class NoProgress final : public Progress {
+public:
+    void SetRange(std::uint32_t) override {}
+    bool DrainAndTakeCancel() override { return false; }
+    void Step() override {}
+    void ShowItem(std::wstring_view) override {}
+};
+
+class NobodyThere final : public Questions {
+public:
+    CollisionAnswer AskCollision(std::wstring_view) override { return {}; }
+    NameAnswer AskNewName(RenameKind, std::wstring_view) override { return {}; }
+    void ShowError(std::uint16_t) override {}
+};
+
+/// Moves a tree of 500 folders and measures. False when it took more than the goal.
+bool MeasureMove(std::size_t filesInFolder) {
+    ThinAirFileSystem files(filesInFolder);
+    WillingShell shell;
+    NobodyThere person;
+    NoProgress progress;
+    TransferRequest request;
+    request.Sources.Append(kTop);
+    request.Destination = L"D:\\backup\\";
+    request.What = Operation::Move;
+    const std::size_t before = liveBytes;
+    peakBytes = liveBytes;
+    if (!IndividualRun(request, files, shell, person, progress).Run())
+        return false;
+    const auto items = static_cast<double>(files.Items());
+    const double perItem = static_cast<double>(peakBytes - before) / items;
+    const double allowed = 2 * static_cast<double>(files.PathBytes()) / items + kFixedBytes;
+    const bool met = perItem <= allowed;
+    std::printf(
+        "{\"name\":\"memory of a run of %zu items, per item, against twice its path and 64\","
+        "\"ferry\":%.2f,\"reference\":%.2f,\"unit\":\"B\",\"ratio\":%.3f,\"goal\":1.00,\"met\":%s}\n",
+        files.Items(), perItem, allowed, perItem / allowed, met ? "true" : "false");
+    return met;
+}
+
+}  // namespace
+
+int main() {
+    bool isGood = true;
+    for (const std::size_t filesInFolder : {std::size_t{20}, std::size_t{200}, std::size_t{2000}})
+        isGood = MeasureMove(filesInFolder) && isGood;
+    return isGood ? 0 : 1;
+}
