@@ -11,11 +11,12 @@ BEGIN {
     below["hostlink"] = below["settings"] = below["process"] = services
     # The language is a setting.
     below["lang"] = services " settings"
+    below["completion"] = services " settings process"
     engines = services " hostlink lang settings process"
     below["transfer"] = below["script"] = engines
     # The framework knows nothing of Ferry, only the owners and texts of the lowest room.
     below["framework"] = "base"
-    below["controls"] = engines " transfer script framework"
+    below["controls"] = engines " completion transfer script framework"
     below["dirmenu"] = below["controls"] " controls"
     # The favourites button of a dialog opens the folder menu.
     below["dialogs"] = below["controls"] " controls dirmenu"

@@ -16,3 +16,13 @@ ferry_test(ferry_windows_tests
     LINK
         ferry_hostlink_win32 ferry_lang_win32 ferry_paths_win32 ferry_process_win32
         ferry_settings_win32 ferry_transfer_win32 comctl32)
+
+# The controls, driven in-process through the messages that the dialogs give them.
+ferry_test(ferry_controls_tests
+    SOURCES
+        combo_box_fixture_win32.cpp
+        complement_combo_box_win32_test.cpp
+        completion_win32_test.cpp
+        history_combo_box_win32_test.cpp
+        support_win32.cpp
+    LINK ferry_controls ferry_completion_win32 comctl32)
