@@ -13,11 +13,12 @@ BEGIN {
     below["lang"] = services " settings"
     # The times of a file are asked for as any file is.
     below["naming"] = services " process"
+    below["completion"] = services " settings process"
     engines = services " hostlink lang settings process naming"
     below["transfer"] = below["script"] = engines
     # The framework knows nothing of Ferry, only the owners and texts of the lowest room.
     below["framework"] = "base"
-    below["controls"] = engines " transfer script framework"
+    below["controls"] = engines " completion transfer script framework"
     below["dirmenu"] = below["controls"] " controls"
     # The favourites button of a dialog opens the folder menu.
     below["dialogs"] = below["controls"] " controls dirmenu"

@@ -62,7 +62,10 @@ POINT CentreOf(HWND window) {
 }  // namespace
 
 CFerryDlg::CFerryDlg(Services& services, const StartOptions& options, HWND owner)
-    : CDialogEx(IDD_FERRY, owner), services_(services), options_(options) {
+    : CDialogEx(IDD_FERRY, owner),
+      services_(services),
+      options_(options),
+      destination_(folders_, services.Messages, services.Settings) {
     form_.Operation = static_cast<std::uint32_t>(options.TransferMode);
 }
 
@@ -91,7 +94,7 @@ bool CFerryDlg::OnInitDialog() {
     }
     services_.Localiser.Localise(IDD_FERRY, Handle());
     list_.Prepare(Item(IDC_SOURCE_LIST), services_.Shell.SmallIcons());
-    destination_.Attach(Item(IDC_DESTINATION));
+    PrepareDestination();
     DragAcceptFiles(Handle(), TRUE);
     static_cast<transfer::TransferSettings&>(form_) = transfer::LoadTransferSettings(services_.Settings);
     ExchangeForm(false);
@@ -99,6 +102,7 @@ bool CFerryDlg::OnInitDialog() {
     hostlink::CentreOverHost(Handle(), host.WindowMode);
     list_.Append(std::move(services_.Host.SelectedItems));
     ShowItemCount();
+    OfferSourceFolder();
     PresetDestination();
     FillTabList();
     hostlink::ApplyWindowMode(Handle(), host.WindowMode, {});
@@ -106,6 +110,15 @@ bool CFerryDlg::OnInitDialog() {
     ShowWindow(Item(listMode ? IDC_OTHER_TABS : IDC_TAB_LIST), SW_HIDE);
     FocusAtStart();
     return false;
+}
+
+void CFerryDlg::PrepareDestination() {
+    destination_.Prepare(Item(IDC_DESTINATION));
+    destination_.SetFoldersOnly(true);
+    destination_.SetCompletionOn(true);
+    DragAcceptFiles(destination_.Handle(), TRUE);
+    destination_.LoadSoon();
+    destination_.SetSaveOnClose(true);
 }
 
 // Batch mode leaves conflicts to the shell, so only "do not ask" has a meaning there; the rest

@@ -4,7 +4,9 @@
 #include <string>
 #include <vector>
 
+#include "completion/folder_lookup_win32.h"
 #include "controls/cmd_list_ctrl.h"
+#include "controls/history_combo_box.h"
 #include "dialogs/services.h"
 #include "dialogs/start_options.h"
 #include "framework/dialog.h"
@@ -34,6 +36,7 @@ private:
     enum class Arrival { Nothing, FileList, FolderList };
 
     bool ExchangeForm(bool fromControls);
+    void PrepareDestination();
     void ShowModeLayout();
 
     // Deliveries of the host and drops.
@@ -48,6 +51,7 @@ private:
     void FillTabList();
     void FocusAtStart();
     void ShowItemCount();
+    void OfferSourceFolder();
     void SetDestination(std::wstring_view folder);
     void SetDestinationAndSelect(std::wstring_view folder);
 
@@ -69,7 +73,8 @@ private:
     Form form_;
     Arrival arrival_ = Arrival::Nothing;
     controls::CCmdListCtrl list_;
-    framework::CComboBoxEx destination_;
+    completion::WindowsFolderLookup folders_;
+    controls::CHistryComboBoxEx destination_;
 };
 
 }  // namespace ferry::dialogs

@@ -7,9 +7,9 @@
 #include <span>
 #include <string>
 
-#include "base/unique_resource.h"
 #include "dialogs/ferry_dialog.h"
 #include "framework/errors.h"
+#include "framework/handles.h"
 #include "hostlink/host_block.h"
 #include "hostlink/window_placement_win32.h"
 #include "ids.h"
@@ -27,13 +27,6 @@ constexpr ULONG_PTR kBlockTag = 255;
 // Three hand-over codes of the host's scripts; all of them carry a destination.
 constexpr ULONG_PTR kDestinationTags[] = {100, 200, 300};
 
-struct DropTraits {
-    using Value = HDROP;
-    static Value Nothing() noexcept { return nullptr; }
-    static void Release(Value drop) noexcept { DragFinish(drop); }
-};
-using DropHandle = base::UniqueResource<DropTraits>;
-
 base::TextList PathsOf(HDROP drop) {
     base::TextList paths;
     const UINT count = DragQueryFileW(drop, 0xFFFFFFFF, nullptr, 0);
@@ -46,7 +39,7 @@ base::TextList PathsOf(HDROP drop) {
 }  // namespace
 
 Answer CFerryDlg::OnDropFiles(WPARAM wParam, LPARAM) {
-    const DropHandle drop(reinterpret_cast<HDROP>(wParam));
+    const framework::DropHandle drop(reinterpret_cast<HDROP>(wParam));
     if (arrival_ == Arrival::FolderList) {
         return 0;
     }
@@ -67,6 +60,7 @@ void CFerryDlg::TakeDroppedItems(base::TextList paths) {
     list_.Append(std::move(paths));
     arrival_ = Arrival::FileList;
     ShowItemCount();
+    OfferSourceFolder();
     EnableWindow(Item(IDOK), TRUE);
 }
 
@@ -118,6 +112,7 @@ bool CFerryDlg::TakeDelivery(const COPYDATASTRUCT& data) {
     FillTabList();
     FocusAtStart();
     ShowItemCount();
+    OfferSourceFolder();
     EnableWindow(Item(IDOK), TRUE);
     hostlink::BringToForeground(Handle());
     return true;
@@ -171,8 +166,15 @@ void CFerryDlg::ShowItemCount() {
     SetDlgItemTextW(Handle(), IDC_COUNT, text.c_str());
 }
 
+// A name that is typed alone is most often meant beside the sources.
+void CFerryDlg::OfferSourceFolder() {
+    if (list_.Items().Size() > 0) {
+        destination_.SetSearchBase(std::wstring(paths::ParentWithSeparator(list_.Items()[0].Path)));
+    }
+}
+
 void CFerryDlg::SetDestination(std::wstring_view folder) {
-    destination_.SetEditText(paths::WithTrailingSeparator(folder));
+    destination_.ReplaceText(paths::WithTrailingSeparator(folder));
 }
 
 void CFerryDlg::SetDestinationAndSelect(std::wstring_view folder) {

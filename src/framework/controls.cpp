@@ -89,6 +89,31 @@ bool CComboBoxEx::IsListOpen() const noexcept {
     return SendMessageW(Handle(), CB_GETDROPPEDSTATE, 0, 0) != FALSE;
 }
 
+void CComboBoxEx::OpenList(bool open) const noexcept {
+    SendMessageW(Handle(), CB_SHOWDROPDOWN, open ? TRUE : FALSE, 0);
+}
+
+void CComboBoxEx::RemoveItems() const noexcept {
+    SendMessageW(Handle(), CB_RESETCONTENT, 0, 0);
+}
+
+void CComboBoxEx::AddItem(const std::wstring& text) const noexcept {
+    COMBOBOXEXITEMW item{};
+    item.mask = CBEIF_TEXT;
+    item.iItem = -1;
+    // The field is writable for other messages only.
+    item.pszText = const_cast<wchar_t*>(text.c_str());
+    SendMessageW(Handle(), CBEM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item));
+}
+
+int CComboBoxEx::SelectedItem() const noexcept {
+    return static_cast<int>(SendMessageW(Handle(), CB_GETCURSEL, 0, 0));
+}
+
+void CComboBoxEx::SelectItem(int index) const noexcept {
+    SendMessageW(Handle(), CB_SETCURSEL, static_cast<WPARAM>(index), 0);
+}
+
 void CProgressCtrl::Start(std::uint32_t count) const noexcept {
     SendMessageW(Handle(), PBM_SETRANGE32, 0, static_cast<LPARAM>(count));
     SendMessageW(Handle(), PBM_SETSTEP, 1, 0);

@@ -85,6 +85,19 @@ public:
     void SelectAll() const noexcept { SendMessageW(Edit(), EM_SETSEL, 0, -1); }
 
     bool IsListOpen() const noexcept;
+    void OpenList(bool open) const noexcept;
+
+    /// Empties the list. The control may clear the edit field with it.
+    void RemoveItems() const noexcept;
+
+    /// Appends an item; the control copies the text.
+    void AddItem(const std::wstring& text) const noexcept;
+
+    /// The index of the selected item, or -1.
+    int SelectedItem() const noexcept;
+
+    /// Selects an item; the control shows its text in the edit field.
+    void SelectItem(int index) const noexcept;
 };
 
 /// A progress bar.

@@ -80,6 +80,10 @@ Answer CWnd::Dispatch(UINT message, WPARAM wParam, LPARAM lParam) {
     return std::nullopt;
 }
 
+LRESULT CWnd::CallDefault(UINT message, WPARAM wParam, LPARAM lParam) const noexcept {
+    return CommonControls::Get().CallNext(window_, message, wParam, lParam);
+}
+
 LRESULT CALLBACK CWnd::WindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
                                   DWORD_PTR object) noexcept {
     // An exception must not cross the frames of Windows: it stops here and is told to the user.

@@ -53,6 +53,9 @@ protected:
     /// Sends a message through the route table; nothing when no handler answered.
     virtual Answer Dispatch(UINT message, WPARAM wParam, LPARAM lParam);
 
+    /// Gives a message to the window's own procedure at once, for a handler that has to come after it.
+    LRESULT CallDefault(UINT message, WPARAM wParam, LPARAM lParam) const noexcept;
+
 private:
     static LRESULT CALLBACK WindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
                                        DWORD_PTR object) noexcept;

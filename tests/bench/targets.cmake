@@ -17,6 +17,10 @@ if(WIN32)
     add_executable(bench_enumerate enumerate_bench_win32.cpp)
     target_link_libraries(bench_enumerate PRIVATE bench_comparison e2e_driver ferry_transfer_win32)
 
+    add_executable(bench_completion completion_bench_win32.cpp)
+    target_link_libraries(bench_completion PRIVATE
+        bench_comparison e2e_driver ferry_controls ferry_completion_win32 comctl32)
+
     # What Ferry's start is compared with. It is no benchmark, so it is not named like one.
     add_executable(bare_dialog WIN32
         bare_dialog_win32.cpp bare_dialog.rc ${CMAKE_SOURCE_DIR}/res/ferry_dialog.rc)

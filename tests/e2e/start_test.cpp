@@ -74,6 +74,14 @@ TEST_F(PressingStart, SavesTheChoicesOfThisRun) {
     EXPECT_EQ(ReadNumber(kProgramKey, L"1"), 0U);
 }
 
+TEST_F(PressingStart, RemembersTheDestinationInTheHistory) {
+    const std::wstring destination = Tree().MakeFolder(L"先");
+    ASSERT_TRUE(Transfer(destination));
+    ASSERT_TRUE(Run().WaitForEnd());
+    EXPECT_EQ(ReadText(kProgramKey, L"Ferry000"), destination);
+    EXPECT_EQ(ReadText(kProgramKey, L"Ferry001"), L"");
+}
+
 TEST_F(PressingStart, WithShiftHeldUsesTheChoicesWithoutSavingThem) {
     ASSERT_TRUE(Dialog().Choose(kIndividual));
     ASSERT_TRUE(Dialog().Choose(PolicyControl(3)));

@@ -10,11 +10,15 @@ ferry_test(ferry_e2e
     SOURCES
         batch_test.cpp
         command_line_test.cpp
+        completion_keys_test.cpp
+        completion_test.cpp
         decide_test.cpp
         delivery_test.cpp
+        destination_choice_test.cpp
         drop_test.cpp
         fault_test.cpp
         fixture.cpp
+        history_test.cpp
         hostile_block_test.cpp
         hostile_message_test.cpp
         hostile_settings_test.cpp

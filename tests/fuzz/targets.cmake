@@ -1,5 +1,6 @@
 ferry_fuzz(catalogue LINK ferry_lang)
 ferry_fuzz(command_line LINK ferry_command_line)
+ferry_fuzz(completion LINK ferry_completion)
 ferry_fuzz(date_format LINK ferry_naming)
 ferry_fuzz(dialog_text LINK ferry_lang)
 ferry_fuzz(host_block LINK ferry_hostlink)

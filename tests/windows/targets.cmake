@@ -37,3 +37,13 @@ if(MSVC)
     # The manifest comes from the resources.
     target_link_options(ferry_dialogs_test PRIVATE /MANIFEST:NO)
 endif()
+
+# The controls, driven in-process through the messages that the dialogs give them.
+ferry_test(ferry_controls_tests
+    SOURCES
+        combo_box_fixture_win32.cpp
+        complement_combo_box_win32_test.cpp
+        completion_win32_test.cpp
+        history_combo_box_win32_test.cpp
+        support_win32.cpp
+    LINK ferry_controls ferry_completion_win32 comctl32)

@@ -2,6 +2,8 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
+
 #include "e2e/driver/keys.h"
 #include "e2e/driver/message_box.h"
 #include "e2e/driver/poll.h"
@@ -90,12 +92,48 @@ void RemoteDialog::SetDestination(const std::wstring& path) const {
     SendMessageW(DestinationEdit(), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(path.c_str()));
 }
 
-bool RemoteDialog::TypeDestination(const std::wstring& path) const {
-    SetDestination(L"");
+bool RemoteDialog::IsDestinationListOpen() const {
+    return SendMessageW(Control(kDestination), CB_GETDROPPEDSTATE, 0, 0) != FALSE;
+}
+
+int RemoteDialog::DestinationListCount() const {
+    return static_cast<int>(SendMessageW(Control(kDestination), CB_GETCOUNT, 0, 0));
+}
+
+int RemoteDialog::DestinationListSelection() const {
+    return static_cast<int>(SendMessageW(Control(kDestination), CB_GETCURSEL, 0, 0));
+}
+
+std::wstring RemoteDialog::DestinationListText(int index) const {
+    const RemoteMemory memory(window_, sizeof(COMBOBOXEXITEMW) + kItemTextUnits * sizeof(wchar_t));
+    COMBOBOXEXITEMW item = {};
+    item.mask = CBEIF_TEXT;
+    item.iItem = index;
+    item.cchTextMax = kItemTextUnits;
+    item.pszText = reinterpret_cast<wchar_t*>(memory.Place() + sizeof(item));
+    memory.Write(&item, sizeof(item));
+    SendMessageW(Control(kDestination), CBEM_GETITEMW, 0, reinterpret_cast<LPARAM>(memory.Place()));
+    std::wstring text(kItemTextUnits, L'\0');
+    memory.Read(sizeof(item), text.data(), text.size() * sizeof(wchar_t));
+    text.resize(std::min(text.find(L'\0'), text.size()));
+    return text;
+}
+
+std::pair<int, int> RemoteDialog::DestinationSelection() const {
+    const auto range = static_cast<DWORD>(SendMessageW(DestinationEdit(), EM_GETSEL, 0, 0));
+    return {LOWORD(range), HIWORD(range)};
+}
+
+bool RemoteDialog::FocusDestination() const {
     if (!TakeForeground(window_))
         return false;
     SendMessageW(window_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(DestinationEdit()), TRUE);
-    if (!WaitForFocus(DestinationEdit()))
+    return WaitForFocus(DestinationEdit());
+}
+
+bool RemoteDialog::TypeDestination(const std::wstring& path) const {
+    SetDestination(L"");
+    if (!FocusDestination())
         return false;
     TypeText(path);
     return WaitUntil([&] { return Destination() == path; });

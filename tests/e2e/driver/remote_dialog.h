@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace ferry::e2e {
@@ -60,6 +61,20 @@ public:
 
     /// Writes the destination as a whole, without typing.
     void SetDestination(const std::wstring& path) const;
+
+    /// The list of the destination's combo box.
+    bool IsDestinationListOpen() const;
+    int DestinationListCount() const;
+    int DestinationListSelection() const;
+
+    /// The text that the list shows for an item.
+    std::wstring DestinationListText(int index) const;
+
+    /// The selection in the destination's edit field, as start and end.
+    std::pair<int, int> DestinationSelection() const;
+
+    /// Gives the destination's edit field the focus of a dialog in the foreground.
+    bool FocusDestination() const;
 
     /// Empties the destination and types `path` with real keys.
     bool TypeDestination(const std::wstring& path) const;

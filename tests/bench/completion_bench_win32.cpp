@@ -1,0 +1,163 @@
+// How long completion takes in a folder of 100,000 entries, against a bare search with the same cap and
+// a sort; and how long a person waits from the key to the list.
+//
+// Prints one line of JSON and ends with 1 when the goal is missed; the time to the list is a remark.
+#include <windows.h>
+#include <commctrl.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdio>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "comparison.h"
+#include "completion/candidates.h"
+#include "completion/folder_lookup_win32.h"
+#include "controls/complement_combo_box.h"
+#include "e2e/driver/temp_tree.h"
+
+namespace {
+
+using ferry::e2e::TempTree;
+using Paths = std::vector<std::wstring>;
+
+constexpr std::size_t kEntries = 100'000;
+/// Every tenth entry is a folder, so the cap is met half way.
+constexpr std::size_t kFolderEvery = 10;
+constexpr std::size_t kCap = 5000;
+constexpr int kWarmUpRounds = 2;
+constexpr int kRounds = 21;
+constexpr double kGoal = 1.3;
+
+/// The folder with a backslash at its end; empty when an entry could not be made.
+std::wstring MakeEntries(const TempTree& tree) {
+    const std::wstring folder = tree.MakeFolder(L"many") + L"\\";
+    for (std::size_t entry = 0; entry < kEntries; ++entry) {
+        const std::wstring path = folder + L"Some entry " + std::to_wstring(entry * 7919 % kEntries);
+        if (entry % kFolderEvery == 0) {
+            if (CreateDirectoryW(path.c_str(), nullptr) == FALSE)
+                return {};
+            continue;
+        }
+        const HANDLE file =
+            CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+        if (file == INVALID_HANDLE_VALUE)
+            return {};
+        CloseHandle(file);
+    }
+    return folder;
+}
+
+/// What a program would write that wants the sorted list and nothing else.
+std::size_t FindByHand(const std::wstring& folder) {
+    Paths found;
+    WIN32_FIND_DATAW data;
+    const HANDLE search = FindFirstFileExW((folder + L"*").c_str(), FindExInfoBasic, &data,
+                                           FindExSearchNameMatch, nullptr, FIND_FIRST_EX_LARGE_FETCH);
+    if (search == INVALID_HANDLE_VALUE)
+        return 0;
+    do {
+        const bool isFolder = (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+        if (isFolder && wcscmp(data.cFileName, L".") != 0 && wcscmp(data.cFileName, L"..") != 0)
+            found.push_back(folder + data.cFileName + L"\\");
+    } while (found.size() <= kCap && FindNextFileW(search, &data));
+    FindClose(search);
+    std::ranges::sort(found, [](const std::wstring& left, const std::wstring& right) {
+        return _wcsicmp(left.c_str(), right.c_str()) < 0;
+    });
+    return found.size();
+}
+
+std::size_t FindByFerry(const std::wstring& folder) {
+    ferry::completion::WindowsFolderLookup lookup;
+    return ferry::completion::FindCandidates(lookup, folder, true).size();
+}
+
+using Find = std::size_t (*)(const std::wstring&);
+
+/// Milliseconds of one search; negative when it did not end at the cap.
+double Time(Find find, const std::wstring& folder) {
+    std::size_t count = 0;
+    const double spent = ferry::bench::MillisecondsOf([&] { count = find(folder); });
+    if (count != kCap + 1) {
+        std::fprintf(stderr, "%zu candidates were found instead of %zu\n", count, kCap + 1);
+        return -1;
+    }
+    return spent;
+}
+
+bool Race(const std::wstring& folder, ferry::bench::Comparison& comparison) {
+    for (int round = 0; round < kWarmUpRounds + kRounds; ++round) {
+        // The order changes, so that no side always comes second.
+        const bool isFerryFirst = round % 2 == 0;
+        const double first = Time(isFerryFirst ? FindByFerry : FindByHand, folder);
+        const double second = Time(isFerryFirst ? FindByHand : FindByFerry, folder);
+        if (first < 0 || second < 0)
+            return false;
+        if (round >= kWarmUpRounds) {
+            comparison.Ferry.push_back(isFerryFirst ? first : second);
+            comparison.Reference.push_back(isFerryFirst ? second : first);
+        }
+    }
+    return true;
+}
+
+/// No text is asked for.
+class NoMessages : public ferry::lang::CatalogueSource {
+public:
+    std::optional<std::wstring> ReadMessageFile() override { return L""; }
+    void ReportCannotOpen() override {}
+};
+
+/// Tells how long the key takes until the list stands open, search, sort, display and all.
+bool TellTimeToList(const std::wstring& folder) {
+    const INITCOMMONCONTROLSEX classes{sizeof(classes), ICC_USEREX_CLASSES};
+    InitCommonControlsEx(&classes);
+    const HWND window = CreateWindowExW(0, WC_STATICW, L"", WS_POPUP | WS_VISIBLE, 0, 0, 400, 300, nullptr,
+                                        nullptr, nullptr, nullptr);
+    const HWND control = CreateWindowExW(0, WC_COMBOBOXEXW, L"",
+                                         WS_CHILD | WS_VISIBLE | CBS_DROPDOWN | CBS_AUTOHSCROLL | WS_VSCROLL,
+                                         10, 10, 260, 250, window, nullptr, nullptr, nullptr);
+    NoMessages source;
+    ferry::lang::Catalogue messages(source);
+    ferry::completion::WindowsFolderLookup lookup;
+    ferry::controls::CComplementComboBox box(lookup, messages);
+    box.Prepare(control);
+    box.SetFoldersOnly(true);
+    std::vector<double> times;
+    for (int round = 0; round < kRounds; ++round) {
+        box.ReplaceText(folder);
+        MSG key{};
+        key.hwnd = box.Edit();
+        key.message = WM_KEYDOWN;
+        key.wParam = VK_DOWN;
+        times.push_back(ferry::bench::MillisecondsOf([&] { box.PreTranslateMessage(key); }));
+        if (!box.IsListOpen() || box.Candidates().size() != kCap + 1)
+            return false;
+    }
+    std::ranges::sort(times);
+    std::fprintf(stderr, "from the key to the open list of %zu folders: %.0f ms (%.0f to %.0f)\n", kCap + 1,
+                 times[times.size() / 2], times.front(), times.back());
+    DestroyWindow(window);
+    return true;
+}
+
+}  // namespace
+
+int main() {
+    const TempTree tree;
+    const std::wstring folder = MakeEntries(tree);
+    if (folder.empty()) {
+        std::fprintf(stderr, "the folder could not be filled\n");
+        return 1;
+    }
+    ferry::bench::Comparison comparison{"complete in 100000 entries, against a bare search", kGoal, {}, {}};
+    const bool isMet = Race(folder, comparison) && Report(comparison);
+    if (!TellTimeToList(folder)) {
+        std::fprintf(stderr, "the list did not open\n");
+        return 1;
+    }
+    return isMet ? 0 : 1;
+}

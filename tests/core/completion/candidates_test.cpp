@@ -1,0 +1,119 @@
+// The search for what completes a typed path, on a made-up file system.
+#include "completion/candidates.h"
+
+#include <gtest/gtest.h>
+
+#include "base/utf16.h"
+
+namespace ferry::completion {
+namespace {
+
+using Texts = std::vector<std::wstring>;
+
+/// Answers every search with the same matches and writes the patterns down.
+class FakeLookup : public FolderLookup {
+public:
+    struct Item {
+        std::wstring Name;
+        bool IsFolder;
+    };
+
+    void Search(std::wstring_view pattern, const std::function<bool(const Match&)>& visit) override {
+        Patterns.emplace_back(pattern);
+        for (const Item& item : Items) {
+            ++Visited;
+            if (!visit({item.Name, item.IsFolder})) {
+                return;
+            }
+        }
+    }
+    std::uint32_t Attributes(std::wstring_view) override { return 0; }
+
+    std::vector<Item> Items;
+    Texts Patterns;
+    std::size_t Visited = 0;
+};
+
+TEST(SearchText, PutsARelativeTextBelowTheBase) {
+    EXPECT_EQ(SearchText(L"Win", L"C:\\base"), L"C:\\base\\Win");
+    EXPECT_EQ(SearchText(L"Win", L"C:\\base\\"), L"C:\\base\\Win");
+    EXPECT_EQ(SearchText(L"\\Win", L"C:\\base"), L"C:\\base\\Win");
+    EXPECT_EQ(SearchText(L"D:\\Win", L"C:\\base"), L"D:\\Win");
+    EXPECT_EQ(SearchText(L"\\\\srv", L"C:\\base"), L"\\\\srv");
+    EXPECT_EQ(SearchText(L"\\Win", L""), L"\\Win");
+}
+
+TEST(SearchPattern, LooksForNamesThatContainTwoOrMoreTypedUnits) {
+    const std::pair<std::wstring_view, std::wstring_view> cases[] = {
+        {L"C:\\Win", L"C:\\*Win*"},
+        {L"C:\\Wi", L"C:\\*Wi*"},
+        {L"C:\\W", L"C:\\W*"},
+        {L"C:\\", L"C:\\*"},
+        {L"C:\\a\\b c", L"C:\\a\\*b c*"},
+        {L"C:", L"C:*C:*"},
+        {L"\\\\srv\\share\\", L"\\\\srv\\share\\*"},
+        {L"\\\\srv\\share\\夏休み", L"\\\\srv\\share\\*夏休み*"},
+        {L"\\\\", L"\\\\*"},
+    };
+    for (const auto& [text, expected] : cases) {
+        SCOPED_TRACE(base::ToUtf8(text));
+        EXPECT_EQ(SearchPattern(text), expected);
+    }
+}
+
+TEST(FindCandidates, AreFullPathsWithABackslashBehindFolders) {
+    FakeLookup lookup;
+    lookup.Items = {{L".", true}, {L"..", true}, {L"Windows", true}, {L"Win.txt", false}};
+    EXPECT_EQ(FindCandidates(lookup, L"C:\\dir\\Win", false),
+              (Texts{L"C:\\dir\\Win.txt", L"C:\\dir\\Windows\\"}));
+    EXPECT_EQ(lookup.Patterns, Texts{L"C:\\dir\\*Win*"});
+}
+
+TEST(FindCandidates, NeverOfferFilesWhenOnlyFoldersAreWanted) {
+    FakeLookup lookup;
+    lookup.Items = {{L"a.txt", false}, {L"b", true}, {L"c", false}};
+    EXPECT_EQ(FindCandidates(lookup, L"\\\\srv\\share\\", true), Texts{L"\\\\srv\\share\\b\\"});
+}
+
+TEST(FindCandidates, AreSortedWithoutRegardToCase) {
+    FakeLookup lookup;
+    lookup.Items = {{L"beta", true}, {L"Gamma", true}, {L"ALPHA", true}, {L"alpha 2", true}, {L"_old", true}};
+    EXPECT_EQ(FindCandidates(lookup, L"C:\\", true),
+              (Texts{L"C:\\_old\\", L"C:\\alpha 2\\", L"C:\\ALPHA\\", L"C:\\beta\\", L"C:\\Gamma\\"}));
+}
+
+TEST(FindCandidates, AreNotSearchedForBelowTwoUnits) {
+    FakeLookup lookup;
+    lookup.Items = {{L"a", true}};
+    EXPECT_EQ(FindCandidates(lookup, L"", true), Texts{});
+    EXPECT_EQ(FindCandidates(lookup, L"C", true), Texts{});
+    EXPECT_TRUE(lookup.Patterns.empty());
+    EXPECT_EQ(FindCandidates(lookup, L"C:", true).size(), 1U);
+}
+
+TEST(FindCandidates, StopOnceMoreThanFiveThousandAreThere) {
+    FakeLookup lookup;
+    for (std::size_t index = 0; index < 5000; ++index) {
+        lookup.Items.push_back({L"file " + std::to_wstring(index), false});
+        lookup.Items.push_back({L"folder " + std::to_wstring(index), true});
+    }
+    EXPECT_EQ(FindCandidates(lookup, L"C:\\", true).size(), 5000U);
+    EXPECT_EQ(lookup.Visited, 10000U);
+    lookup.Visited = 0;
+    EXPECT_EQ(FindCandidates(lookup, L"C:\\", false).size(), 5001U);
+    EXPECT_EQ(lookup.Visited, 5001U);
+}
+
+TEST(FindCandidates, OfAFailedSearchAreNone) {
+    FakeLookup lookup;
+    EXPECT_EQ(FindCandidates(lookup, L"C:\\no access\\", true), Texts{});
+}
+
+TEST(FindCandidates, KeepTheFolderAsItWasTyped) {
+    FakeLookup lookup;
+    lookup.Items = {{L"sub", true}};
+    EXPECT_EQ(FindCandidates(lookup, L"c:\\DIR\\..\\s", true), Texts{L"c:\\DIR\\..\\sub\\"});
+}
+
+}  // namespace
+}  // namespace ferry::completion

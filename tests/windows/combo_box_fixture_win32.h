@@ -1,0 +1,114 @@
+// A window with an extended combo box, keys for it, and the world that its object sees.
+#pragma once
+
+#include <windows.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "completion/folder_lookup.h"
+#include "controls/complement_combo_box.h"
+#include "settings/settings_store.h"
+#include "windows/support_win32.h"
+
+namespace ferry::test {
+
+using Texts = std::vector<std::wstring>;
+
+/// Answers every search with the same matches and writes the patterns down.
+class FakeLookup : public completion::FolderLookup {
+public:
+    struct Item {
+        std::wstring Name;
+        bool IsFolder;
+    };
+
+    void Search(std::wstring_view pattern,
+                const std::function<bool(const completion::Match&)>& visit) override;
+    std::uint32_t Attributes(std::wstring_view) override { return ItemAttributes; }
+
+    std::vector<Item> Items;
+    Texts Patterns;
+    std::uint32_t ItemAttributes = FILE_ATTRIBUTE_DIRECTORY;
+};
+
+/// Texts in memory; counts the writes.
+class FakeStore : public settings::SettingsStore {
+public:
+    std::wstring ReadText(std::wstring_view name, std::wstring_view defaultText) override;
+    std::uint32_t ReadNumber(std::wstring_view, std::uint32_t number) override { return number; }
+    bool WriteText(std::wstring_view name, std::wstring_view text) override;
+    bool WriteNumber(std::wstring_view, std::uint32_t) override { return false; }
+    std::wstring ReadHostText(std::wstring_view, std::wstring_view text) override {
+        return std::wstring(text);
+    }
+    std::uint32_t ReadHostNumber(std::wstring_view) override { return 0; }
+    bool WriteTextToKey(std::wstring_view, std::wstring_view, std::wstring_view) override { return false; }
+    bool WriteNumberToKey(std::wstring_view, std::wstring_view, std::uint32_t) override { return false; }
+
+    std::map<std::wstring, std::wstring, std::less<>> Values;
+    int Writes = 0;
+};
+
+/// The two texts of the question.
+class FakeCatalogueSource : public lang::CatalogueSource {
+public:
+    std::optional<std::wstring> ReadMessageFile() override {
+        return L"62400\tHistory\r\n63007\t: clear?\r\n";
+    }
+    void ReportCannotOpen() override {}
+};
+
+/// The window is shown, since focus and lists need one. The combo box is 260 pixels wide.
+class ComboBoxTest : public testing::Test {
+protected:
+    ComboBoxTest();
+    ~ComboBoxTest() override;
+
+    /// The object under test, attached in the constructor of the derived fixture.
+    virtual controls::CComplementComboBox& Box() = 0;
+    HWND Control() const { return control_; }
+    HWND Parent() const { return parent_.Get(); }
+
+    /// Puts `text` into the edit field with the caret at its end, or with the selection given.
+    void Type(const std::wstring& text);
+    void Type(const std::wstring& text, int selectionStart, int selectionEnd);
+
+    std::wstring Text() { return Box().EditText(); }
+
+    /// The selection as start and end.
+    std::pair<int, int> Selection();
+
+    /// Whether the control consumed `key`, sent to the part of it that has the focus while `held`
+    /// are held. What it does not consume is not dispatched.
+    bool Press(int key, std::vector<int> held = {});
+
+    /// Whether the control consumed a mouse message over its edit field.
+    bool Mouse(UINT message);
+
+    /// The texts that the list shows.
+    Texts Shown();
+
+    bool IsOpen() { return Box().IsListOpen(); }
+
+    /// Dispatches what is in the message queue; gives the commands that were posted to the parent.
+    std::vector<int> PumpCommands();
+
+    FakeLookup lookup_;
+    FakeStore store_;
+    FakeCatalogueSource catalogueSource_;
+    lang::Catalogue messages_{catalogueSource_};
+
+private:
+    HWND FocusedPart();
+
+    TestWindow parent_;
+    HWND control_ = nullptr;
+};
+
+}  // namespace ferry::test

@@ -1,0 +1,92 @@
+// The folder lookup over real folders, and the order of texts against that of Windows.
+#include <windows.h>
+#include <gtest/gtest.h>
+
+#include "completion/candidates.h"
+#include "completion/case_order.h"
+#include "completion/folder_lookup_win32.h"
+#include "windows/support_win32.h"
+
+namespace ferry::completion {
+namespace {
+
+using Texts = std::vector<std::wstring>;
+
+class WindowsFolderLookupTest : public testing::Test {
+protected:
+    void SetUp() override {
+        test::MakeFolders(folder_ / L"My Windows");
+        test::MakeFolders(folder_ / L"windmill");
+        test::MakeFolders(folder_ / L"other");
+        test::WriteUnits(folder_ / L"window.txt", L"x");
+    }
+
+    test::TempFolder folder_;
+    WindowsFolderLookup lookup_;
+};
+
+TEST_F(WindowsFolderLookupTest, FindsNamesThatContainTheTypedPart) {
+    EXPECT_EQ(FindCandidates(lookup_, folder_ / L"wind", true),
+              (Texts{folder_ / L"My Windows\\", folder_ / L"windmill\\"}));
+    EXPECT_EQ(FindCandidates(lookup_, folder_ / L"wind", false),
+              (Texts{folder_ / L"My Windows\\", folder_ / L"windmill\\", folder_ / L"window.txt"}));
+}
+
+TEST_F(WindowsFolderLookupTest, FindsNamesThatBeginWithASingleTypedLetter) {
+    EXPECT_EQ(FindCandidates(lookup_, folder_ / L"w", true), Texts{folder_ / L"windmill\\"});
+}
+
+TEST_F(WindowsFolderLookupTest, LooksIntoFoldersOfAnyLength) {
+    const std::wstring longFolder = folder_.LongFolder();
+    test::MakeFolders(longFolder + L"\\below");
+    EXPECT_EQ(FindCandidates(lookup_, longFolder + L"\\", true), Texts{longFolder + L"\\below\\"});
+    EXPECT_EQ(lookup_.Attributes(longFolder) & FILE_ATTRIBUTE_DIRECTORY, FILE_ATTRIBUTE_DIRECTORY);
+}
+
+TEST_F(WindowsFolderLookupTest, FindsNothingWhereThereIsNothing) {
+    EXPECT_EQ(FindCandidates(lookup_, folder_ / L"missing\\", true), Texts{});
+    EXPECT_EQ(FindCandidates(lookup_, folder_ / L"window.txt\\", true), Texts{});
+    EXPECT_EQ(FindCandidates(lookup_, L"\\\\", true), Texts{});
+    EXPECT_EQ(FindCandidates(lookup_, L"\\\\no-such-server.invalid\\share\\", true), Texts{});
+    EXPECT_EQ(FindCandidates(lookup_, L"C:\\|<>\"", true), Texts{});
+    EXPECT_EQ(lookup_.Attributes(folder_ / L"missing"), INVALID_FILE_ATTRIBUTES);
+}
+
+TEST_F(WindowsFolderLookupTest, ASearchGoesOnToItsEndWhenTheFolderVanishes) {
+    const std::wstring vanishing = folder_ / L"vanishing";
+    for (int index = 0; index < 50; ++index) {
+        test::MakeFolders(vanishing + L"\\sub" + std::to_wstring(index));
+    }
+    std::size_t seen = 0;
+    lookup_.Search(vanishing + L"\\*", [&](const Match&) {
+        if (++seen == 5) {
+            for (int index = 0; index < 50; ++index) {
+                RemoveDirectoryW((vanishing + L"\\sub" + std::to_wstring(index)).c_str());
+            }
+        }
+        return true;
+    });
+    EXPECT_GE(seen, 5U);
+    // A folder that is being searched goes with the search's end at the latest.
+    RemoveDirectoryW(vanishing.c_str());
+    ASSERT_FALSE(test::Exists(vanishing));
+    EXPECT_EQ(FindCandidates(lookup_, vanishing + L"\\", true), Texts{});
+}
+
+TEST(ToSmall, AgreesWithWindowsForEveryLetterThatItMaps) {
+    int mapped = 0;
+    for (unsigned unit = 0; unit <= 0xFFFF; ++unit) {
+        const auto letter = static_cast<wchar_t>(unit);
+        const wchar_t small = ToSmall(letter);
+        if (small != letter) {
+            ++mapped;
+            wchar_t expected = letter;
+            CharLowerBuffW(&expected, 1);
+            EXPECT_EQ(small, expected) << std::hex << unit;
+        }
+    }
+    EXPECT_GT(mapped, 500);
+}
+
+}  // namespace
+}  // namespace ferry::completion
