@@ -8,7 +8,7 @@
 namespace ferry::bench {
 namespace {
 
-/// The middle of the sorted times; of two middles the greater one.
+/// The middle of the sorted figures; of two middles the greater one.
 double Median(const std::vector<double>& sorted) {
     return sorted[sorted.size() / 2];
 }
@@ -34,14 +34,14 @@ bool Report(const Comparison& comparison) {
     const double ratio = Median(ferry) / Median(reference);
     const bool met = ratio <= comparison.Goal;
     std::printf(
-        "{\"name\":\"%s\",\"ferry\":%.2f,\"reference\":%.2f,\"unit\":\"ms\",\"ratio\":%.3f,"
+        "{\"name\":\"%s\",\"ferry\":%.2f,\"reference\":%.2f,\"unit\":\"%s\",\"ratio\":%.3f,"
         "\"goal\":%.2f,\"met\":%s}\n",
-        comparison.Name.c_str(), Median(ferry), Median(reference), ratio, comparison.Goal,
+        comparison.Name.c_str(), Median(ferry), Median(reference), comparison.Unit.c_str(), ratio, comparison.Goal,
         met ? "true" : "false");
     std::fflush(stdout);
-    std::fprintf(stderr, "%s: %zu rounds, ferry %.2f to %.2f ms, reference %.2f to %.2f ms\n",
+    std::fprintf(stderr, "%s: %zu rounds, ferry %.2f to %.2f, reference %.2f to %.2f %s\n",
                  comparison.Name.c_str(), ferry.size(), ferry.front(), ferry.back(), reference.front(),
-                 reference.back());
+                 reference.back(), comparison.Unit.c_str());
     return met;
 }
 

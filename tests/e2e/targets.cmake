@@ -21,6 +21,7 @@ ferry_test(ferry_e2e
         instance_test.cpp
         language_test.cpp
         planted_test.cpp
+        source_list_test.cpp
         start_test.cpp
         window_mode_test.cpp
     LINK e2e_driver)
