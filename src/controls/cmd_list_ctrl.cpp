@@ -1,5 +1,7 @@
 #include "controls/cmd_list_ctrl.h"
 
+#include <imm.h>
+
 #include <algorithm>
 
 namespace ferry::controls {
@@ -19,6 +21,8 @@ bool CCmdListCtrl::Prepare(HWND list, HIMAGELIST icons) {
         return false;
     }
     SendMessageW(list, LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(icons));
+    // Nothing is written here: with an input method the keys would compose text instead of finding items.
+    ImmAssociateContext(list, nullptr);
     return true;
 }
 
@@ -57,6 +61,8 @@ void CCmdListCtrl::FitColumn() const {
 std::span<const Route> CCmdListCtrl::Routes() const {
     static constexpr Route kRoutes[] = {
         framework::OnMessage<&CCmdListCtrl::OnIconsReady>(kIconsReadyMessage),
+        framework::OnMessage<&CCmdListCtrl::OnKeyDown>(WM_KEYDOWN),
+        framework::OnMessage<&CCmdListCtrl::OnChar>(WM_CHAR),
     };
     return kRoutes;
 }
@@ -97,6 +103,36 @@ void CCmdListCtrl::FillDisplayInfo(LVITEMW& item) const {
 Answer CCmdListCtrl::OnIconsReady(WPARAM first, LPARAM last) {
     RedrawItems(static_cast<int>(first), static_cast<int>(last));
     return 0;
+}
+
+Answer CCmdListCtrl::OnKeyDown(WPARAM key, LPARAM) {
+    const bool isCommand = GetKeyState(VK_CONTROL) < 0;
+    if (!typing_.Press(isCommand ? 0 : static_cast<unsigned>(key),
+                       static_cast<std::uint32_t>(GetMessageTime()))) {
+        return std::nullopt;
+    }
+    FocusTypedItem();
+    return 0;
+}
+
+// The list view's own search by typing must not run besides; it would also beep.
+Answer CCmdListCtrl::OnChar(WPARAM unit, LPARAM) {
+    const bool isTyped =
+        (unit >= L'a' && unit <= L'z') || (unit >= L'A' && unit <= L'Z') || (unit >= L'0' && unit <= L'9');
+    return isTyped ? Answer(0) : std::nullopt;
+}
+
+void CCmdListCtrl::FocusTypedItem() const {
+    const int focused = FocusedItem();
+    const std::size_t start =
+        focused < 0 ? 0 : static_cast<std::size_t>(focused) + (typing_.StepsOn() ? 1 : 0);
+    const auto found = completion::FindFrom(start, items_.Size(), [this](std::size_t index) {
+        const ListItem& item = items_[index];
+        return completion::BeginsWith(item.Path.substr(item.NameOffset), typing_.Text());
+    });
+    if (found) {
+        FocusItem(static_cast<int>(*found));
+    }
 }
 
 }  // namespace ferry::controls

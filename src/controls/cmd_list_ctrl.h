@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/text_list.h"
+#include "completion/type_ahead.h"
 #include "controls/icon_worker.h"
 #include "controls/list_items.h"
 #include "framework/controls.h"
@@ -9,7 +10,7 @@
 namespace ferry::controls {
 
 /// A virtual list of paths: it shows their last components with the system's small icons, which
-/// are found in the background.
+/// are found in the background. Typing the beginning of a name finds its item.
 class CCmdListCtrl : public framework::CListCtrl {
 public:
     /// Attaches to the list view `list` and shows `icons`, the system's small image list.
@@ -32,8 +33,12 @@ private:
     void FillDisplayInfo(LVITEMW& item) const;
     void FitColumn() const;
     framework::Answer OnIconsReady(WPARAM first, LPARAM last);
+    framework::Answer OnKeyDown(WPARAM key, LPARAM);
+    framework::Answer OnChar(WPARAM unit, LPARAM);
+    void FocusTypedItem() const;
 
     ListItems items_;
+    completion::TypeAhead typing_;
     IconWorker icons_{items_};
 };
 

@@ -8,7 +8,7 @@
 namespace ferry::bench {
 namespace {
 
-/// The middle of the sorted times; of two middles the greater one.
+/// The middle of the sorted figures; of two middles the greater one.
 double Median(const std::vector<double>& sorted) {
     return sorted[sorted.size() / 2];
 }
@@ -25,16 +25,16 @@ bool Print(const Comparison& comparison, bool hasGoal) {
     std::ranges::sort(reference);
     const double ratio = Median(ferry) / Median(reference);
     const bool met = ratio <= comparison.Goal;
-    std::printf("{\"name\":\"%s\",\"ferry\":%.2f,\"reference\":%.2f,\"unit\":\"ms\",\"ratio\":%.3f,",
-                comparison.Name.c_str(), Median(ferry), Median(reference), ratio);
+    std::printf("{\"name\":\"%s\",\"ferry\":%.2f,\"reference\":%.2f,\"unit\":\"%s\",\"ratio\":%.3f,",
+                comparison.Name.c_str(), Median(ferry), Median(reference), comparison.Unit.c_str(), ratio);
     if (hasGoal)
         std::printf("\"goal\":%.2f,\"met\":%s}\n", comparison.Goal, met ? "true" : "false");
     else
         std::printf("\"goal\":null,\"met\":null}\n");
     std::fflush(stdout);
-    std::fprintf(stderr, "%s: %zu rounds, ferry %.2f to %.2f ms, reference %.2f to %.2f ms\n",
+    std::fprintf(stderr, "%s: %zu rounds, ferry %.2f to %.2f, reference %.2f to %.2f %s\n",
                  comparison.Name.c_str(), ferry.size(), ferry.front(), ferry.back(), reference.front(),
-                 reference.back());
+                 reference.back(), comparison.Unit.c_str());
     return met;
 }
 

@@ -7,20 +7,21 @@
 
 namespace ferry::bench {
 
-/// The times of both sides of one comparison, in milliseconds.
+/// What was measured of both sides of one comparison, in `Unit`.
 struct Comparison {
     std::string Name;
     double Goal = 1.0;  ///< The largest ratio of the medians that is good enough.
     std::vector<double> Ferry;
     std::vector<double> Reference;
+    std::string Unit = "ms";
 };
 
 /// How long `work` takes, in milliseconds.
 double MillisecondsOf(const std::function<void()>& work);
 
 /// Prints the medians and their ratio as one line of JSON on the standard output, and the smallest
-/// and largest times as a remark on the standard error. Whether the goal is met; a side without
-/// times never meets it.
+/// and largest figures as a remark on the standard error. Whether the goal is met; a side without
+/// figures never meets it.
 bool Report(const Comparison& comparison);
 
 /// Prints the medians and their ratio in the same form, without a goal: a remark for orientation.

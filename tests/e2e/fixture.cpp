@@ -12,8 +12,6 @@ public:
     void SetUp() override {
         const std::wstring missing = MissingSurroundings();
         ASSERT_TRUE(missing.empty()) << base::ToUtf8(missing);
-        // Under Wine the first program that asks for the desktop starts the process behind it, which
-        // would end together with the first test's programs.
     }
 };
 

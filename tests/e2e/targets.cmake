@@ -31,6 +31,7 @@ ferry_test(ferry_e2e
         progress_test.cpp
         rename_keyboard_test.cpp
         rename_test.cpp
+        source_list_test.cpp
         start_test.cpp
         window_mode_test.cpp
     LINK e2e_driver)

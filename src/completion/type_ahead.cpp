@@ -1,0 +1,58 @@
+#include "completion/type_ahead.h"
+
+namespace ferry::completion {
+namespace {
+
+bool IsTypingKey(unsigned key) noexcept {
+    return (key >= 'A' && key <= 'Z') || (key >= '0' && key <= '9');
+}
+
+wchar_t Capital(wchar_t unit) noexcept {
+    return unit >= L'a' && unit <= L'z' ? static_cast<wchar_t>(unit - (L'a' - L'A')) : unit;
+}
+
+}  // namespace
+
+bool TypeAhead::Press(unsigned key, std::uint32_t timeMs) {
+    // Unsigned, so that the clock may wrap around between two keys.
+    if (timeMs - lastMs_ > kPauseMs) {
+        text_.clear();
+    }
+    lastMs_ = timeMs;
+    stepsOn_ = false;
+    if (!IsTypingKey(key)) {
+        text_.clear();
+        return false;
+    }
+    const auto unit = static_cast<wchar_t>(key);
+    stepsOn_ = text_.size() == 1 && text_.front() == unit;
+    if (!stepsOn_) {
+        text_ += unit;
+    }
+    return true;
+}
+
+bool BeginsWith(std::wstring_view name, std::wstring_view text) noexcept {
+    if (name.size() < text.size()) {
+        return false;
+    }
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (Capital(name[i]) != text[i]) {
+            return false;
+        }
+    }
+    return true;
+}
+
+std::optional<std::size_t> FindFrom(std::size_t start, std::size_t count,
+                                    const std::function<bool(std::size_t)>& matches) {
+    for (std::size_t step = 0; step < count; ++step) {
+        const std::size_t index = start < count ? (start + step) % count : step;
+        if (matches(index)) {
+            return index;
+        }
+    }
+    return std::nullopt;
+}
+
+}  // namespace ferry::completion

@@ -1,0 +1,114 @@
+// Finding an item of the list by typing.
+#include <commctrl.h>
+
+#include "e2e/fixture.h"
+
+namespace ferry::e2e {
+namespace {
+
+class SourceList : public FerryTest {
+protected:
+    void SetUp() override {
+        std::vector<std::wstring> items;
+        for (const wchar_t* name :
+             {L"apple", L"Banana", L"berry", L"cherry 1", L"資料", L"2024", L"bee", L"CHERRY 2"}) {
+            items.push_back(Tree().WriteFile(name, "x"));
+        }
+        ASSERT_TRUE(Open(Plan(items)));
+        list_ = Dialog().Control(kSourceList);
+        ASSERT_TRUE(TakeForeground(Dialog().Window()));
+        SendMessageW(Dialog().Window(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(list_), TRUE);
+        ASSERT_TRUE(Dialog().WaitForFocus(list_));
+    }
+
+    int Item(UINT state) const {
+        return static_cast<int>(SendMessageW(list_, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), state));
+    }
+
+    /// The name of the one item that has the focus and the selection; empty when they differ.
+    std::wstring Current() const {
+        const int focused = Item(LVNI_FOCUSED);
+        return focused >= 0 && focused == Item(LVNI_SELECTED) ? Dialog().SourceText(focused) : L"";
+    }
+
+    testing::AssertionResult Becomes(const std::wstring& name) const {
+        if (WaitUntil([&] { return Current() == name; })) {
+            return testing::AssertionSuccess();
+        }
+        return testing::AssertionFailure() << testing::PrintToString(Current());
+    }
+
+    /// Lets every key that was pressed be handled.
+    void Settle() const {
+        Sleep(100);
+        SendMessageW(list_, WM_NULL, 0, 0);
+    }
+
+    HWND list_ = nullptr;
+};
+
+TEST_F(SourceList, TypingFindsTheFirstNameThatBeginsSo) {
+    PressKey('C');
+    EXPECT_TRUE(Becomes(L"cherry 1"));
+}
+
+TEST_F(SourceList, MoreKeysMakeTheSearchMoreExact) {
+    PressKey('B');
+    PressKey('E');
+    EXPECT_TRUE(Becomes(L"berry"));
+    PressKey('E');
+    EXPECT_TRUE(Becomes(L"bee"));
+}
+
+TEST_F(SourceList, TheSameKeyStepsThroughTheNamesAndAroundTheEnd) {
+    PressKey('B');
+    EXPECT_TRUE(Becomes(L"Banana"));
+    PressKey('B');
+    EXPECT_TRUE(Becomes(L"berry"));
+    PressKey('B');
+    EXPECT_TRUE(Becomes(L"bee"));
+    PressKey('B');
+    EXPECT_TRUE(Becomes(L"Banana"));
+}
+
+TEST_F(SourceList, DigitsAreTypedToo) {
+    PressKey('2');
+    PressKey('0');
+    EXPECT_TRUE(Becomes(L"2024"));
+}
+
+TEST_F(SourceList, APauseBeginsAnew) {
+    PressKey('B');
+    EXPECT_TRUE(Becomes(L"Banana"));
+    Sleep(1300);
+    PressKey('C');
+    EXPECT_TRUE(Becomes(L"cherry 1"));
+}
+
+TEST_F(SourceList, AnotherKeyBeginsAnew) {
+    PressKey('C');
+    EXPECT_TRUE(Becomes(L"cherry 1"));
+    PressKey(VK_HOME);
+    EXPECT_TRUE(Becomes(L"apple"));
+    PressKey('B');
+    EXPECT_TRUE(Becomes(L"Banana"));
+}
+
+TEST_F(SourceList, ANameThatIsNotThereMovesNothing) {
+    PressKey('B');
+    EXPECT_TRUE(Becomes(L"Banana"));
+    PressKey('X');
+    Settle();
+    EXPECT_EQ(Current(), L"Banana");
+}
+
+TEST_F(SourceList, LettersWithControlAreNoTyping) {
+    PressKey('B');
+    EXPECT_TRUE(Becomes(L"Banana"));
+    PressChord({VK_CONTROL, 'C'});
+    Settle();
+    EXPECT_EQ(Current(), L"Banana");
+}
+
+}  // namespace
+}  // namespace ferry::e2e
