@@ -15,6 +15,9 @@ constexpr wchar_t kProgressTitle[] = L"進捗状況";
 constexpr DWORD kIndividualMode = 1;
 constexpr DWORD kOverwrite = 3;
 
+/// Long enough for thousands of files on a busy machine.
+constexpr int kRunPatienceMs = 120'000;
+
 /// Writes a file into a folder that exists; thousands of them would take too long otherwise.
 void WriteQuickly(const std::wstring& path, const std::string& content) {
     const base::FileHandle file(CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr));
@@ -64,12 +67,12 @@ protected:
         return testing::AssertionSuccess();
     }
 
-    bool WaitForFerry() { return WaitForProcess(Run().FerryId(), kPatienceMs); }
+    bool WaitForFerry() { return WaitForProcess(Run().FerryId(), kRunPatienceMs); }
 
     /// Waits until the `number`-th file, counted in the order of a search, is at the destination.
     bool WaitUntilArrived(std::size_t number) const {
         const std::wstring file = Target() + order_.at(number - 1).substr(Source().size());
-        return WaitUntil([&] { return Exists(file); });
+        return WaitUntil([&] { return Exists(file); }, kRunPatienceMs);
     }
 
     /// Every file is whole at its place at the source or at the destination, at both after a copy
