@@ -4,25 +4,14 @@
 
 #include <atomic>
 
-#include "base/unique_resource.h"
+#include "base/handles_win32.h"
 #include "item_path.h"
 
 namespace ferry::fileop {
 namespace {
 
-struct FileTraits {
-    using Value = HANDLE;
-    static Value Nothing() noexcept { return INVALID_HANDLE_VALUE; }
-    static void Release(Value value) noexcept { CloseHandle(value); }
-};
-using FileHandle = base::UniqueResource<FileTraits>;
-
-struct SearchTraits {
-    using Value = HANDLE;
-    static Value Nothing() noexcept { return INVALID_HANDLE_VALUE; }
-    static void Release(Value value) noexcept { FindClose(value); }
-};
-using SearchHandle = base::UniqueResource<SearchTraits>;
+using base::FileHandle;
+using base::FindHandle;
 
 FileHandle OpenFile(const std::wstring& path, DWORD access, DWORD share, DWORD creation, DWORD flags) {
     return FileHandle(CreateFileW(path.c_str(), access, share, nullptr, creation, flags, nullptr));
@@ -105,7 +94,7 @@ std::uint32_t CopyBlocks(HANDLE source, HANDLE target, const std::function<bool(
 
 bool IsSpelledAs(const std::wstring& path) {
     WIN32_FIND_DATAW found{};
-    const SearchHandle search(FindFirstFileW(LongForm(path).c_str(), &found));
+    const FindHandle search(FindFirstFileW(LongForm(path).c_str(), &found));
     return !search || NameOf(path) == found.cFileName;
 }
 
@@ -139,7 +128,7 @@ ItemKind WindowsDisk::Kind(const std::wstring& path) {
 std::uint32_t WindowsDisk::List(const std::wstring& folder, std::vector<std::wstring>& names) {
     names.clear();
     WIN32_FIND_DATAW found{};
-    const SearchHandle search(FindFirstFileW(LongForm(JoinPath(folder, L"*")).c_str(), &found));
+    const FindHandle search(FindFirstFileW(LongForm(JoinPath(folder, L"*")).c_str(), &found));
     if (!search) {
         return LastError();
     }

@@ -2,21 +2,10 @@
 
 #include <windows.h>
 
-#include "base/unique_resource.h"
+#include "base/handles_win32.h"
 
 namespace ferry::fileop {
 namespace {
-
-struct FileTraits {
-    using Value = HANDLE;
-    static Value Nothing() noexcept { return INVALID_HANDLE_VALUE; }
-    static void Release(Value value) noexcept { CloseHandle(value); }
-};
-struct MutexTraits {
-    using Value = HANDLE;
-    static Value Nothing() noexcept { return nullptr; }
-    static void Release(Value value) noexcept { CloseHandle(value); }
-};
 
 std::string ToUtf8(const std::wstring& text) {
     const int units = static_cast<int>(text.size());
@@ -57,15 +46,14 @@ void WriteLog(std::initializer_list<std::wstring_view> fields) {
     }
     const std::string bytes = ToUtf8(Line(fields));
     // Appending is not one step under Wine; the mutex keeps the lines of several processes whole.
-    const base::UniqueResource<MutexTraits> mutex(
-        CreateMutexW(nullptr, FALSE, L"Local\\FerryFileOperationLog"));
+    const base::MutexHandle mutex(CreateMutexW(nullptr, FALSE, L"Local\\FerryFileOperationLog"));
     if (mutex) {
         WaitForSingleObject(mutex.Get(), INFINITE);
     }
     {
-        const base::UniqueResource<FileTraits> file(CreateFileW(
-            path.c_str(), FILE_APPEND_DATA, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-            OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+        const base::FileHandle file(CreateFileW(path.c_str(), FILE_APPEND_DATA,
+                                                FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                                nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
         DWORD written = 0;
         if (file) {
             // Best effort: a lost line makes a test fail, it must not make the operation fail.
