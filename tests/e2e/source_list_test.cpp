@@ -1,4 +1,6 @@
 // Finding an item of the list by typing.
+#include <windows.h>
+// After windows.h, which it builds on.
 #include <commctrl.h>
 
 #include "e2e/fixture.h"
