@@ -30,6 +30,7 @@
 #define IDC_DESTINATION_LABEL 1900
 #define IDC_OPERATION_LABEL 1901
 #define IDC_MODE_LABEL 1902
+#define IDC_TAB_LIST_LABEL 1904
 
 // The collision policies there; their order is that of the policies, not of the numbers.
 #define IDC_POLICY_OVERWRITE_OLDER 1220

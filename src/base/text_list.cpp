@@ -2,6 +2,7 @@
 #include "base/text_list.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace ferry::base {
@@ -44,6 +45,23 @@ void TextList::Append(std::wstring_view text) {
     copy[text.size()] = L'\0';
     views_.emplace_back(copy, text.size());
     used_ += needed;
+}
+
+void TextList::Append(TextList&& list) {
+    if (IsEmpty()) {
+        *this = std::move(list);
+        return;
+    }
+    // Room first: what throws must do so before anything has moved.
+    blocks_.reserve(blocks_.size() + list.blocks_.size());
+    views_.insert(views_.end(), list.views_.begin(), list.views_.end());
+    std::ranges::move(list.blocks_, std::back_inserter(blocks_));
+    // Further texts go on in the last block.
+    if (!list.blocks_.empty()) {
+        used_ = list.used_;
+        capacity_ = list.capacity_;
+    }
+    list.Clear();
 }
 
 void TextList::Clear() noexcept {

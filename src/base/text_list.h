@@ -23,6 +23,9 @@ public:
     /// Appends a copy of `text`.
     void Append(std::wstring_view text);
 
+    /// Takes over the texts of `list` behind the own ones without copying them: its views stay valid.
+    void Append(TextList&& list);
+
     /// Forgets every text and gives the memory back.
     void Clear() noexcept;
 

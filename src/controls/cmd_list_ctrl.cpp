@@ -27,7 +27,11 @@ bool CCmdListCtrl::Prepare(HWND list, HIMAGELIST icons) {
 }
 
 void CCmdListCtrl::Append(base::TextList list) {
+    const bool isFirst = items_.Size() == 0;
     items_.Append(std::move(list));
+    if (isFirst && items_.Size() != 0) {
+        LetMeasureOneItem();
+    }
     FitColumn();
     SetItemCount(items_.Size());
 }
@@ -37,18 +41,20 @@ void CCmdListCtrl::Clear() {
     SetItemCount(0);
 }
 
+// Wine's list view measures every text before it draws for the first time: a minute for a million items,
+// for a column width that FitColumn sets anyway. So its first drawing is of one item.
+void CCmdListCtrl::LetMeasureOneItem() const {
+    SetItemCount(1);
+    const HDC dc = GetDC(Handle());
+    SendMessageW(Handle(), WM_PRINTCLIENT, reinterpret_cast<WPARAM>(dc), PRF_CLIENT);
+    ReleaseDC(Handle(), dc);
+}
+
 // A virtual list does not know its texts, so it cannot find its column width by itself. The name
 // with the most characters is nearly always the widest; a name wider than the list is cut.
 void CCmdListCtrl::FitColumn() const {
-    std::size_t longest = 0;
-    const wchar_t* name = L"";
-    for (std::size_t index = 0; index < items_.Size(); ++index) {
-        const ListItem& item = items_[index];
-        if (const std::size_t length = item.Path.size() - item.NameOffset; length > longest) {
-            longest = length;
-            name = item.DisplayName();
-        }
-    }
+    const std::wstring_view longest = items_.LongestName();
+    const wchar_t* const name = longest.empty() ? L"" : longest.data();
     RECT client{};
     GetClientRect(Handle(), &client);
     const int text =
@@ -74,10 +80,7 @@ Answer CCmdListCtrl::OnOwnNotification(NMHDR& header) {
             return 0;
         case LVN_ODCACHEHINT: {
             const auto& hint = reinterpret_cast<const NMLVCACHEHINT&>(header);
-            if (hint.iFrom >= 0 && hint.iTo >= hint.iFrom) {
-                icons_.Request(Handle(), static_cast<std::size_t>(hint.iFrom),
-                               static_cast<std::size_t>(hint.iTo));
-            }
+            RequestIcons(hint.iFrom, hint.iTo);
             return 0;
         }
         default:
@@ -90,13 +93,24 @@ void CCmdListCtrl::FillDisplayInfo(LVITEMW& item) const {
     if (item.iItem < 0 || index >= items_.Size()) {
         return;
     }
-    const ListItem& source = items_[index];
     if ((item.mask & LVIF_TEXT) != 0) {
         // The list view only reads the text; the field is writable for other kinds of lists.
-        item.pszText = const_cast<wchar_t*>(source.DisplayName());
+        item.pszText = const_cast<wchar_t*>(items_.Name(index).data());
     }
     if ((item.mask & LVIF_IMAGE) != 0) {
-        item.iImage = std::max(source.IconIndex.load(), 0);
+        item.iImage = std::max(items_.Icon(index), 0);
+    }
+}
+
+// A list view that jumps may announce everything between here and there. Icons are wanted for what can be
+// seen and a page around it: those of a million items would keep the shell busy for minutes.
+void CCmdListCtrl::RequestIcons(int first, int last) {
+    const int top = static_cast<int>(SendMessageW(Handle(), LVM_GETTOPINDEX, 0, 0));
+    const int page = std::max(static_cast<int>(SendMessageW(Handle(), LVM_GETCOUNTPERPAGE, 0, 0)), 1);
+    const int from = std::max({first, top - page, 0});
+    const int to = std::min(last, top + 2 * page);
+    if (from <= to) {
+        icons_.Request(Handle(), static_cast<std::size_t>(from), static_cast<std::size_t>(to));
     }
 }
 
@@ -127,8 +141,7 @@ void CCmdListCtrl::FocusTypedItem() const {
     const std::size_t start =
         focused < 0 ? 0 : static_cast<std::size_t>(focused) + (typing_.StepsOn() ? 1 : 0);
     const auto found = completion::FindFrom(start, items_.Size(), [this](std::size_t index) {
-        const ListItem& item = items_[index];
-        return completion::BeginsWith(item.Path.substr(item.NameOffset), typing_.Text());
+        return completion::BeginsWith(items_.Name(index), typing_.Text());
     });
     if (found) {
         FocusItem(static_cast<int>(*found));

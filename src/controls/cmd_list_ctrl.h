@@ -31,7 +31,9 @@ protected:
 
 private:
     void FillDisplayInfo(LVITEMW& item) const;
+    void LetMeasureOneItem() const;
     void FitColumn() const;
+    void RequestIcons(int first, int last);
     framework::Answer OnIconsReady(WPARAM first, LPARAM last);
     framework::Answer OnKeyDown(WPARAM key, LPARAM);
     framework::Answer OnChar(WPARAM unit, LPARAM);

@@ -5,7 +5,7 @@
 
 #include <algorithm>
 #include <mutex>
-#include <string>
+#include <string_view>
 
 #include "process/file_search_win32.h"
 
@@ -33,18 +33,17 @@ private:
 
 // A network item is judged by its attributes and name: asking the shell for the item itself
 // could wait for a server that is away.
-int IconOf(const ListItem& item) {
+int IconOf(std::wstring_view path, std::wstring_view name) {
     SHFILEINFOW info{};
     DWORD_PTR found = 0;
-    if (item.Path.starts_with(L'\\')) {
-        const DWORD attributes = process::FileAttributes(item.Path);
+    if (path.starts_with(L'\\')) {
+        const DWORD attributes = process::FileAttributes(path);
         const bool isFolder =
             attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-        found =
-            SHGetFileInfoW(item.DisplayName(), isFolder ? FILE_ATTRIBUTE_DIRECTORY : FILE_ATTRIBUTE_NORMAL,
-                           &info, sizeof info, kByNameFlags);
+        found = SHGetFileInfoW(name.data(), isFolder ? FILE_ATTRIBUTE_DIRECTORY : FILE_ATTRIBUTE_NORMAL,
+                               &info, sizeof info, kByNameFlags);
     } else {
-        found = SHGetFileInfoW(item.Path.data(), 0, &info, sizeof info, kByPathFlags);
+        found = SHGetFileInfoW(path.data(), 0, &info, sizeof info, kByPathFlags);
     }
     return found != 0 ? info.iIcon : 0;
 }
@@ -72,7 +71,7 @@ void IconWorker::Request(HWND list, std::size_t first, std::size_t last) {
 bool IconWorker::AnyIconMissing(std::size_t first, std::size_t last) {
     const std::lock_guard guard(items_.Lock());
     for (std::size_t index = first; index <= last && index < items_.Size(); ++index) {
-        if (items_[index].IconIndex == ListItem::kNoIcon) {
+        if (items_.Icon(index) == ListItems::kNoIcon) {
             return true;
         }
     }
@@ -83,9 +82,8 @@ void IconWorker::FindIcons(std::size_t first, std::size_t last) {
     const ComScope com;
     const std::lock_guard guard(items_.Lock());
     for (std::size_t index = first; index <= last && index < items_.Size() && !stopping_; ++index) {
-        ListItem& item = items_[index];
-        if (item.IconIndex == ListItem::kNoIcon) {
-            item.IconIndex = IconOf(item);
+        if (items_.Icon(index) == ListItems::kNoIcon) {
+            items_.SetIcon(index, IconOf(items_.Path(index), items_.Name(index)));
         }
     }
 }

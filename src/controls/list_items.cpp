@@ -9,17 +9,23 @@ namespace ferry::controls {
 
 void ListItems::Append(base::TextList list) {
     const std::lock_guard guard(lock_);
-    texts_.push_back(std::move(list));
-    for (const std::wstring_view path : texts_.back()) {
+    const std::size_t before = Size();
+    paths_.Append(std::move(list));
+    for (std::size_t index = before; index < paths_.Size(); ++index) {
+        const std::wstring_view path = paths_[index];
         const std::wstring_view name = paths::LastComponent(path);
-        items_.emplace_back(path, static_cast<std::uint32_t>(path.size() - name.size()));
+        extras_.emplace_back(static_cast<std::uint32_t>(path.size() - name.size()));
+        if (name.size() > longestName_.size()) {
+            longestName_ = name;
+        }
     }
 }
 
 void ListItems::Clear() {
     const std::lock_guard guard(lock_);
-    items_.clear();
-    texts_.clear();
+    longestName_ = {};
+    extras_.clear();
+    paths_.Clear();
 }
 
 }  // namespace ferry::controls

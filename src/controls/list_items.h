@@ -8,7 +8,6 @@
 #include <cstdint>
 #include <deque>
 #include <string_view>
-#include <vector>
 
 #include "base/text_list.h"
 
@@ -29,40 +28,51 @@ private:
     CRITICAL_SECTION section_;
 };
 
-/// One item. Its texts lie in the store and are followed by a NUL.
-struct ListItem {
-    ListItem(std::wstring_view path, std::uint32_t nameOffset) noexcept
-        : Path(path), NameOffset(nameOffset) {}
-
-    /// What the list shows: the path's last component.
-    const wchar_t* DisplayName() const noexcept { return Path.data() + NameOffset; }
-
-    std::wstring_view Path;
-    std::uint32_t NameOffset;
-    std::atomic<int> IconIndex = kNoIcon;  ///< Written by the icon worker, read when drawing.
-
-    static constexpr int kNoIcon = -1;
-};
-
-/// The items of one list. Whoever changes them or works on a range holds Lock(); the user
-/// interface, the only one to change them, reads without it.
+/// The items of one list: paths, of which the last components are shown. A path costs its text and
+/// one view; what the list keeps besides is small, since there may be a million.
+/// Whoever changes the items or works on a range holds Lock(); the user interface, the only one to
+/// append and clear, reads without it.
 class ListItems {
 public:
+    static constexpr int kNoIcon = -1;
+
     /// Takes over the paths in `list` and appends an item for each.
     void Append(base::TextList list);
 
     void Clear();
 
-    std::size_t Size() const noexcept { return items_.size(); }
-    ListItem& operator[](std::size_t index) noexcept { return items_[index]; }
-    const ListItem& operator[](std::size_t index) const noexcept { return items_[index]; }
+    std::size_t Size() const noexcept { return extras_.size(); }
+
+    /// The path of an item, followed by a NUL in memory like its name.
+    std::wstring_view Path(std::size_t index) const noexcept { return paths_[index]; }
+
+    /// What the list shows: the path's last component.
+    std::wstring_view Name(std::size_t index) const noexcept {
+        return paths_[index].substr(extras_[index].NameOffset);
+    }
+
+    /// The icon of an item, or kNoIcon; written by the icon worker and read when drawing.
+    int Icon(std::size_t index) const noexcept { return extras_[index].Icon; }
+    void SetIcon(std::size_t index, int icon) noexcept { extras_[index].Icon = icon; }
+
+    /// The first of the longest names; empty without items.
+    std::wstring_view LongestName() const noexcept { return longestName_; }
 
     CriticalSection& Lock() noexcept { return lock_; }
 
 private:
+    /// What is known about an item besides its path.
+    struct Extra {
+        explicit Extra(std::uint32_t nameOffset) noexcept : NameOffset(nameOffset) {}
+
+        std::uint32_t NameOffset;
+        std::atomic<int> Icon = kNoIcon;
+    };
+
     CriticalSection lock_;
-    std::vector<base::TextList> texts_;
-    std::deque<ListItem> items_;
+    base::TextList paths_;
+    std::deque<Extra> extras_;
+    std::wstring_view longestName_;
 };
 
 }  // namespace ferry::controls

@@ -106,10 +106,22 @@ bool CFerryDlg::OnInitDialog() {
     PresetDestination();
     FillTabList();
     hostlink::ApplyWindowMode(Handle(), host.WindowMode, {});
-    const bool listMode = options_.TabListMode != 0;
-    ShowWindow(Item(listMode ? IDC_OTHER_TABS : IDC_TAB_LIST), SW_HIDE);
+    ShowTabChoice();
     FocusAtStart();
     return false;
+}
+
+// The list box has the button's text for a label, with its mnemonic, since only one of them shows.
+void CFerryDlg::ShowTabChoice() {
+    const HWND button = Item(IDC_OTHER_TABS);
+    const HWND label = Item(IDC_TAB_LIST_LABEL);
+    if (options_.TabListMode != 0) {
+        SetWindowTextW(label, framework::WindowText(button).c_str());
+        ShowWindow(button, SW_HIDE);
+    } else {
+        ShowWindow(label, SW_HIDE);
+        ShowWindow(Item(IDC_TAB_LIST), SW_HIDE);
+    }
 }
 
 void CFerryDlg::PrepareDestination() {

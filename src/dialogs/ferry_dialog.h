@@ -49,6 +49,7 @@ private:
     void TakeDroppedFolders(const base::TextList& paths);
     void PresetDestination();
     void FillTabList();
+    void ShowTabChoice();
     void FocusAtStart();
     void ShowItemCount();
     void OfferSourceFolder();

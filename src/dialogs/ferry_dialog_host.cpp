@@ -169,7 +169,7 @@ void CFerryDlg::ShowItemCount() {
 // A name that is typed alone is most often meant beside the sources.
 void CFerryDlg::OfferSourceFolder() {
     if (list_.Items().Size() > 0) {
-        destination_.SetSearchBase(std::wstring(paths::ParentWithSeparator(list_.Items()[0].Path)));
+        destination_.SetSearchBase(std::wstring(paths::ParentWithSeparator(list_.Items().Path(0))));
     }
 }
 

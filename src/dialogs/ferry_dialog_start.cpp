@@ -46,7 +46,7 @@ void CFerryDlg::OnOK() {
         transfer::SaveTransferSettings(services_.Settings, request.Settings);
     }
     for (std::size_t index = 0; index < list_.Items().Size(); ++index) {
-        request.Sources.Append(list_.Items()[index].Path);
+        request.Sources.Append(list_.Items().Path(index));
     }
     if (request.Settings.OpenTarget != 0) {
         TellHostToOpen(request.Destination);

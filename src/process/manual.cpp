@@ -18,9 +18,9 @@ std::wstring ManualAddress(std::wstring_view base, std::wstring_view page, std::
     if (!base.empty()) {
         return std::wstring(base).append(kManualFolder).append(page);
     }
-    std::wstring localPage(page);
-    std::replace(localPage.begin(), localPage.end(), L'/', L'\\');
-    return std::wstring(paths::ParentWithSeparator(modulePath)).append(L"Manual\\").append(localPage);
+    std::wstring installed = std::wstring(L"Manual").append(kManualFolder).append(page);
+    std::replace(installed.begin(), installed.end(), L'/', L'\\');
+    return std::wstring(paths::ParentWithSeparator(modulePath)).append(installed);
 }
 
 }  // namespace ferry::process

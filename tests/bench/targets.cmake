@@ -38,10 +38,22 @@ if(WIN32)
     target_link_libraries(bench_individual PRIVATE bench_comparison e2e_driver ferry_base)
     add_dependencies(bench_individual Ferry)
 
+    add_executable(bench_list
+        list_bench_win32.cpp
+        ${CMAKE_SOURCE_DIR}/res/ferry_dialog.rc
+        ${CMAKE_SOURCE_DIR}/tests/windows/dialog_world_win32.cpp
+        ${CMAKE_SOURCE_DIR}/tests/windows/dialogs.rc
+        ${CMAKE_SOURCE_DIR}/tests/windows/support_win32.cpp
+        ${CMAKE_SOURCE_DIR}/tools/samplehost/shared_block_win32.cpp)
+    target_include_directories(bench_list PRIVATE ${CMAKE_SOURCE_DIR}/res)
+    target_link_libraries(bench_list PRIVATE bench_comparison e2e_driver ferry_dialogs psapi)
+    add_dependencies(bench_list Ferry)
+
     if(MINGW)
         target_link_options(bare_dialog PRIVATE -municode $<$<CONFIG:Release>:-s>)
     else()
         # The manifest comes from the resources.
         target_link_options(bare_dialog PRIVATE /MANIFEST:NO)
+        target_link_options(bench_list PRIVATE /MANIFEST:NO)
     endif()
 endif()

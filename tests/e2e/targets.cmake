@@ -15,6 +15,8 @@ ferry_test(ferry_e2e
         decide_test.cpp
         delivery_test.cpp
         destination_choice_test.cpp
+        dialog_keyboard_test.cpp
+        dialog_test.cpp
         drop_test.cpp
         fault_test.cpp
         fixture.cpp

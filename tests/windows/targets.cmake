@@ -23,16 +23,20 @@ ferry_test(ferry_dialogs_test
     SOURCES
         dialog_world_win32.cpp
         dialogs.rc
+        ferry_dialog_win32_test.cpp
         input_dialog_edits_win32_test.cpp
         input_dialog_layout_win32_test.cpp
         input_dialog_win32_test.cpp
+        resource_counts_win32.cpp
         run_dialogs_win32_test.cpp
         support_win32.cpp
+        ${CMAKE_SOURCE_DIR}/res/ferry_dialog.rc
         ${CMAKE_SOURCE_DIR}/res/busy_dialog.rc
         ${CMAKE_SOURCE_DIR}/res/file_mode_dialog.rc
         ${CMAKE_SOURCE_DIR}/res/input_dialog.rc
+        ${CMAKE_SOURCE_DIR}/tools/samplehost/host_block_writer.cpp
     LINK ferry_dialogs ferry_naming_win32)
-target_include_directories(ferry_dialogs_test PRIVATE ${CMAKE_SOURCE_DIR}/res)
+target_include_directories(ferry_dialogs_test PRIVATE ${CMAKE_SOURCE_DIR}/res ${CMAKE_SOURCE_DIR}/tools)
 if(MSVC)
     # The manifest comes from the resources.
     target_link_options(ferry_dialogs_test PRIVATE /MANIFEST:NO)

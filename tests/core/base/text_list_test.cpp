@@ -130,5 +130,35 @@ TEST(TextList, IsEmptyAndUsableAfterClear) {
     EXPECT_THAT(TextsOf(list), ElementsAre(L"new"sv));
 }
 
+TEST(TextList, TakesOverAnotherListBehindItsOwnTexts) {
+    TextList list;
+    list.Append(L"one");
+    TextList other;
+    other.Append(L"two");
+    const wchar_t* const place = other[0].data();
+    list.Append(std::move(other));
+    EXPECT_EQ(list[1].data(), place);
+    list.Append(L"three");
+    EXPECT_THAT(TextsOf(list), ElementsAre(L"one"sv, L"two"sv, L"three"sv));
+    EXPECT_EQ(list[1].data(), place);
+    EXPECT_TRUE(other.IsEmpty());
+    other.Append(L"four");
+    EXPECT_THAT(TextsOf(other), ElementsAre(L"four"sv));
+    EXPECT_THAT(TextsOf(list), ElementsAre(L"one"sv, L"two"sv, L"three"sv));
+}
+
+TEST(TextList, TakesOverWhereOneOfTheListsIsEmpty) {
+    TextList list;
+    list.Append(TextList());
+    EXPECT_TRUE(list.IsEmpty());
+    list.Append(L"one");
+    list.Append(TextList());
+    list.Append(L"two");
+    TextList empty;
+    empty.Append(std::move(list));
+    empty.Append(L"three");
+    EXPECT_THAT(TextsOf(empty), ElementsAre(L"one"sv, L"two"sv, L"three"sv));
+}
+
 }  // namespace
 }  // namespace ferry::base

@@ -89,6 +89,9 @@ TEST(TypeAhead, ARepeatedKeyInALongerTextIsPartOfIt) {
     typing.Press('B', 300);
     EXPECT_EQ(typing.Text(), L"ABB");
     EXPECT_FALSE(typing.StepsOn());
+    typing.Press('A', 400);
+    EXPECT_EQ(typing.Text(), L"ABBA");
+    EXPECT_FALSE(typing.StepsOn());
 }
 
 TEST(TypeAhead, TheSameKeyAfterAPauseIsAFirstKey) {
@@ -134,6 +137,8 @@ TEST(FindFrom, FindsTheFirstMatch) {
 
 TEST(FindFrom, BehindTheEndBeginsAtTheTop) {
     EXPECT_EQ(FindNumber(4, 4, 0), 0U);
+    EXPECT_EQ(FindFrom(6, 4, [](std::size_t index) { return index % 2 == 1; }), 1U);
+    EXPECT_EQ(FindFrom(6, 4, [](std::size_t) { return true; }), 0U);
     EXPECT_EQ(FindNumber(static_cast<std::size_t>(-1), 4, 3), 3U);
 }
 

@@ -13,7 +13,7 @@ TEST(ManualAddress, PutsThePagesPathAfterTheBase) {
 
 TEST(ManualAddress, NamesTheInstalledPageWhenThereIsNoBase) {
     EXPECT_EQ(ManualAddress(L"", kFerryManualPage, L"C:\\App\\Command\\Ferry\\Ferry.exe"),
-              L"C:\\App\\Command\\Ferry\\Manual\\6.Command\\2.DefaultCommand\\Ferry.html");
+              L"C:\\App\\Command\\Ferry\\Manual\\kiv\\man5\\6.Command\\2.DefaultCommand\\Ferry.html");
 }
 
 TEST(UsesPlainFindFirst, HoldsForTwoShellVersionsOnly) {

@@ -1,0 +1,178 @@
+// What a block of a million items costs: the time from its delivery to a list that can be used, against the
+// bare parse of the same block, and the peak memory of the installed program, against the block's bytes.
+//
+// FERRY_E2E_APP names the installed layout; without it, the layout "app" beside the build tree is
+// taken. Prints one line of JSON per comparison and ends with 1 when a goal is missed.
+#include <windows.h>
+// After windows.h, which they build on.
+#include <commctrl.h>
+#include <psapi.h>
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "comparison.h"
+#include "dialogs/ferry_dialog.h"
+#include "e2e/driver/child_process.h"
+#include "e2e/driver/poll.h"
+#include "e2e/driver/surroundings.h"
+#include "hostlink/host_block.h"
+#include "ids.h"
+#include "samplehost/delivery_win32.h"
+#include "samplehost/host_block_writer.h"
+#include "samplehost/shared_block_win32.h"
+#include "windows/dialog_world_win32.h"
+
+namespace {
+
+using ferry::bench::Comparison;
+
+constexpr std::size_t kItems = 1'000'000;
+constexpr int kWarmUpRounds = 1;
+constexpr int kTimeRounds = 11;
+constexpr int kMemoryRounds = 3;
+constexpr ULONG_PTR kBlockTag = 255;
+constexpr double kMebibyte = 1024.0 * 1024.0;
+
+/// A million paths of 62 to 73 units, as photographs lie in folders by day.
+std::wstring Block() {
+    ferry::samplehost::BlockFields fields;
+    fields.CurrentDir = L"C:\\Users\\somebody";
+    fields.Items.reserve(kItems);
+    for (std::size_t i = 0; i < kItems; ++i) {
+        const std::wstring number = std::to_wstring(i);
+        fields.Items.push_back(L"C:\\Users\\somebody\\Pictures\\Camera roll\\2024-05-" +
+                               std::to_wstring(10 + i / 50'000) + L"\\Holiday " + number + L" " + number +
+                               L".jpeg");
+    }
+    fields.Tabs = {L"D:\\Backup"};
+    return ferry::samplehost::BlockUnits(fields);
+}
+
+/// An open dialog without items.
+class OpenDialog {
+public:
+    OpenDialog()
+        : dialog_(std::make_unique<ferry::dialogs::CFerryDlg>(world_.Services(),
+                                                              ferry::dialogs::StartOptions{}, nullptr)) {
+        dialog_->Create(nullptr);
+        ShowWindow(dialog_->Handle(), SW_SHOW);
+        UpdateWindow(dialog_->Handle());
+    }
+
+    /// Delivers the block and draws the list.
+    void Deliver(std::wstring& block) const {
+        COPYDATASTRUCT data{kBlockTag, static_cast<DWORD>(block.size() * sizeof(wchar_t)), block.data()};
+        SendMessageW(dialog_->Handle(), WM_COPYDATA, 0, reinterpret_cast<LPARAM>(&data));
+        UpdateWindow(List());
+    }
+
+    bool HasAll() const { return SendMessageW(List(), LVM_GETITEMCOUNT, 0, 0) == kItems; }
+
+private:
+    HWND List() const { return GetDlgItem(dialog_->Handle(), IDC_SOURCE_LIST); }
+
+    ferry::test::DialogWorld world_;
+    std::unique_ptr<ferry::dialogs::CFerryDlg> dialog_;
+};
+
+/// Nothing when the list did not get all items.
+std::optional<double> TimeDelivery(std::wstring block) {
+    const OpenDialog dialog;
+    const double spent = ferry::bench::MillisecondsOf([&] { dialog.Deliver(block); });
+    return dialog.HasAll() ? std::optional(spent) : std::nullopt;
+}
+
+double TimeParse(std::wstring block) {
+    ferry::hostlink::HostData host;
+    return ferry::bench::MillisecondsOf([&] {
+        ferry::hostlink::ParseHostBlock(block, block.size() * sizeof(wchar_t),
+                                        {host.CurrentDir, host.Option, host.SelectedItems, host.TabFolders});
+    });
+}
+
+bool CompareTimes(const std::wstring& block) {
+    Comparison comparison{"list of 1000000 items, against the bare parse", 1.5, {}, {}};
+    for (int round = 0; round < kWarmUpRounds + kTimeRounds; ++round) {
+        const auto ferry = TimeDelivery(block);
+        const double reference = TimeParse(block);
+        if (ferry && round >= kWarmUpRounds) {
+            comparison.Ferry.push_back(*ferry);
+            comparison.Reference.push_back(reference);
+        }
+    }
+    return ferry::bench::Report(comparison);
+}
+
+std::wstring InstalledFerry() {
+    std::wstring own(32768, L'\0');
+    own.resize(GetModuleFileNameW(nullptr, own.data(), static_cast<DWORD>(own.size())));
+    const std::wstring given = ferry::e2e::AppFolder();
+    return ferry::e2e::FerryPath(given.empty() ? own.substr(0, own.rfind(L'\\')) + L"\\..\\..\\..\\app"
+                                               : given);
+}
+
+/// The dialog of the process once its count label tells all items; null when that takes too long.
+HWND WaitForAllItems(DWORD processId) {
+    const std::wstring expected = L"(" + std::to_wstring(kItems) + L")";
+    HWND dialog = nullptr;
+    const bool isReady = ferry::e2e::WaitUntil([&] {
+        dialog = ferry::samplehost::FindFerryDialog(processId);
+        std::array<wchar_t, 32> label{};
+        GetWindowTextW(GetDlgItem(dialog, IDC_COUNT), label.data(), static_cast<int>(label.size()));
+        return dialog != nullptr && label.data() == expected;
+    });
+    return isReady ? dialog : nullptr;
+}
+
+double PeakBytes(DWORD processId) {
+    PROCESS_MEMORY_COUNTERS counters{};
+    const ferry::samplehost::Handle process(
+        OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, processId));
+    GetProcessMemoryInfo(process.Get(), &counters, sizeof counters);
+    return static_cast<double>(counters.PeakWorkingSetSize);
+}
+
+/// Nothing when the program did not come up with all items.
+std::optional<double> MeasurePeak(const std::wstring& block) {
+    const auto bytes = ferry::samplehost::BytesOfUnits(block);
+    ferry::samplehost::VariableFields variable;
+    variable.FirstNumber = std::to_wstring(GetCurrentProcessId());
+    variable.BlockSize = std::to_wstring(bytes.size());
+    ferry::e2e::SetVariable(ferry::samplehost::kVariableName, VariableText(variable));
+    ferry::samplehost::SharedBlock shared;
+    if (!shared.Create(variable, bytes, static_cast<std::uint32_t>(bytes.size()), false))
+        return std::nullopt;
+    const ferry::e2e::ChildProcess process(InstalledFerry(), {});
+    const HWND dialog = process.IsStarted() ? WaitForAllItems(process.Id()) : nullptr;
+    if (dialog == nullptr)
+        return std::nullopt;
+    const double peak = PeakBytes(process.Id());
+    PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
+    return process.WaitForEnd(ferry::e2e::kPatienceMs) && peak > 0 ? std::optional(peak) : std::nullopt;
+}
+
+bool CompareMemory(const std::wstring& block) {
+    Comparison comparison{"peak memory with 1000000 items, against the block", 2.5, {}, {}, "MiB"};
+    for (int round = 0; round < kMemoryRounds; ++round) {
+        if (const auto peak = MeasurePeak(block)) {
+            comparison.Ferry.push_back(*peak / kMebibyte);
+            comparison.Reference.push_back(static_cast<double>(block.size() * sizeof(wchar_t)) / kMebibyte);
+        }
+    }
+    return ferry::bench::Report(comparison);
+}
+
+}  // namespace
+
+int main() {
+    const std::wstring block = Block();
+    const bool timeMet = CompareTimes(block);
+    const bool memoryMet = CompareMemory(block);
+    return timeMet && memoryMet ? 0 : 1;
+}

@@ -1,0 +1,270 @@
+// What the confirmation dialog answers, shows and says, message by message.
+#include "e2e/driver/app_copy.h"
+#include "e2e/driver/surroundings.h"
+#include "e2e/fixture.h"
+#include "samplehost/delivery_win32.h"
+#include "samplehost/host_block_writer.h"
+
+namespace ferry::e2e {
+namespace {
+
+constexpr UINT kIdentifyMessage = 0x8030;
+constexpr WPARAM kRaiseTimer = 1000;
+constexpr int kPrecisionLabel = 1141;
+
+class ConfirmationDialog : public FerryTest {
+protected:
+    testing::AssertionResult OpenWith(std::vector<std::wstring> switches,
+                                      std::vector<std::wstring> tabs = {L"D:\\a", L"D:\\b", L"D:\\c"}) {
+        RunPlan plan = Plan({L"C:\\Work\\a.txt"}, std::move(tabs));
+        plan.Switches = std::move(switches);
+        return Open(plan);
+    }
+
+    testing::AssertionResult OpenAlone(std::vector<std::wstring> switches = {}) {
+        RunPlan plan = Plan({});
+        plan.ThroughHost = false;
+        plan.Switches = std::move(switches);
+        return Open(plan);
+    }
+
+    bool SendBlock(std::vector<std::wstring> items, std::vector<std::wstring> tabs) const {
+        samplehost::BlockFields fields;
+        fields.Items = std::move(items);
+        fields.Tabs = std::move(tabs);
+        return samplehost::SendData(Dialog().Window(), nullptr, samplehost::kBlockTag,
+                                    samplehost::BytesOfUnits(samplehost::BlockUnits(fields)), kPatienceMs);
+    }
+
+    bool Drop(const std::vector<std::wstring>& paths) const {
+        return samplehost::DropPaths(Dialog().Window(), paths);
+    }
+
+    bool SourcesBecome(int count) const {
+        return WaitUntil([&] { return Dialog().SourceCount() == count; });
+    }
+
+    bool HasTabListFocus() const { return Dialog().WaitForFocus(Dialog().Control(kTabFoldersList)); }
+
+    /// The focus, with the caret behind the last character of the destination.
+    bool HasDestinationFocus() const {
+        const int end = static_cast<int>(Dialog().Destination().size());
+        return Dialog().WaitForFocus(Dialog().DestinationEdit()) &&
+               WaitUntil([&] { return Dialog().DestinationSelection() == std::pair(end, end); });
+    }
+
+    /// Puts the focus where none of the rules puts it.
+    bool MoveFocusAway() const {
+        if (!TakeForeground(Dialog().Window()))
+            return false;
+        SendMessageW(Dialog().Window(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(Dialog().Control(kCancel)),
+                     TRUE);
+        return Dialog().WaitForFocus(Dialog().Control(kCancel));
+    }
+
+    testing::AssertionResult ShowsOnlyTheControlsOf(int mode) const {
+        const bool individual = mode == kIndividual;
+        std::vector<int> shown = {kPolicyGroup, kPrecisionLabel, kPrecision};
+        for (int policy = 0; policy <= 7; ++policy) {
+            shown.push_back(PolicyControl(policy));
+        }
+        for (const int id : shown) {
+            if (!WaitUntil([&] { return Dialog().IsShown(id) == individual; }))
+                return testing::AssertionFailure() << id;
+        }
+        if (!WaitUntil([&] { return Dialog().IsShown(kNoAsk) != individual; }))
+            return testing::AssertionFailure() << "do not ask";
+        return testing::AssertionSuccess();
+    }
+};
+
+TEST_F(ConfirmationDialog, WithoutAHostItIsEmptyAndCannotStart) {
+    ASSERT_TRUE(OpenAlone());
+    EXPECT_EQ(Dialog().Text(kItemCount), L"(0)");
+    EXPECT_EQ(Dialog().SourceCount(), 0);
+    EXPECT_EQ(Dialog().Destination(), L"");
+    EXPECT_FALSE(Dialog().IsEnabled(kStart));
+    EXPECT_TRUE(HasDestinationFocus());
+}
+
+TEST_F(ConfirmationDialog, TheFirstDropAndABlockEnableTheStart) {
+    ASSERT_TRUE(OpenAlone());
+    ASSERT_TRUE(Drop({Tree().WriteFile(L"a.txt", "a")}));
+    EXPECT_TRUE(WaitUntil([&] { return Dialog().IsEnabled(kStart); }));
+    EXPECT_EQ(Dialog().Text(kItemCount), L"(1)");
+    ASSERT_TRUE(OpenAlone());
+    ASSERT_TRUE(SendBlock({}, {}));
+    EXPECT_TRUE(WaitUntil([&] { return Dialog().IsEnabled(kStart); }));
+    EXPECT_EQ(Dialog().Text(kItemCount), L"(0)");
+}
+
+TEST_F(ConfirmationDialog, BlocksAddUpUntilADropReplacesThem) {
+    ASSERT_TRUE(OpenAlone());
+    ASSERT_TRUE(SendBlock({L"C:\\Work\\a.txt"}, {L"D:\\a"}));
+    ASSERT_TRUE(SendBlock({L"C:\\Work\\b.txt", L"C:\\Work\\c.txt"}, {L"D:\\b"}));
+    ASSERT_TRUE(SourcesBecome(3));
+    EXPECT_EQ(Dialog().Text(kItemCount), L"(3)");
+    EXPECT_EQ(Dialog().SourceText(0), L"a.txt");
+    EXPECT_EQ(Dialog().SourceText(2), L"c.txt");
+    EXPECT_EQ(Dialog().Destination(), L"D:\\a\\");
+    ASSERT_TRUE(Drop({Tree().WriteFile(L"d.txt", "d")}));
+    ASSERT_TRUE(SourcesBecome(1));
+    EXPECT_EQ(Dialog().SourceText(0), L"d.txt");
+    EXPECT_EQ(Dialog().Text(kItemCount), L"(1)");
+}
+
+TEST_F(ConfirmationDialog, ThePresetOfABlockAndOfADropCountsAroundAllFolders) {
+    ASSERT_TRUE(OpenAlone({L"/t", L"/s=7"}));
+    ASSERT_TRUE(SendBlock({L"C:\\Work\\a.txt"}, {L"D:\\0", L"D:\\1", L"D:\\2"}));
+    ASSERT_TRUE(WaitUntil([&] { return Dialog().Destination() == L"D:\\1\\"; })) << "7 modulo 3";
+    ASSERT_TRUE(Drop({Tree().WriteFile(L"a.txt", "a")}));
+    ASSERT_TRUE(WaitUntil([&] { return Dialog().SourceText(0) == L"a.txt"; }));
+    ASSERT_TRUE(Drop({L"D:\\3", L"D:\\4"}));
+    EXPECT_TRUE(WaitUntil([&] { return Dialog().Destination() == L"D:\\2\\"; })) << "7 modulo 5";
+    EXPECT_EQ(Dialog().TabFolders().size(), 5U);
+    EXPECT_EQ(SendMessageW(Dialog().Control(kTabFoldersList), LB_GETCURSEL, 0, 0), 2);
+}
+
+TEST_F(ConfirmationDialog, ANegativePresetIsRefusedAndNotClamped) {
+    RunPlan plan = Plan({L"C:\\Work\\a.txt"}, {L"D:\\a", L"D:\\b", L"D:\\c"});
+    plan.Switches = {L"/s=-1"};
+    FerryRun run(plan);
+    ASSERT_TRUE(run.WaitForStart());
+    const ShownBox box = WaitForMessageBox(run.FerryId());
+    EXPECT_EQ(box.Text, L"Encountered an improper argument.");
+    ASSERT_TRUE(DismissMessageBox(box));
+    const RemoteDialog dialog = run.WaitForDialog();
+    ASSERT_TRUE(dialog.IsOpen());
+    EXPECT_EQ(dialog.Destination(), L"");
+    EXPECT_TRUE(run.CancelAndWait());
+}
+
+TEST_F(ConfirmationDialog, ANegativePresetIsRefusedWithEveryDeliveryToo) {
+    ASSERT_TRUE(OpenAlone({L"/s=-1"}));
+    const HWND window = Dialog().Window();
+    samplehost::BlockFields fields;
+    fields.Tabs = {L"D:\\a", L"D:\\b"};
+    // The answer waits for the message box.
+    EXPECT_FALSE(samplehost::SendData(window, nullptr, samplehost::kBlockTag,
+                                      samplehost::BytesOfUnits(samplehost::BlockUnits(fields)), kCalmMs));
+    const ShownBox box = WaitForMessageBox(Run().FerryId());
+    EXPECT_EQ(box.Text, L"Encountered an improper argument.");
+    ASSERT_TRUE(DismissMessageBox(box));
+    EXPECT_EQ(Dialog().Destination(), L"");
+    EXPECT_TRUE(IsAliveAndUsable(Run(), Dialog()));
+}
+
+TEST_F(ConfirmationDialog, ANegativePresetWithoutARemainderIsTheFirstFolder) {
+    ASSERT_TRUE(OpenWith({L"/s=-3"}));
+    EXPECT_EQ(Dialog().Destination(), L"D:\\a\\");
+    ASSERT_TRUE(OpenWith({L"/s=-1"}, {}));
+    EXPECT_EQ(Dialog().Destination(), L"");
+}
+
+TEST_F(ConfirmationDialog, TheFocusAtStartFollowsBothSwitches) {
+    ASSERT_TRUE(OpenWith({}));
+    EXPECT_TRUE(HasDestinationFocus());
+    ASSERT_TRUE(OpenWith({L"/f=1"}));
+    EXPECT_TRUE(HasDestinationFocus()) << "without the list there is no list to have the focus";
+    ASSERT_TRUE(OpenWith({L"/t", L"/f=2"}));
+    EXPECT_TRUE(HasDestinationFocus()) << "only 1 means the list";
+    ASSERT_TRUE(OpenWith({L"/t", L"/f=1"}));
+    EXPECT_TRUE(HasTabListFocus());
+}
+
+TEST_F(ConfirmationDialog, ABlockAndTheSecondDropSetTheFocusAsAtStart) {
+    for (const bool isListFocused : {false, true}) {
+        SCOPED_TRACE(isListFocused);
+        ASSERT_TRUE(OpenAlone(isListFocused ? std::vector<std::wstring>{L"/t", L"/f=1"}
+                                            : std::vector<std::wstring>{L"/t"}));
+        const auto hasFocus = [&] { return isListFocused ? HasTabListFocus() : HasDestinationFocus(); };
+        ASSERT_TRUE(MoveFocusAway());
+        ASSERT_TRUE(SendBlock({L"C:\\Work\\a.txt"}, {L"D:\\a"}));
+        EXPECT_TRUE(hasFocus());
+        ASSERT_TRUE(Drop({Tree().WriteFile(L"b.txt", "b")}));
+        ASSERT_TRUE(WaitUntil([&] { return Dialog().SourceText(0) == L"b.txt"; }));
+        ASSERT_TRUE(MoveFocusAway());
+        ASSERT_TRUE(Drop({L"D:\\b"}));
+        EXPECT_TRUE(hasFocus());
+    }
+}
+
+TEST_F(ConfirmationDialog, AnotherTimerRaisesNothing) {
+    ASSERT_TRUE(OpenWith({}));
+    const HWND host = Run().HostWindow();
+    ASSERT_TRUE(TakeForeground(host));
+    PostMessageW(Dialog().Window(), WM_TIMER, kRaiseTimer + 1, 0);
+    EXPECT_TRUE(Stays([&] { return GetForegroundWindow() == host; }));
+    PostMessageW(Dialog().Window(), WM_TIMER, kRaiseTimer, 0);
+    EXPECT_TRUE(WaitUntil([&] { return GetForegroundWindow() == Dialog().Window(); }));
+}
+
+TEST_F(ConfirmationDialog, AnswersThatItIsTheOne) {
+    ASSERT_TRUE(OpenWith({}));
+    EXPECT_EQ(SendMessageW(Dialog().Window(), kIdentifyMessage, 0, 0), 1);
+    EXPECT_EQ(SendMessageW(Dialog().Window(), kIdentifyMessage, 7, 7), 1);
+    EXPECT_EQ(SendMessageW(Dialog().Window(), kIdentifyMessage + 1, 0, 0), 0);
+}
+
+TEST_F(ConfirmationDialog, EachModeShowsItsOwnControls) {
+    ASSERT_TRUE(OpenWith({}));
+    EXPECT_TRUE(ShowsOnlyTheControlsOf(kBatch));
+    ASSERT_TRUE(Dialog().Choose(kIndividual));
+    EXPECT_TRUE(ShowsOnlyTheControlsOf(kIndividual));
+    ASSERT_TRUE(Dialog().Choose(kBatch));
+    EXPECT_TRUE(ShowsOnlyTheControlsOf(kBatch));
+}
+
+TEST_F(ConfirmationDialog, WithoutOtherTabsTheirButtonSaysSo) {
+    ASSERT_TRUE(OpenWith({}, {}));
+    Dialog().Click(kTabFoldersButton);
+    const ShownBox box = WaitForMessageBox(Run().FerryId());
+    EXPECT_EQ(box.Text, L"他のタブのフォルダーがありません。");
+    EXPECT_TRUE(DismissMessageBox(box));
+    EXPECT_EQ(Dialog().Destination(), L"");
+}
+
+/// While it exists, the shell opens HTML pages with a command of its own, which writes their address to a
+/// file.
+class PageOpener {
+public:
+    explicit PageOpener(const std::wstring& file) {
+        Set(L".html", kProgram);
+        Set(std::wstring(kProgram) + L"\\shell\\open\\command",
+            L"C:\\windows\\system32\\cmd.exe /c echo %1>\"" + file + L"\"");
+    }
+    ~PageOpener() {
+        Set(L".html", L"htmlfile");
+        RegDeleteTreeW(HKEY_CLASSES_ROOT, kProgram);
+    }
+    PageOpener(const PageOpener&) = delete;
+    PageOpener& operator=(const PageOpener&) = delete;
+
+private:
+    static constexpr wchar_t kProgram[] = L"FerryTest.Page";
+
+    static void Set(const std::wstring& key, const std::wstring& text) {
+        RegSetKeyValueW(HKEY_CLASSES_ROOT, key.c_str(), nullptr, REG_SZ, text.c_str(),
+                        static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)));
+    }
+};
+
+TEST_F(ConfirmationDialog, F1OpensTheManualThatIsInstalledBesideIt) {
+    ASSERT_TRUE(OpenWith({}));
+    const std::wstring mark = Tree().Path(L"opened.txt");
+    const PageOpener opener(mark);
+    ASSERT_TRUE(Dialog().FocusDestination());
+    PressKey(VK_F1);
+    const std::wstring page =
+        ProgramFolder(AppFolder()) + L"\\Manual\\kiv\\man5\\6.Command\\2.DefaultCommand\\Ferry.html";
+    ASSERT_TRUE(Exists(page));
+    EXPECT_TRUE(WaitUntil([&] { return !ReadBytes(mark).empty(); }));
+    std::string opened = ReadBytes(mark);
+    std::erase(opened, '"');
+    EXPECT_EQ(std::wstring(opened.begin(), opened.begin() + static_cast<std::ptrdiff_t>(
+                                                                std::min(opened.find('\r'), opened.size()))),
+              page);
+}
+
+}  // namespace
+}  // namespace ferry::e2e

@@ -1,0 +1,138 @@
+// The confirmation dialog in-process: what it leaves behind, its icons, and a list of a million items.
+#include <windows.h>
+// After windows.h, which it builds on.
+#include <shellapi.h>
+
+#include "samplehost/host_block_writer.h"
+#include "windows/ferry_dialog_fixture_win32.h"
+#include "windows/resource_counts_win32.h"
+
+namespace ferry::dialogs {
+namespace {
+
+constexpr int kOpenings = 500;
+constexpr int kWarmUpOpenings = 10;
+/// The system's own libraries open a handle or two later than in the first openings.
+constexpr std::size_t kLateHandles = 2;
+constexpr int kMillion = 1'000'000;
+constexpr ULONG_PTR kBlockTag = 255;
+
+int IconByName(const wchar_t* name, DWORD attributes) {
+    SHFILEINFOW info{};
+    SHGetFileInfoW(name, attributes, &info, sizeof info, SHGFI_SYSICONINDEX | SHGFI_USEFILEATTRIBUTES);
+    return info.iIcon;
+}
+
+class OpeningAndClosing : public FerryDialogTest {
+protected:
+    /// Files of which every one still wants an icon.
+    std::vector<std::wstring> SomeFiles() const {
+        std::vector<std::wstring> files;
+        for (const wchar_t* name : {L"a.txt", L"b.exe", L"c.html", L"d", L"e.zip", L"f.png"}) {
+            files.push_back(folder_ / name);
+            test::WriteUnits(files.back(), L"x");
+        }
+        files.push_back(L"\\\\no server of this name\\share\\x.txt");
+        return files;
+    }
+
+    test::TempFolder folder_;
+};
+
+TEST_F(OpeningAndClosing, LeavesNoHandleNoWindowNoDrawingObjectAndNoThread) {
+    const std::vector<std::wstring> files = SomeFiles();
+    test::ResourceCounts before;
+    int closedWhileLoading = 0;
+    for (int opening = 0; opening < kOpenings; ++opening) {
+        if (opening == kWarmUpOpenings) {
+            before = test::CountResources();
+        }
+        Open(files);
+        // Every other one goes on until the history and the icons are there.
+        if (opening % 2 == 0) {
+            Pump();
+        }
+        closedWhileLoading += opening > kWarmUpOpenings && test::CountThreads() > before.Threads ? 1 : 0;
+        Close();
+        Pump();
+    }
+    const test::ResourceCounts after = test::CountResources();
+    EXPECT_LE(after.Handles, before.Handles + kLateHandles);
+    EXPECT_EQ(after.UserObjects, before.UserObjects);
+    EXPECT_EQ(after.GdiObjects, before.GdiObjects);
+    EXPECT_EQ(after.Threads, before.Threads);
+    EXPECT_GT(closedWhileLoading, 0);
+}
+
+class Icons : public FerryDialogTest {};
+
+TEST_F(Icons, OfNetworkFoldersFollowFromTheirAttributes) {
+    const test::TempFolder folder;
+    test::MakeFolders(L"\\\\?\\" + (folder / L"x.exe"));
+    const int expected = IconByName(L"x.exe", FILE_ATTRIBUTE_DIRECTORY);
+    ASSERT_NE(expected, IconByName(L"x.exe", FILE_ATTRIBUTE_NORMAL));
+    Open({L"\\\\?\\" + (folder / L"x.exe")});
+    EXPECT_TRUE(PumpUntil([&] { return ItemIcon(0) == expected; }));
+}
+
+class MillionItems : public FerryDialogTest {
+protected:
+    static std::wstring Block() {
+        samplehost::BlockFields fields;
+        fields.Items.reserve(kMillion);
+        for (int index = 0; index < kMillion - 1; ++index) {
+            fields.Items.push_back(L"C:\\Users\\somebody\\Documents\\項目\\item " + std::to_wstring(index) +
+                                   L".txt");
+        }
+        fields.Items.push_back(L"C:\\Users\\somebody\\Documents\\zebra.txt");
+        fields.Tabs = {L"D:\\先"};
+        return samplehost::BlockUnits(fields);
+    }
+
+    int Focused() const {
+        return static_cast<int>(SendMessageW(List(), LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED));
+    }
+
+    bool IsInView(int index) const {
+        const int top = static_cast<int>(SendMessageW(List(), LVM_GETTOPINDEX, 0, 0));
+        const int perPage = static_cast<int>(SendMessageW(List(), LVM_GETCOUNTPERPAGE, 0, 0));
+        return index >= top && index < top + perPage;
+    }
+
+    void Press(unsigned key) const { SendMessageW(List(), WM_KEYDOWN, key, 1); }
+};
+
+TEST_F(MillionItems, ScrollAreFoundByTypingAndCanBeStarted) {
+    Open({});
+    ASSERT_FALSE(IsWindowEnabled(GetDlgItem(Window(), IDOK)));
+    EXPECT_EQ(test::TextOfControl(Window(), IDC_COUNT), L"(0)");
+    std::wstring block = Block();
+    COPYDATASTRUCT data{kBlockTag, static_cast<DWORD>(block.size() * sizeof(wchar_t)), block.data()};
+    EXPECT_EQ(SendMessageW(Window(), WM_COPYDATA, 0, reinterpret_cast<LPARAM>(&data)), TRUE);
+    EXPECT_TRUE(IsWindowEnabled(GetDlgItem(Window(), IDOK)));
+    EXPECT_EQ(test::TextOfControl(Window(), IDC_COUNT), L"(1000000)");
+    EXPECT_EQ(SendMessageW(List(), LVM_GETITEMCOUNT, 0, 0), kMillion);
+    EXPECT_EQ(ItemText(777'777), L"item 777777.txt");
+
+    UpdateWindow(List());
+    Press('Z');
+    EXPECT_EQ(Focused(), kMillion - 1);
+    EXPECT_TRUE(IsInView(kMillion - 1));
+    UpdateWindow(List());
+    EXPECT_EQ(ItemText(kMillion - 1), L"zebra.txt");
+    Press('I');
+    Press('T');
+    EXPECT_EQ(Focused(), kMillion - 1) << "no name begins with ZI";
+    Press(VK_ESCAPE);
+    Press('I');
+    EXPECT_EQ(Focused(), 0) << "after the last item the search begins at the top";
+    EXPECT_TRUE(IsInView(0));
+    SendMessageW(List(), WM_HSCROLL, SB_PAGERIGHT, 0);
+    EXPECT_FALSE(IsInView(0));
+    Press(VK_END);
+    UpdateWindow(List());
+    EXPECT_TRUE(IsInView(kMillion - 1));
+}
+
+}  // namespace
+}  // namespace ferry::dialogs
