@@ -41,7 +41,7 @@ void CCmdListCtrl::Clear() {
     SetItemCount(0);
 }
 
-// Wine's list view measures every text before it draws for the first time: a minute for a million items,
+// A list view may measure every text before it draws for the first time: a minute for a million items, and
 // for a column width that FitColumn sets anyway. So its first drawing is of one item.
 void CCmdListCtrl::LetMeasureOneItem() const {
     SetItemCount(1);
