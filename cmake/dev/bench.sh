@@ -13,6 +13,18 @@ run_bench() {
     [ "$status" = 0 ] || { bench_failed=1; say "$(basename "$program") ended with status $status"; }
 }
 
+# fill_bench_folder: 100,000 entries, every fifteenth a folder, in one folder of C:. Wine itself would
+# take an hour for it.
+fill_bench_folder() {
+    local folder=$wine_prefix/drive_c/FerryBench
+    export FERRY_BENCH_FOLDER='C:\FerryBench'
+    [ "$(find "$folder" -mindepth 1 2>/dev/null | wc -l)" = 100000 ] && return
+    rm -rf "$folder"
+    mkdir -p "$folder"
+    (cd "$folder" && seq 0 15 99999 | sed 's/^/Some entry /' | xargs -d '\n' mkdir &&
+        seq 0 99999 | awk '$1 % 15' | sed 's/^/Some entry /' | xargs -d '\n' touch)
+}
+
 bench_table() {
     awk '
         function field(name,   rest) {
@@ -42,6 +54,7 @@ command_bench() {
     while IFS= read -r program; do
         found=1
         open_wine virtual
+        fill_bench_folder
         run_bench "$program" run_wine
     done < <(find "$build/mingw/tests/bench" -name 'bench_*.exe' 2>/dev/null | sort)
     [ "$found" = 1 ] || fail "there is no benchmark program below build/*/tests/bench"

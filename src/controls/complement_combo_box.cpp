@@ -19,6 +19,9 @@ namespace {
 constexpr std::uint16_t kMessageHistory = 62400;
 constexpr std::uint16_t kMessageClearTail = 63007;
 
+// What the list draws beside the text of an item, at 96 dots per inch: its own margins.
+constexpr int kItemMargins = 12;
+
 // Beside the items themselves: what the list's own bookkeeping takes of memory for each.
 constexpr LPARAM kUnitsPerItem = 64;
 
@@ -199,6 +202,7 @@ void CComplementComboBox::FillList(std::vector<std::wstring> paths) {
     RemoveItems();
     SendMessageW(Combo(), CB_INITSTORAGE, candidates_.size(),
                  static_cast<LPARAM>(candidates_.size()) * kUnitsPerItem);
+    WidenList();
     const PathDisplay display(Handle());
     for (const std::wstring& path : candidates_) {
         AddItem(display.Shown(path));
@@ -209,6 +213,16 @@ void CComplementComboBox::FillList(std::vector<std::wstring> paths) {
         SetEditText(text);
         SendMessageW(edit, EM_SETSEL, start, static_cast<LPARAM>(end));
     }
+}
+
+// A text as wide as the control must show its end beside a scroll bar, too.
+void CComplementComboBox::WidenList() const noexcept {
+    RECT area{};
+    GetClientRect(Handle(), &area);
+    const UINT dpi = GetDpiForWindow(Handle());
+    const int width = area.right + GetSystemMetricsForDpi(SM_CXVSCROLL, dpi) +
+                      MulDiv(kItemMargins, static_cast<int>(dpi), USER_DEFAULT_SCREEN_DPI);
+    SendMessageW(Combo(), CB_SETDROPPEDWIDTH, static_cast<WPARAM>(width), 0);
 }
 
 void CComplementComboBox::OpenOwnList() {

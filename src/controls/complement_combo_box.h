@@ -70,6 +70,7 @@ private:
     void AskToClear();
 
     void FillList(std::vector<std::wstring> paths);
+    void WidenList() const noexcept;
     void OpenOwnList();
     void SelectWhole(int index);
     void AcceptItem();

@@ -4,6 +4,20 @@
 
 namespace ferry::framework {
 
+namespace {
+
+// Like an exception of a handler, one of a pre-translation ends here; the dialog goes on.
+bool IsConsumedBy(CWnd& listener, MSG& message) noexcept {
+    try {
+        return listener.PreTranslateMessage(message);
+    } catch (...) {
+        ReportCurrentException();
+        return true;
+    }
+}
+
+}  // namespace
+
 CDialog::~CDialog() {
     CDialog::DestroyWindow();
 }
@@ -91,7 +105,7 @@ bool CDialog::HandleDialogMessage(MSG& message) {
     if (isInput) {
         for (HWND window = message.hwnd; window != nullptr; window = GetParent(window)) {
             CWnd* const listener = FromHandle(window);
-            if (listener != nullptr && listener->PreTranslateMessage(message)) {
+            if (listener != nullptr && IsConsumedBy(*listener, message)) {
                 return true;
             }
             if (window == Handle()) {

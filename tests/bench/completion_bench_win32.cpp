@@ -16,6 +16,7 @@
 #include "completion/candidates.h"
 #include "completion/folder_lookup_win32.h"
 #include "controls/complement_combo_box.h"
+#include "e2e/driver/surroundings.h"
 #include "e2e/driver/temp_tree.h"
 
 namespace {
@@ -24,28 +25,34 @@ using ferry::e2e::TempTree;
 using Paths = std::vector<std::wstring>;
 
 constexpr std::size_t kEntries = 100'000;
-/// Every tenth entry is a folder, so the cap is met half way.
-constexpr std::size_t kFolderEvery = 10;
+/// One entry of so many is a folder, so the cap is met on the way.
+constexpr std::size_t kFolderEvery = 15;
 constexpr std::size_t kCap = 5000;
 constexpr int kWarmUpRounds = 2;
 constexpr int kRounds = 21;
 constexpr double kGoal = 1.3;
 
-/// The folder with a backslash at its end; empty when an entry could not be made.
+bool MakeEntry(const std::wstring& path, bool isFolder) {
+    if (isFolder)
+        return CreateDirectoryW(path.c_str(), nullptr) != FALSE;
+    const HANDLE file =
+        CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file == INVALID_HANDLE_VALUE)
+        return false;
+    CloseHandle(file);
+    return true;
+}
+
+/// The folder with a backslash at its end; empty when an entry could not be made. FERRY_BENCH_FOLDER
+/// names one that somebody has filled already: Wine reads the whole folder for each new name, so that
+/// filling it from here takes an hour there.
 std::wstring MakeEntries(const TempTree& tree) {
+    if (const std::wstring filled = ferry::e2e::Variable(L"FERRY_BENCH_FOLDER"); !filled.empty())
+        return filled + L"\\";
     const std::wstring folder = tree.MakeFolder(L"many") + L"\\";
     for (std::size_t entry = 0; entry < kEntries; ++entry) {
-        const std::wstring path = folder + L"Some entry " + std::to_wstring(entry * 7919 % kEntries);
-        if (entry % kFolderEvery == 0) {
-            if (CreateDirectoryW(path.c_str(), nullptr) == FALSE)
-                return {};
-            continue;
-        }
-        const HANDLE file =
-            CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
-        if (file == INVALID_HANDLE_VALUE)
+        if (!MakeEntry(folder + L"Some entry " + std::to_wstring(entry), entry % kFolderEvery == 0))
             return {};
-        CloseHandle(file);
     }
     return folder;
 }

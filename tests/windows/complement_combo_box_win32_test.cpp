@@ -459,6 +459,14 @@ TEST_F(ComplementComboBoxTest, APathThatIsTooWideIsShownShortenedAndKeptWhole) {
     EXPECT_EQ(Text(), folder + L"the end & more\\");
 }
 
+TEST_F(ComplementComboBoxTest, TheListIsWideEnoughForATextAsWideAsTheControl) {
+    OpenList();
+    RECT control{};
+    GetClientRect(Control(), &control);
+    const auto width = SendMessageW(box_.Combo(), CB_GETDROPPEDWIDTH, 0, 0);
+    EXPECT_GT(width, control.right + GetSystemMetrics(SM_CXVSCROLL));
+}
+
 TEST_F(ComplementComboBoxTest, APathLongerThanTheSystemsOldLimitIsShownShortened) {
     std::wstring folder = L"C:\\";
     while (folder.size() < 800) {

@@ -48,6 +48,9 @@ ferry_test(ferry_controls_tests
         combo_box_fixture_win32.cpp
         complement_combo_box_win32_test.cpp
         completion_win32_test.cpp
+        dialog_win32_test.cpp
         history_combo_box_win32_test.cpp
         support_win32.cpp
+        ${CMAKE_SOURCE_DIR}/res/ferry_dialog.rc
     LINK ferry_controls ferry_completion_win32 comctl32)
+target_include_directories(ferry_controls_tests PRIVATE ${CMAKE_SOURCE_DIR}/res)

@@ -86,11 +86,25 @@ bool WatchedRun::Perform() {
     dialog_ = run_.WaitForDialog();
     if (!dialog_.IsOpen())
         return Complain("Ferry's dialog did not open");
-    if (!FillIn())
+    if (!ShowCandidates() || !FillIn())
         return false;
     Pause("filled");
     dialog_.Click(e2e::kStart);
     return WaitForEnd();
+}
+
+bool WatchedRun::ShowCandidates() {
+    if (!wishes_.PausesAt)
+        return true;
+    if (!e2e::TakeForeground(dialog_.Window()) || !dialog_.TypeDestination(L"C:\\"))
+        return Complain("the destination cannot be typed");
+    e2e::PressKey(VK_DOWN);
+    if (!e2e::WaitUntil([this] { return dialog_.IsDestinationListOpen(); }))
+        return Complain("the list of candidates does not open");
+    e2e::PressKey(VK_DOWN);
+    Pause("list");
+    SendMessageW(dialog_.Control(e2e::kDestination), CB_SHOWDROPDOWN, FALSE, 0);
+    return true;
 }
 
 bool WatchedRun::FillIn() {
@@ -100,8 +114,6 @@ bool WatchedRun::FillIn() {
         return Complain("the collision policy cannot be chosen");
     if (!e2e::TakeForeground(dialog_.Window()) || !dialog_.TypeDestination(wishes_.Destination))
         return Complain("the destination cannot be typed");
-    // The list of candidates may still be open, and would cover the picture.
-    SendMessageW(dialog_.Control(e2e::kDestination), CB_SHOWDROPDOWN, FALSE, 0);
     return true;
 }
 

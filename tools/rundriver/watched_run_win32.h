@@ -30,6 +30,7 @@ public:
     bool Perform();
 
 private:
+    bool ShowCandidates();
     bool FillIn();
     bool WaitForEnd();
     bool AnswerWhatIsAsked();

@@ -1,0 +1,67 @@
+// Keys on their way through a dialog.
+#include <windows.h>
+#include <gtest/gtest.h>
+// After windows.h, which it builds on.
+#include <commctrl.h>
+
+#include "framework/dialog.h"
+#include "framework/errors.h"
+#include "ids.h"
+#include "windows/support_win32.h"
+
+namespace ferry::framework {
+namespace {
+
+class PickyControl : public CWnd {
+public:
+    bool PreTranslateMessage(MSG& message) override {
+        ++Seen;
+        if (message.wParam == VK_F2) {
+            throw InvalidArgument();
+        }
+        return message.wParam == VK_F3;
+    }
+    int Seen = 0;
+};
+
+class DialogKeys : public testing::Test {
+protected:
+    void SetUp() override {
+        const INITCOMMONCONTROLSEX classes{sizeof(classes), ICC_USEREX_CLASSES | ICC_LISTVIEW_CLASSES};
+        ASSERT_TRUE(InitCommonControlsEx(&classes));
+        ASSERT_TRUE(dialog_.Create(nullptr));
+        ASSERT_TRUE(control_.Attach(dialog_.Item(IDC_DESTINATION)));
+    }
+
+    bool Press(WPARAM key, HWND window) {
+        MSG message{};
+        message.hwnd = window;
+        message.message = WM_KEYDOWN;
+        message.wParam = key;
+        return dialog_.HandleDialogMessage(message);
+    }
+
+    CDialog dialog_{IDD_FERRY};
+    PickyControl control_;
+};
+
+TEST_F(DialogKeys, ReachTheControlThatTheyAreForAndEveryoneAroundIt) {
+    const HWND edit =
+        reinterpret_cast<HWND>(SendMessageW(dialog_.Item(IDC_DESTINATION), CBEM_GETEDITCONTROL, 0, 0));
+    ASSERT_NE(edit, nullptr);
+    EXPECT_TRUE(Press(VK_F3, edit));
+    EXPECT_EQ(control_.Seen, 1);
+    Press(VK_F3, dialog_.Item(IDC_SOURCE_LIST));
+    EXPECT_EQ(control_.Seen, 1);
+}
+
+TEST_F(DialogKeys, AnExceptionOnTheWayIsToldAndTheDialogStays) {
+    auto told = test::AnswerNextBox(IDOK);
+    EXPECT_TRUE(Press(VK_F2, dialog_.Item(IDC_DESTINATION)));
+    EXPECT_EQ(told.get(), L"Encountered an improper argument.");
+    EXPECT_TRUE(IsWindow(dialog_.Handle()));
+    EXPECT_TRUE(Press(VK_F3, dialog_.Item(IDC_DESTINATION)));
+}
+
+}  // namespace
+}  // namespace ferry::framework
