@@ -43,9 +43,9 @@ command_bench() {
     local program found=0
     bench_failed=0
     need native
-    build_preset native
+    build_preset native benches
     build_app
-    build_preset mingw
+    build_preset mingw benches
     : >"$build/bench.lines"
     while IFS= read -r program; do
         found=1

@@ -77,6 +77,7 @@ bool CFerryApp::InitInstance() {
     const HWND owner = host.WindowMode == hostlink::kOwnedWindowMode ? hostlink::FindHostWindow() : nullptr;
     dialogs::CFerryDlg dialog(services, OptionsOfThisProcess(), owner);
     dialog.DoModal();
+    shell.reset();
     if (host.ActivateHostOnExit == 1) {
         ActivateHost();
     }

@@ -7,6 +7,7 @@
 #include <mutex>
 #include <string_view>
 
+#include "base/com_ptr_win32.h"
 #include "process/file_search_win32.h"
 
 namespace ferry::controls {
@@ -15,21 +16,6 @@ namespace {
 
 constexpr UINT kByNameFlags = SHGFI_SYSICONINDEX | SHGFI_USEFILEATTRIBUTES;
 constexpr UINT kByPathFlags = SHGFI_SYSICONINDEX | SHGFI_OPENICON;
-
-class ComScope {
-public:
-    ComScope() noexcept : result_(CoInitialize(nullptr)) {}
-    ComScope(const ComScope&) = delete;
-    ComScope& operator=(const ComScope&) = delete;
-    ~ComScope() {
-        if (SUCCEEDED(result_)) {
-            CoUninitialize();
-        }
-    }
-
-private:
-    HRESULT result_;
-};
 
 // A network item is judged by its attributes and name: asking the shell for the item itself
 // could wait for a server that is away.
@@ -79,7 +65,7 @@ bool IconWorker::AnyIconMissing(std::size_t first, std::size_t last) {
 }
 
 void IconWorker::FindIcons(std::size_t first, std::size_t last) {
-    const ComScope com;
+    const base::ComApartment com;
     const std::lock_guard guard(items_.Lock());
     for (std::size_t index = first; index <= last && index < items_.Size() && !stopping_; ++index) {
         if (items_.Icon(index) == ListItems::kNoIcon) {

@@ -1,8 +1,7 @@
 // The start of the transfer: checks, preparations, and the run itself.
 #include <windows.h>
-// After windows.h, which COM's headers build on.
-#include <objbase.h>
 
+#include "base/com_ptr_win32.h"
 #include "base/message_box_win32.h"
 #include "base/text.h"
 #include "dialogs/ferry_dialog.h"
@@ -16,26 +15,6 @@
 #include "transfer/shell_operations_win32.h"
 
 namespace ferry::dialogs {
-
-namespace {
-
-// Balanced only when this call was the one that initialised COM on the thread.
-class ComScope {
-public:
-    ComScope() noexcept : result_(CoInitialize(nullptr)) {}
-    ComScope(const ComScope&) = delete;
-    ComScope& operator=(const ComScope&) = delete;
-    ~ComScope() {
-        if (result_ == S_OK) {
-            CoUninitialize();
-        }
-    }
-
-private:
-    HRESULT result_;
-};
-
-}  // namespace
 
 void CFerryDlg::OnOK() {
     transfer::TransferRequest request;
@@ -91,7 +70,7 @@ void CFerryDlg::TellHostToOpen(const std::wstring& destination) {
 }
 
 void CFerryDlg::RunTransfer(const transfer::TransferRequest& request) {
-    const ComScope com;
+    const base::ComApartment com;
     transfer::WindowsShellOperations shell(Handle());
     if (request.Settings.Mode == static_cast<std::uint32_t>(transfer::WorkingMode::Batch)) {
         transfer::RunBatch(request, shell);
