@@ -107,6 +107,7 @@ TEST_P(DestinationHistory, IsClearedByCtrlHWhenThePersonAgrees) {
     ASSERT_TRUE(Type(L"D:\\x"));
     PressChord({VK_CONTROL, 'H'});
     const ShownBox box = WaitForMessageBox(Run().FerryId());
+    ASSERT_NE(box.Window, nullptr);
     EXPECT_EQ(box.Text, InstalledMessage(AppFolder(), 62400) + InstalledMessage(AppFolder(), 63007));
     ASSERT_TRUE(DismissMessageBox(box, IDYES));
     EXPECT_TRUE(WaitUntil([&] { return Stored() == Slots({}); }));
@@ -119,7 +120,9 @@ TEST_P(DestinationHistory, StaysWhenThePersonDoesNotAgreeToClearIt) {
     ASSERT_TRUE(OpenDialog());
     ASSERT_TRUE(Type(L""));
     PressChord({VK_CONTROL, 'H'});
-    ASSERT_TRUE(DismissMessageBox(WaitForMessageBox(Run().FerryId()), IDNO));
+    const ShownBox box = WaitForMessageBox(Run().FerryId());
+    ASSERT_NE(box.Window, nullptr);
+    ASSERT_TRUE(DismissMessageBox(box, IDNO));
     EXPECT_TRUE(Stays([&] { return Dialog().DestinationListCount() == 2; }));
     EXPECT_EQ(ReadText(kProgramKey, L"Ferry000"), L"D:\\a");
 }
@@ -139,9 +142,7 @@ TEST_P(DestinationHistory, IsOfferedByTheArrowAfterASearchToo) {
     RECT box{};
     GetWindowRect(Dialog().Control(kDestination), &box);
     constexpr int kInsideTheArrow = 8;
-    SetCursorPos(box.right - kInsideTheArrow, box.top + kInsideTheArrow);
-    mouse_event(MOUSEEVENTF_LEFTDOWN, 0, 0, 0, 0);
-    mouse_event(MOUSEEVENTF_LEFTUP, 0, 0, 0, 0);
+    ClickAt({box.right - kInsideTheArrow, box.top + kInsideTheArrow});
     ASSERT_TRUE(ListBecomes(true));
     EXPECT_EQ(Dialog().DestinationListCount(), 2);
     EXPECT_EQ(Dialog().DestinationListText(1), L"D:\\b");

@@ -51,6 +51,21 @@ void TypeText(std::wstring_view text) {
     }
 }
 
+void ClickAt(POINT place, int clicks) {
+    // Each event brings its place along: a pointer that was moved before may not have arrived.
+    constexpr int kFullScale = 65535;
+    INPUT input = {};
+    input.type = INPUT_MOUSE;
+    input.mi.dx = MulDiv(place.x, kFullScale, GetSystemMetrics(SM_CXSCREEN) - 1);
+    input.mi.dy = MulDiv(place.y, kFullScale, GetSystemMetrics(SM_CYSCREEN) - 1);
+    for (int click = 0; click < clicks; ++click) {
+        for (const DWORD button : {MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP}) {
+            input.mi.dwFlags = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE | button;
+            SendInput(1, &input, sizeof(input));
+        }
+    }
+}
+
 bool TakeForeground(HWND window) {
     return WaitUntil([window] {
         if (GetForegroundWindow() == window)

@@ -20,6 +20,9 @@ void PressChord(std::initializer_list<WORD> keys);
 /// Types `text` whatever the keyboard layout.
 void TypeText(std::wstring_view text);
 
+/// Clicks with the left button at a place on the screen, so many times in a row.
+void ClickAt(POINT place, int clicks = 1);
+
 /// Holds a key down for as long as it lives.
 class HeldKey {
 public:
