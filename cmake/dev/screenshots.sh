@@ -15,12 +15,15 @@ picture_collision() {
         'C:\FerryPictures\source\報告書 - コピー (2).txt' 'C:\FerryPictures\source\other.txt'
 }
 
-# A batch run of the sample, the dialog as most users see it.
+other_tabs=(--tab 'C:\FerryRun\destination' --tab 'D:\写真\2024' --tab 'D:\Backup'
+    --tab '\\server\share\archive' --tab 'C:\Users\Public\Documents')
+
+# picture_batch OPTION...: a batch run of the sample, the dialog as most users see it.
 picture_batch() {
     local folder=$wine_prefix/drive_c/FerryRun
     make_sample "$folder/source"
     rm -rf "$folder/destination"
-    drive --log 'C:\FerryPictures.log' 'C:\FerryRun\destination' 'C:\FerryRun\source'
+    drive "$@" --log 'C:\FerryPictures.log' 'C:\FerryRun\destination' 'C:\FerryRun\source'
 }
 
 # picture_language LANGUAGE SCALE: the progress window stands beside the questions of the runs.
@@ -28,6 +31,7 @@ picture_language() {
     local name=$1-$2
     run_wine reg.exe add "$settings_key" /v NLS /d ".$1" /f >/dev/null
     pictures=$name-batch; picture_batch || fail "the batch run did not end; see build/screenshots/$pictures-*.png"
+    pictures=$name-tabs; picture_batch --tab-list "${other_tabs[@]}" || fail "the run with a tab list did not end"
     pictures=$name-decide; picture_collision 7 || fail "the individual run did not end"
     pictures=$name-rename; picture_collision 4 || fail "the renaming run did not end"
 }

@@ -10,18 +10,19 @@ CDlgBusy::CDlgBusy(Services& services) : CDialogEx(IDD_BUSY), services_(services
 
 void CDlgBusy::SetFirstLine(std::wstring text) {
     firstLine_ = std::move(text);
-    ShowLines();
+    ShowLine(IDC_BUSY_TITLE, firstLine_);
 }
 
 void CDlgBusy::SetSecondLine(std::wstring text) {
     secondLine_ = std::move(text);
-    ShowLines();
+    ShowLine(IDC_BUSY_ITEM, secondLine_);
 }
 
-void CDlgBusy::ShowLines() const {
+// One line at a time: a run changes the second for every file, and drawing the first again each
+// time would cost more than moving a small file.
+void CDlgBusy::ShowLine(int control, const std::wstring& text) const {
     if (Handle() != nullptr) {
-        SetDlgItemTextW(Handle(), IDC_BUSY_TITLE, firstLine_.c_str());
-        SetDlgItemTextW(Handle(), IDC_BUSY_ITEM, secondLine_.c_str());
+        SetDlgItemTextW(Handle(), control, text.c_str());
     }
 }
 
@@ -29,7 +30,8 @@ bool CDlgBusy::OnInitDialog() {
     services_.Localiser.Localise(IDD_BUSY, Handle());
     bar_.Attach(Item(IDC_BUSY_BAR));
     ShowWindow(Item(IDCANCEL), cancellable_ ? SW_SHOW : SW_HIDE);
-    ShowLines();
+    ShowLine(IDC_BUSY_TITLE, firstLine_);
+    ShowLine(IDC_BUSY_ITEM, secondLine_);
     return true;
 }
 

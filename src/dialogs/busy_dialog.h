@@ -38,7 +38,7 @@ protected:
     void OnCancel() override;
 
 private:
-    void ShowLines() const;
+    void ShowLine(int control, const std::wstring& text) const;
 
     Services& services_;
     framework::CProgressCtrl bar_;

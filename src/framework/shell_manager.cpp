@@ -41,6 +41,14 @@ std::optional<std::wstring> PathOf(PCIDLIST_ABSOLUTE item) {
     return text;
 }
 
+// Asking for a file's icon would give the list too, but would look for that icon first.
+base::ComPtr<IImageList> FetchSmallIcons() noexcept {
+    base::ComPtr<IImageList> icons;
+    // A failure leaves the pointer empty: a list without icons.
+    SHGetImageList(SHIL_SMALL, IID_PPV_ARGS(icons.Put()));
+    return icons;
+}
+
 }  // namespace
 
 std::optional<std::wstring> CShellManager::BrowseForFolder(HWND owner, const std::wstring& prompt,
@@ -63,11 +71,13 @@ std::optional<std::wstring> CShellManager::BrowseForFolder(HWND owner, const std
     return path;
 }
 
+CShellManager::CShellManager() : fetchedIcons_(std::async(&FetchSmallIcons)) {}
+
 HIMAGELIST CShellManager::SmallIcons() {
-    SHFILEINFOW info{};
-    return reinterpret_cast<HIMAGELIST>(
-        SHGetFileInfoW(L".txt", FILE_ATTRIBUTE_NORMAL, &info, sizeof info,
-                       SHGFI_SYSICONINDEX | SHGFI_SMALLICON | SHGFI_USEFILEATTRIBUTES));
+    if (fetchedIcons_.valid()) {
+        smallIcons_ = fetchedIcons_.get();
+    }
+    return IImageListToHIMAGELIST(smallIcons_.Get());
 }
 
 }  // namespace ferry::framework

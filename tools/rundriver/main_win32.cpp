@@ -1,6 +1,7 @@
 // rundriver: lets Ferry copy or move files and presses its buttons.
 //
-// rundriver [--move] [--individual] [--policy N] [--pause] --log FILE DESTINATION ITEM...
+// rundriver [--move] [--individual] [--policy N] [--tab FOLDER]... [--tab-list] [--pause] --log FILE
+//     DESTINATION ITEM...
 // FERRY_E2E_APP and FERRY_E2E_HOST name the installed layout and the sample host.
 #include <cstdio>
 #include <cwchar>
@@ -24,6 +25,10 @@ int ReadOptions(int count, wchar_t** arguments, Wishes& wishes) {
             wishes.IsIndividual = true;
         } else if (argument == L"--pause") {
             wishes.PausesAt = true;
+        } else if (argument == L"--tab-list") {
+            wishes.ListsTabs = true;
+        } else if (argument == L"--tab" && index + 1 < count) {
+            wishes.Tabs.emplace_back(arguments[++index]);
         } else if (argument == L"--policy" && index + 1 < count) {
             wishes.Policy = static_cast<int>(std::wcstol(arguments[++index], nullptr, 10));
         } else if (argument == L"--log" && index + 1 < count) {
@@ -42,8 +47,8 @@ int wmain(int count, wchar_t** arguments) {
     int index = ReadOptions(count, arguments, wishes);
     if (count - index < 2 || wishes.LogFile.empty() || wishes.Policy > 7) {
         std::fputs(
-            "usage: rundriver [--move] [--individual] [--policy N] [--pause] --log FILE DESTINATION "
-            "ITEM...\n",
+            "usage: rundriver [--move] [--individual] [--policy N] [--tab FOLDER]... [--tab-list] [--pause]"
+            " --log FILE DESTINATION ITEM...\n",
             stderr);
         return 2;
     }

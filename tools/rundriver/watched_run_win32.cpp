@@ -73,8 +73,11 @@ bool Complain(const char* what) {
 e2e::RunPlan PlanOf(const Wishes& wishes) {
     e2e::RunPlan plan;
     plan.Items = wishes.Items;
+    plan.Tabs = wishes.Tabs;
     plan.LogFile = wishes.LogFile;
     plan.Switches = {wishes.Moves ? L"/m" : L"/c"};
+    if (wishes.ListsTabs)
+        plan.Switches.push_back(L"/t");
     return plan;
 }
 

@@ -11,6 +11,8 @@ namespace ferry::rundriver {
 /// What the person wants.
 struct Wishes {
     std::vector<std::wstring> Items;
+    std::vector<std::wstring> Tabs;  ///< The folders of the host's other tabs.
+    bool ListsTabs = false;          ///< They stand in a list instead of a menu.
     std::wstring Destination;
     std::wstring LogFile;  ///< Where the sample host logs.
     bool Moves = false;
