@@ -24,7 +24,7 @@ public:
     /// The name of the item that was just handled.
     void SetSecondLine(std::wstring text);
 
-    const framework::CProgressCtrl& Bar() const noexcept { return bar_; }
+    framework::CProgressCtrl& Bar() noexcept { return bar_; }
 
     /// Whether the user asked to stop since the last call.
     bool TakeCancelRequest() noexcept { return std::exchange(cancelRequested_, false); }

@@ -180,6 +180,31 @@ TEST_F(ProgressDialog, TheBarStepsThroughItsRange) {
     EXPECT_EQ(SendMessageW(bar, PBM_GETRANGE, FALSE, 0), 5);
 }
 
+TEST_F(ProgressDialog, TheBarOfManyStepsIsNeverMoreThanAPixelBehind) {
+    Open(true);
+    const HWND bar = GetDlgItem(dialog_.Handle(), IDC_BUSY_BAR);
+    RECT area{};
+    GetClientRect(bar, &area);
+    constexpr LRESULT kCount = 10'000;
+    dialog_.Bar().Start(static_cast<std::uint32_t>(kCount));
+    for (LRESULT step = 1; step <= kCount; ++step) {
+        dialog_.Bar().StepIt();
+        const LRESULT behind = step - SendMessageW(bar, PBM_GETPOS, 0, 0);
+        ASSERT_GE(behind, 0);
+        ASSERT_LE(behind * area.right, kCount);
+    }
+}
+
+TEST_F(ProgressDialog, ANewRangeStartsTheBarAnew) {
+    Open(true);
+    const HWND bar = GetDlgItem(dialog_.Handle(), IDC_BUSY_BAR);
+    dialog_.Bar().Start(60'000);
+    dialog_.Bar().StepIt();
+    dialog_.Bar().Start(2);
+    dialog_.Bar().StepIt();
+    EXPECT_EQ(SendMessageW(bar, PBM_GETPOS, 0, 0), 1);
+}
+
 TEST_F(ProgressDialog, DestroyingTheWindowEndsTheDialog) {
     Open(true);
     dialog_.DestroyWindow();

@@ -44,8 +44,9 @@ bool HostWindow::Create(const WindowPlace& place) {
         return false;
     RECT client = {};
     GetClientRect(window_, &client);
-    list_ = CreateWindowExW(0, L"LISTBOX", nullptr, WS_CHILD | WS_VISIBLE | WS_VSCROLL | LBS_NOINTEGRALHEIGHT,
-                            0, 0, client.right, client.bottom, window_, nullptr, instance, nullptr);
+    list_ = CreateWindowExW(0, L"LISTBOX", nullptr,
+                            WS_CHILD | WS_VISIBLE | WS_VSCROLL | LBS_NOINTEGRALHEIGHT | LBS_USETABSTOPS, 0, 0,
+                            client.right, client.bottom, window_, nullptr, instance, nullptr);
     log_.SetView([this](const std::wstring& line) { Show(line); });
     ShowWindow(window_, SW_SHOW);
     return list_ != nullptr;
