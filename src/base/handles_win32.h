@@ -22,93 +22,44 @@ private:
     DWORD error_;
 };
 
-/// Handles that CloseHandle ends and whose creators answer null for "none". `Kind` only keeps
-/// the types apart.
+/// What `release` ends and whose creators answer null for "none". `Kind` only keeps types apart
+/// that are released alike.
+template <class Type, auto release, class Kind = void>
+struct ReleasedBy {
+    using Value = Type;
+    static Value Nothing() noexcept { return nullptr; }
+    static void Release(Value value) noexcept {
+        const LastErrorKeeper keeper;
+        release(value);
+    }
+};
+
+/// The same for creators that answer INVALID_HANDLE_VALUE.
+template <auto release>
+struct FileReleasedBy : ReleasedBy<HANDLE, release> {
+    static HANDLE Nothing() noexcept { return INVALID_HANDLE_VALUE; }
+};
+
+/// Handles that CloseHandle ends, a type of its own for each `Kind`.
 template <class Kind>
-struct KernelObjectTraits {
-    using Value = HANDLE;
-    static Value Nothing() noexcept { return nullptr; }
-    static void Release(Value handle) noexcept {
-        const LastErrorKeeper keeper;
-        CloseHandle(handle);
-    }
-};
+using KernelObject = UniqueResource<ReleasedBy<HANDLE, &CloseHandle, Kind>>;
 
-using MappingHandle = UniqueResource<KernelObjectTraits<struct MappingKind>>;
-using MutexHandle = UniqueResource<KernelObjectTraits<struct MutexKind>>;
-using EventHandle = UniqueResource<KernelObjectTraits<struct EventKind>>;
-using ProcessHandle = UniqueResource<KernelObjectTraits<struct ProcessKind>>;
-using ThreadHandle = UniqueResource<KernelObjectTraits<struct ThreadKind>>;
+using MappingHandle = KernelObject<struct MappingKind>;
+using MutexHandle = KernelObject<struct MutexKind>;
+using EventHandle = KernelObject<struct EventKind>;
+using ProcessHandle = KernelObject<struct ProcessKind>;
+using ThreadHandle = KernelObject<struct ThreadKind>;
 
-struct FileTraits {
-    using Value = HANDLE;
-    static Value Nothing() noexcept { return INVALID_HANDLE_VALUE; }
-    static void Release(Value handle) noexcept {
-        const LastErrorKeeper keeper;
-        CloseHandle(handle);
-    }
-};
-using FileHandle = UniqueResource<FileTraits>;
+using FileHandle = UniqueResource<FileReleasedBy<&CloseHandle>>;
+using FindHandle = UniqueResource<FileReleasedBy<&FindClose>>;
 
-struct FindTraits {
-    using Value = HANDLE;
-    static Value Nothing() noexcept { return INVALID_HANDLE_VALUE; }
-    static void Release(Value handle) noexcept {
-        const LastErrorKeeper keeper;
-        FindClose(handle);
-    }
-};
-using FindHandle = UniqueResource<FindTraits>;
-
-struct MappedViewTraits {
-    using Value = void*;
-    static Value Nothing() noexcept { return nullptr; }
-    static void Release(Value view) noexcept {
-        const LastErrorKeeper keeper;
-        UnmapViewOfFile(view);
-    }
-};
-using MappedView = UniqueResource<MappedViewTraits>;
-
-struct RegistryKeyTraits {
-    using Value = HKEY;
-    static Value Nothing() noexcept { return nullptr; }
-    static void Release(Value key) noexcept {
-        const LastErrorKeeper keeper;
-        RegCloseKey(key);
-    }
-};
-using RegistryKey = UniqueResource<RegistryKeyTraits>;
-
-struct LibraryTraits {
-    using Value = HMODULE;
-    static Value Nothing() noexcept { return nullptr; }
-    static void Release(Value module) noexcept {
-        const LastErrorKeeper keeper;
-        FreeLibrary(module);
-    }
-};
-using LibraryHandle = UniqueResource<LibraryTraits>;
+using MappedView = UniqueResource<ReleasedBy<void*, &UnmapViewOfFile>>;
+using RegistryKey = UniqueResource<ReleasedBy<HKEY, &RegCloseKey>>;
+using LibraryHandle = UniqueResource<ReleasedBy<HMODULE, &FreeLibrary>>;
 
 /// A text that the system allocated with LocalAlloc.
-struct LocalTextTraits {
-    using Value = wchar_t*;
-    static Value Nothing() noexcept { return nullptr; }
-    static void Release(Value text) noexcept {
-        const LastErrorKeeper keeper;
-        LocalFree(text);
-    }
-};
-using LocalText = UniqueResource<LocalTextTraits>;
+using LocalText = UniqueResource<ReleasedBy<wchar_t*, &LocalFree>>;
 
-struct FileStreamTraits {
-    using Value = std::FILE*;
-    static Value Nothing() noexcept { return nullptr; }
-    static void Release(Value stream) noexcept {
-        const LastErrorKeeper keeper;
-        std::fclose(stream);
-    }
-};
-using FileStream = UniqueResource<FileStreamTraits>;
+using FileStream = UniqueResource<ReleasedBy<std::FILE*, &std::fclose>>;
 
 }  // namespace ferry::base

@@ -54,6 +54,7 @@ private:
     // The editing tools.
     using TextEdit = std::wstring (*)(std::wstring_view);
     bool EditName(TextEdit edit);
+    void EditNameAndGoToItsEnd(TextEdit edit);
     void EditBothNames(TextEdit editName, TextEdit editExtension);
     void InsertDate() { InsertFormatted(dateFormats_); }
     void InsertTime() { InsertFormatted(timeFormats_); }

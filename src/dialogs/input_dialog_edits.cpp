@@ -23,18 +23,19 @@ bool CDlgInput::EditName(TextEdit edit) {
     return true;
 }
 
-void CDlgInput::RemoveCopyMarks() {
-    if (EditName(&naming::RemoveCopyMarkers)) {
+void CDlgInput::EditNameAndGoToItsEnd(TextEdit edit) {
+    if (EditName(edit)) {
         newName_.PlaceCaretAtEnd();
         newName_.FocusInDialog();
     }
 }
 
+void CDlgInput::RemoveCopyMarks() {
+    EditNameAndGoToItsEnd(&naming::RemoveCopyMarkers);
+}
+
 void CDlgInput::RemoveTrailingDigits() {
-    if (EditName(&naming::RemoveTrailingDigits)) {
-        newName_.PlaceCaretAtEnd();
-        newName_.FocusInDialog();
-    }
+    EditNameAndGoToItsEnd(&naming::RemoveTrailingDigits);
 }
 
 void CDlgInput::RemoveLeadingDigits() {

@@ -9,12 +9,14 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "base/com_ptr_win32.h"
 #include "base/text_list.h"
 #include "comparison.h"
+#include "e2e/driver/contents.h"
 #include "e2e/driver/surroundings.h"
 #include "e2e/driver/temp_tree.h"
 #include "fileop/results.h"
@@ -74,19 +76,6 @@ std::int32_t CopyByFerry(const TextList& sources, const std::wstring& destinatio
                                ferry::transfer::kBatchFlags);
 }
 
-std::size_t CountFiles(const std::wstring& folder) {
-    WIN32_FIND_DATAW found{};
-    const HANDLE search = FindFirstFileW((folder + L"*").c_str(), &found);
-    if (search == INVALID_HANDLE_VALUE)
-        return 0;
-    std::size_t count = 0;
-    do {
-        count += (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0 ? 1 : 0;
-    } while (FindNextFileW(search, &found));
-    FindClose(search);
-    return count;
-}
-
 /// Lets both sides do the same batch by turns, each time into a new folder.
 class BatchRace {
 public:
@@ -101,31 +90,28 @@ public:
     bool Run(const Stage& stage) {
         ferry::e2e::SetVariable(L"FERRY_FILEOP_FAULTS", stage.Faults);
         Comparison comparison{stage.Name, kGoal, {}, {}};
-        for (int round = 0; round < stage.Rounds; ++round) {
-            // Whoever comes second finds warmer caches, so both are second equally often.
-            const bool isFerryFirst = round % 2 == 0;
-            if (!Time(stage, isFerryFirst, comparison) || !Time(stage, !isFerryFirst, comparison))
-                return false;
-        }
-        return Report(comparison);
+        return Race(
+                   comparison, {0, stage.Rounds}, [&] { return Time(stage, true); },
+                   [&] { return Time(stage, false); }) &&
+               Report(comparison);
     }
 
 private:
-    bool Time(const Stage& stage, bool byFerry, Comparison& comparison) {
+    /// Nothing when the batch went wrong.
+    std::optional<double> Time(const Stage& stage, bool byFerry) const {
         const std::wstring folder = tree_.MakeFolder(L"target") + L"\\";
         std::int32_t result = 0;
         const double spent = ferry::bench::MillisecondsOf([&] {
             result =
                 byFerry ? CopyByFerry(list_, folder) : static_cast<std::int32_t>(CopyByHand(plain_, folder));
         });
-        const std::size_t copied = CountFiles(folder);
+        const std::size_t copied = ferry::e2e::FilesBelow(tree_.Path(L"target")).size();
         ferry::e2e::RemoveAll(tree_.Path(L"target"));
-        (byFerry ? comparison.Ferry : comparison.Reference).push_back(spent);
         if (result == stage.Result && copied == stage.Copied)
-            return true;
+            return spent;
         std::fprintf(stderr, "%s: %s answered 0x%lx and left %zu files\n", stage.Name,
                      byFerry ? "the program" : "the bare calls", static_cast<unsigned long>(result), copied);
-        return false;
+        return std::nullopt;
     }
 
     TempTree tree_;

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <chrono>
-#include <cstddef>
 #include <cstdio>
+#include <utility>
 
 namespace ferry::bench {
 namespace {
@@ -45,6 +45,32 @@ double MillisecondsOf(const std::function<void()>& work) {
     work();
     const std::chrono::duration<double, std::milli> spent = std::chrono::steady_clock::now() - begin;
     return spent.count();
+}
+
+Side Counting(std::size_t expected, std::function<std::size_t()> work) {
+    return [expected, work = std::move(work)]() -> std::optional<double> {
+        std::size_t count = 0;
+        const double spent = MillisecondsOf([&] { count = work(); });
+        if (count == expected)
+            return spent;
+        std::fprintf(stderr, "%zu were found instead of %zu\n", count, expected);
+        return std::nullopt;
+    };
+}
+
+bool Race(Comparison& comparison, const Rounds& rounds, const Side& ferry, const Side& reference) {
+    for (int round = 0; round < rounds.WarmUp + rounds.Counted; ++round) {
+        const bool isFerryFirst = round % 2 == 0;
+        const auto first = isFerryFirst ? ferry() : reference();
+        const auto second = first ? (isFerryFirst ? reference() : ferry()) : std::nullopt;
+        if (!second)
+            return false;
+        if (round >= rounds.WarmUp) {
+            comparison.Ferry.push_back(isFerryFirst ? *first : *second);
+            comparison.Reference.push_back(isFerryFirst ? *second : *first);
+        }
+    }
+    return true;
 }
 
 bool Report(const Comparison& comparison) {

@@ -12,6 +12,7 @@
 #include <string>
 #include <vector>
 
+#include "base/handles_win32.h"
 #include "comparison.h"
 #include "completion/candidates.h"
 #include "completion/folder_lookup_win32.h"
@@ -28,19 +29,14 @@ constexpr std::size_t kEntries = 100'000;
 /// One entry of so many is a folder, so the cap is met on the way.
 constexpr std::size_t kFolderEvery = 15;
 constexpr std::size_t kCap = 5000;
-constexpr int kWarmUpRounds = 2;
-constexpr int kRounds = 21;
+constexpr ferry::bench::Rounds kRounds{2, 21};
 constexpr double kGoal = 1.3;
 
 bool MakeEntry(const std::wstring& path, bool isFolder) {
     if (isFolder)
         return CreateDirectoryW(path.c_str(), nullptr) != FALSE;
-    const HANDLE file =
-        CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (file == INVALID_HANDLE_VALUE)
-        return false;
-    CloseHandle(file);
-    return true;
+    return static_cast<bool>(ferry::base::FileHandle(
+        CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr)));
 }
 
 /// The folder with a backslash at its end; empty when an entry could not be made. FERRY_BENCH_FOLDER
@@ -61,16 +57,17 @@ std::wstring MakeEntries(const TempTree& tree) {
 std::size_t FindByHand(const std::wstring& folder) {
     Paths found;
     WIN32_FIND_DATAW data;
-    const HANDLE search = FindFirstFileExW((folder + L"*").c_str(), FindExInfoBasic, &data,
-                                           FindExSearchNameMatch, nullptr, FIND_FIRST_EX_LARGE_FETCH);
-    if (search == INVALID_HANDLE_VALUE)
+    ferry::base::FindHandle search(FindFirstFileExW((folder + L"*").c_str(), FindExInfoBasic, &data,
+                                                    FindExSearchNameMatch, nullptr,
+                                                    FIND_FIRST_EX_LARGE_FETCH));
+    if (!search)
         return 0;
     do {
         const bool isFolder = (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
         if (isFolder && wcscmp(data.cFileName, L".") != 0 && wcscmp(data.cFileName, L"..") != 0)
             found.push_back(folder + data.cFileName + L"\\");
-    } while (found.size() <= kCap && FindNextFileW(search, &data));
-    FindClose(search);
+    } while (found.size() <= kCap && FindNextFileW(search.Get(), &data));
+    search.Reset();
     std::ranges::sort(found, [](const std::wstring& left, const std::wstring& right) {
         return _wcsicmp(left.c_str(), right.c_str()) < 0;
     });
@@ -82,33 +79,13 @@ std::size_t FindByFerry(const std::wstring& folder) {
     return ferry::completion::FindCandidates(lookup, folder, true).size();
 }
 
-using Find = std::size_t (*)(const std::wstring&);
-
-/// Milliseconds of one search; negative when it did not end at the cap.
-double Time(Find find, const std::wstring& folder) {
-    std::size_t count = 0;
-    const double spent = ferry::bench::MillisecondsOf([&] { count = find(folder); });
-    if (count != kCap + 1) {
-        std::fprintf(stderr, "%zu candidates were found instead of %zu\n", count, kCap + 1);
-        return -1;
-    }
-    return spent;
-}
-
-bool Race(const std::wstring& folder, ferry::bench::Comparison& comparison) {
-    for (int round = 0; round < kWarmUpRounds + kRounds; ++round) {
-        // The order changes, so that no side always comes second.
-        const bool isFerryFirst = round % 2 == 0;
-        const double first = Time(isFerryFirst ? FindByFerry : FindByHand, folder);
-        const double second = Time(isFerryFirst ? FindByHand : FindByFerry, folder);
-        if (first < 0 || second < 0)
-            return false;
-        if (round >= kWarmUpRounds) {
-            comparison.Ferry.push_back(isFerryFirst ? first : second);
-            comparison.Reference.push_back(isFerryFirst ? second : first);
-        }
-    }
-    return true;
+/// Both searches end at the cap.
+bool CompareSearches(const std::wstring& folder) {
+    using ferry::bench::Counting;
+    ferry::bench::Comparison comparison{"complete in 100000 entries, against a bare search", kGoal, {}, {}};
+    return Race(comparison, kRounds, Counting(kCap + 1, [&] { return FindByFerry(folder); }),
+                Counting(kCap + 1, [&] { return FindByHand(folder); })) &&
+           Report(comparison);
 }
 
 /// No text is asked for.
@@ -134,7 +111,7 @@ bool TellTimeToList(const std::wstring& folder) {
     box.Prepare(control);
     box.SetFoldersOnly(true);
     std::vector<double> times;
-    for (int round = 0; round < kRounds; ++round) {
+    for (int round = 0; round < kRounds.Counted; ++round) {
         box.ReplaceText(folder);
         MSG key{};
         key.hwnd = box.Edit();
@@ -160,8 +137,7 @@ int main() {
         std::fprintf(stderr, "the folder could not be filled\n");
         return 1;
     }
-    ferry::bench::Comparison comparison{"complete in 100000 entries, against a bare search", kGoal, {}, {}};
-    const bool isMet = Race(folder, comparison) && Report(comparison);
+    const bool isMet = CompareSearches(folder);
     if (!TellTimeToList(folder)) {
         std::fprintf(stderr, "the list did not open\n");
         return 1;

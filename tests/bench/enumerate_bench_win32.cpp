@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <string>
 
+#include "base/handles_win32.h"
 #include "comparison.h"
 #include "e2e/driver/temp_tree.h"
 #include "transfer/file_system_win32.h"
@@ -14,13 +15,15 @@
 
 namespace {
 
+using ferry::base::FileHandle;
+using ferry::base::FindHandle;
+using ferry::bench::Counting;
 using ferry::e2e::TempTree;
 
 constexpr std::size_t kFolders = 500;
 constexpr std::size_t kFilesInFolder = 100;
 constexpr std::size_t kFiles = kFolders * kFilesInFolder;
-constexpr int kWarmUpRounds = 2;
-constexpr int kRounds = 31;
+constexpr ferry::bench::Rounds kRounds{2, 31};
 constexpr double kGoal = 1.05;
 
 /// Ten folders of fifty, each with its files. The result is the top folder, empty when a file could
@@ -31,11 +34,10 @@ std::wstring MakeTree(const TempTree& tree) {
                                                   L"\\folder " + std::to_wstring(folder));
         for (std::size_t file = 0; file < kFilesInFolder; ++file) {
             const std::wstring name = path + L"\\some document " + std::to_wstring(file) + L".txt";
-            const HANDLE made = CreateFileW(name.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
-                                            FILE_ATTRIBUTE_NORMAL, nullptr);
-            if (made == INVALID_HANDLE_VALUE)
+            const FileHandle made(CreateFileW(name.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+                                              FILE_ATTRIBUTE_NORMAL, nullptr));
+            if (!made)
                 return {};
-            CloseHandle(made);
         }
     }
     return tree.Path(L"top");
@@ -44,9 +46,9 @@ std::wstring MakeTree(const TempTree& tree) {
 /// The walk of a program that wants nothing but the number: it keeps no path of a file.
 std::size_t CountByHand(const std::wstring& folder) {
     WIN32_FIND_DATAW found;
-    const HANDLE search = FindFirstFileExW((folder + L"\\*").c_str(), FindExInfoBasic, &found,
-                                           FindExSearchNameMatch, nullptr, FIND_FIRST_EX_LARGE_FETCH);
-    if (search == INVALID_HANDLE_VALUE)
+    const FindHandle search(FindFirstFileExW((folder + L"\\*").c_str(), FindExInfoBasic, &found,
+                                             FindExSearchNameMatch, nullptr, FIND_FIRST_EX_LARGE_FETCH));
+    if (!search)
         return 0;
     std::size_t count = 0;
     do {
@@ -55,43 +57,13 @@ std::size_t CountByHand(const std::wstring& folder) {
         } else if (wcscmp(found.cFileName, L".") != 0 && wcscmp(found.cFileName, L"..") != 0) {
             count += CountByHand(folder + L'\\' + found.cFileName);
         }
-    } while (FindNextFileW(search, &found));
-    FindClose(search);
+    } while (FindNextFileW(search.Get(), &found));
     return count;
 }
 
 std::size_t CountByFerry(const std::wstring& folder) {
     ferry::transfer::WindowsFileSystem fileSystem;
     return ferry::transfer::ListSourceFolder(fileSystem, folder).Files.Size();
-}
-
-using Count = std::size_t (*)(const std::wstring&);
-
-/// Milliseconds of one count; negative when it is not the number of files.
-double Time(Count count, const std::wstring& folder) {
-    std::size_t counted = 0;
-    const double spent = ferry::bench::MillisecondsOf([&] { counted = count(folder); });
-    if (counted != kFiles) {
-        std::fprintf(stderr, "%zu files were found instead of %zu\n", counted, kFiles);
-        return -1;
-    }
-    return spent;
-}
-
-bool Race(const std::wstring& folder, ferry::bench::Comparison& comparison) {
-    for (int round = 0; round < kWarmUpRounds + kRounds; ++round) {
-        // The order changes, so that no side always comes second.
-        const bool isFerryFirst = round % 2 == 0;
-        const double first = Time(isFerryFirst ? CountByFerry : CountByHand, folder);
-        const double second = Time(isFerryFirst ? CountByHand : CountByFerry, folder);
-        if (first < 0 || second < 0)
-            return false;
-        if (round >= kWarmUpRounds) {
-            comparison.Ferry.push_back(isFerryFirst ? first : second);
-            comparison.Reference.push_back(isFerryFirst ? second : first);
-        }
-    }
-    return true;
 }
 
 }  // namespace
@@ -104,5 +76,8 @@ int main() {
         return 1;
     }
     ferry::bench::Comparison comparison{"list 50000 files, against a bare walk", kGoal, {}, {}};
-    return Race(folder, comparison) && Report(comparison) ? 0 : 1;
+    const bool isMet = Race(comparison, kRounds, Counting(kFiles, [&] { return CountByFerry(folder); }),
+                            Counting(kFiles, [&] { return CountByHand(folder); })) &&
+                       Report(comparison);
+    return isMet ? 0 : 1;
 }

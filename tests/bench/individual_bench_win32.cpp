@@ -12,6 +12,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "bare_run_win32.h"
@@ -25,9 +26,9 @@
 #include "e2e/driver/settings_guard.h"
 #include "e2e/driver/surroundings.h"
 #include "e2e/driver/temp_tree.h"
+#include "installed_ferry_win32.h"
 #include "samplehost/delivery_win32.h"
 #include "samplehost/host_block_writer.h"
-#include "samplehost/shared_block_win32.h"
 
 namespace {
 
@@ -41,13 +42,6 @@ constexpr int kUsualRounds = 3;
 constexpr double kGoal = 1.10;
 constexpr int kRunPatienceMs = 600'000;
 constexpr int kOtherPatienceMs = 120'000;
-
-std::wstring InstalledFerry() {
-    std::wstring own(32768, L'\0');
-    own.resize(GetModuleFileNameW(nullptr, own.data(), static_cast<DWORD>(own.size())));
-    const std::wstring given = e2e::AppFolder();
-    return e2e::FerryPath(given.empty() ? own.substr(0, own.rfind(L'\\')) + L"\\..\\..\\..\\app" : given);
-}
 
 /// Makes 500 folders of 20 files below `top`.
 bool MakeFiles(const e2e::TempTree& tree, const std::wstring& top) {
@@ -70,15 +64,10 @@ bool MakeFiles(const e2e::TempTree& tree, const std::wstring& top) {
 std::optional<double> TimeFerry(const std::wstring& source, const std::wstring& destination, bool moves) {
     samplehost::BlockFields fields;
     fields.Items = {source};
-    samplehost::VariableFields variable;
-    variable.FirstNumber = std::to_wstring(GetCurrentProcessId());
-    const auto bytes = samplehost::BytesOfUnits(BlockUnits(fields));
-    variable.BlockSize = std::to_wstring(bytes.size());
-    e2e::SetVariable(samplehost::kVariableName, VariableText(variable));
-    samplehost::SharedBlock block;
-    if (!block.Create(variable, bytes, static_cast<std::uint32_t>(bytes.size()), false))
+    bench::HandOver handOver;
+    if (!handOver.Prepare(BlockUnits(fields)))
         return std::nullopt;
-    const e2e::ChildProcess ferry(InstalledFerry(), {moves ? L"/m" : L"/c"});
+    const e2e::ChildProcess ferry(bench::InstalledFerry(), {moves ? L"/m" : L"/c"});
     HWND window = nullptr;
     if (!e2e::WaitUntil([&] { return (window = samplehost::FindFerryDialog(ferry.Id())) != nullptr; }))
         return std::nullopt;
@@ -112,12 +101,12 @@ std::optional<double> TimeProgram(std::wstring line, const std::function<bool()>
         hasEnded = WaitForSingleObject(info.hProcess, kOtherPatienceMs) == WAIT_OBJECT_0;
         hasEnded = hasEnded && e2e::WaitUntil(isDone, kOtherPatienceMs);
     });
-    if (info.hProcess == nullptr)
+    const base::ThreadHandle thread(info.hThread);
+    const base::ProcessHandle process(info.hProcess);
+    if (!process)
         return std::nullopt;
     if (!hasEnded)
-        TerminateProcess(info.hProcess, 1);
-    CloseHandle(info.hThread);
-    CloseHandle(info.hProcess);
+        TerminateProcess(process.Get(), 1);
     return hasEnded ? std::optional(spent) : std::nullopt;
 }
 
@@ -146,12 +135,13 @@ public:
 
     bool CopyRace() {
         bench::Comparison comparison{"individual copy of 10000 files, against bare calls", kGoal, {}, {}};
-        for (int round = 0; round < rounds_; ++round) {
-            // Whoever comes second finds warmer caches, so both are second about equally often.
-            const bool isFerryFirst = round % 2 == 0;
-            if (!CopyOnce(isFerryFirst, comparison) || !CopyOnce(!isFerryFirst, comparison))
-                return false;
-        }
+        const auto copy = [&](bool byFerry) {
+            const auto spent = Transfer(Source(), L"to", false, byFerry, comparison.Name);
+            e2e::RemoveAll(tree_.Path(L"to"));
+            return spent;
+        };
+        if (!RaceIn(comparison, copy))
+            return false;
         ferryCopies_ = comparison.Ferry;
         return bench::Report(comparison);
     }
@@ -159,13 +149,15 @@ public:
     /// The tree goes to and fro, and each side takes it in both directions.
     bool MoveRace() {
         bench::Comparison comparison{"individual move of 10000 files, against bare calls", kGoal, {}, {}};
-        for (int round = 0; round < rounds_; ++round) {
-            const bool isFerryFirst = round % 2 == 0;
-            if (!MoveOnce(L"from", L"to", isFerryFirst, comparison) ||
-                !MoveOnce(L"to", L"from", !isFerryFirst, comparison))
-                return false;
-        }
-        return bench::Report(comparison);
+        std::wstring from = L"from";
+        std::wstring to = L"to";
+        const auto move = [&](bool byFerry) -> std::optional<double> {
+            const std::wstring source = tree_.Path(from + L"\\top");
+            const auto spent = Transfer(source, to, true, byFerry, comparison.Name);
+            std::swap(from, to);
+            return e2e::Exists(source) ? std::nullopt : spent;
+        };
+        return RaceIn(comparison, move) && bench::Report(comparison);
     }
 
     void CompareWithOthers() {
@@ -197,20 +189,15 @@ private:
             std::fprintf(stderr, "%s: there is no such program, or it did not copy all\n", name);
     }
 
-    bool CopyOnce(bool byFerry, bench::Comparison& comparison) {
-        const bool isGood = Transfer(Source(), L"to", false, byFerry, comparison);
-        e2e::RemoveAll(tree_.Path(L"to"));
-        return isGood;
+    bool RaceIn(bench::Comparison& comparison,
+                const std::function<std::optional<double>(bool byFerry)>& transfer) const {
+        return bench::Race(
+            comparison, {0, rounds_}, [&] { return transfer(true); }, [&] { return transfer(false); });
     }
 
-    bool MoveOnce(const std::wstring& from, const std::wstring& to, bool byFerry,
-                  bench::Comparison& comparison) {
-        return Transfer(tree_.Path(from + L"\\top"), to, true, byFerry, comparison) &&
-               !e2e::Exists(tree_.Path(from + L"\\top"));
-    }
-
-    bool Transfer(const std::wstring& source, const std::wstring& to, bool moves, bool byFerry,
-                  bench::Comparison& comparison) {
+    /// Nothing when not all arrived.
+    std::optional<double> Transfer(const std::wstring& source, const std::wstring& to, bool moves,
+                                   bool byFerry, const std::string& name) const {
         const std::wstring destination = tree_.MakeFolder(to) + L'\\';
         std::optional<double> spent;
         if (byFerry)
@@ -220,12 +207,11 @@ private:
         const std::size_t arrived = e2e::FilesBelow(destination + L"top").size();
         if (!spent || arrived != kFiles) {
             std::fprintf(stderr, "%s brought %zu files\n", byFerry ? "Ferry" : "the bare program", arrived);
-            return false;
+            return std::nullopt;
         }
-        std::fprintf(stderr, "%s: %.0f ms by %s\n", comparison.Name.c_str(), *spent,
+        std::fprintf(stderr, "%s: %.0f ms by %s\n", name.c_str(), *spent,
                      byFerry ? "Ferry" : "the bare program");
-        (byFerry ? comparison.Ferry : comparison.Reference).push_back(*spent);
-        return true;
+        return spent;
     }
 
     int rounds_;

@@ -16,16 +16,16 @@
 #include <optional>
 #include <string>
 
+#include "base/handles_win32.h"
 #include "comparison.h"
 #include "dialogs/ferry_dialog.h"
 #include "e2e/driver/child_process.h"
 #include "e2e/driver/poll.h"
-#include "e2e/driver/surroundings.h"
 #include "hostlink/host_block.h"
 #include "ids.h"
+#include "installed_ferry_win32.h"
 #include "samplehost/delivery_win32.h"
 #include "samplehost/host_block_writer.h"
-#include "samplehost/shared_block_win32.h"
 #include "windows/dialog_world_win32.h"
 
 namespace {
@@ -109,14 +109,6 @@ bool CompareTimes(const std::wstring& block) {
     return ferry::bench::Report(comparison);
 }
 
-std::wstring InstalledFerry() {
-    std::wstring own(32768, L'\0');
-    own.resize(GetModuleFileNameW(nullptr, own.data(), static_cast<DWORD>(own.size())));
-    const std::wstring given = ferry::e2e::AppFolder();
-    return ferry::e2e::FerryPath(given.empty() ? own.substr(0, own.rfind(L'\\')) + L"\\..\\..\\..\\app"
-                                               : given);
-}
-
 /// The dialog of the process once its count label tells all items; null when that takes too long.
 HWND WaitForAllItems(DWORD processId) {
     const std::wstring expected = L"(" + std::to_wstring(kItems) + L")";
@@ -132,7 +124,7 @@ HWND WaitForAllItems(DWORD processId) {
 
 double PeakBytes(DWORD processId) {
     PROCESS_MEMORY_COUNTERS counters{};
-    const ferry::samplehost::Handle process(
+    const ferry::base::ProcessHandle process(
         OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, processId));
     GetProcessMemoryInfo(process.Get(), &counters, sizeof counters);
     return static_cast<double>(counters.PeakWorkingSetSize);
@@ -140,15 +132,10 @@ double PeakBytes(DWORD processId) {
 
 /// Nothing when the program did not come up with all items.
 std::optional<double> MeasurePeak(const std::wstring& block) {
-    const auto bytes = ferry::samplehost::BytesOfUnits(block);
-    ferry::samplehost::VariableFields variable;
-    variable.FirstNumber = std::to_wstring(GetCurrentProcessId());
-    variable.BlockSize = std::to_wstring(bytes.size());
-    ferry::e2e::SetVariable(ferry::samplehost::kVariableName, VariableText(variable));
-    ferry::samplehost::SharedBlock shared;
-    if (!shared.Create(variable, bytes, static_cast<std::uint32_t>(bytes.size()), false))
+    ferry::bench::HandOver handOver;
+    if (!handOver.Prepare(block))
         return std::nullopt;
-    const ferry::e2e::ChildProcess process(InstalledFerry(), {});
+    const ferry::e2e::ChildProcess process(ferry::bench::InstalledFerry(), {});
     const HWND dialog = process.IsStarted() ? WaitForAllItems(process.Id()) : nullptr;
     if (dialog == nullptr)
         return std::nullopt;

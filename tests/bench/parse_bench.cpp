@@ -2,24 +2,24 @@
 //
 // Prints one line of JSON per comparison and ends with 1 when a goal is missed. The two sides take
 // turns, so that a busy machine slows both, and medians are compared.
-#include <algorithm>
-#include <chrono>
 #include <cstddef>
 #include <cstdio>
-#include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "base/text_list.h"
+#include "comparison.h"
 #include "hostlink/host_block.h"
 
 namespace {
 
 using ferry::base::TextList;
+using ferry::bench::MillisecondsOf;
 
 constexpr std::size_t kPathCount = 1'000'000;
-constexpr int kRounds = 15;
+constexpr ferry::bench::Rounds kRounds{0, 15};
 constexpr double kGoal = 1.2;
 
 /// A block in which the host selects kPathCount files of everyday depth and length.
@@ -32,19 +32,6 @@ std::wstring MakeBlock() {
     }
     block.push_back(L'\0');
     return block;
-}
-
-double MillisecondsOf(const std::function<void()>& work) {
-    const auto begin = std::chrono::steady_clock::now();
-    work();
-    const std::chrono::duration<double, std::milli> spent = std::chrono::steady_clock::now() - begin;
-    return spent.count();
-}
-
-double Median(std::vector<double> times) {
-    const auto middle = times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2);
-    std::nth_element(times.begin(), middle, times.end());
-    return *middle;
 }
 
 /// The work of the program: the block's fields, sorted into their lists.
@@ -95,27 +82,20 @@ double TimeBareListPass(const std::wstring& block, std::size_t& made) {
 
 using Measure = double (*)(const std::wstring&, std::size_t&);
 
-/// Prints the comparison of ParseHostBlock with `reference`; whether the goal is met.
+/// Compares ParseHostBlock with `reference`; whether the goal is met.
 bool Compare(const char* name, const std::wstring& block, Measure reference) {
-    std::vector<double> ferry;
-    std::vector<double> bare;
-    for (int round = 0; round < kRounds; ++round) {
-        std::size_t parsed = 0;
-        std::size_t passed = 0;
-        ferry.push_back(TimeParse(block, parsed));
-        bare.push_back(reference(block, passed));
-        if (parsed != kPathCount || passed != kPathCount) {
-            std::fprintf(stderr, "%s: %zu and %zu strings were made\n", name, parsed, passed);
-            return false;
-        }
-    }
-    const double ratio = Median(ferry) / Median(bare);
-    const bool met = ratio <= kGoal;
-    std::printf(
-        "{\"name\":\"%s\",\"ferry\":%.2f,\"reference\":%.2f,\"unit\":\"ms\",\"ratio\":%.3f,"
-        "\"goal\":%.1f,\"met\":%s}\n",
-        name, Median(ferry), Median(bare), ratio, kGoal, met ? "true" : "false");
-    return met;
+    const auto timed = [&](Measure measure) {
+        return [=, &block]() -> std::optional<double> {
+            std::size_t made = 0;
+            const double spent = measure(block, made);
+            if (made == kPathCount)
+                return spent;
+            std::fprintf(stderr, "%s: %zu strings were made\n", name, made);
+            return std::nullopt;
+        };
+    };
+    ferry::bench::Comparison comparison{name, kGoal, {}, {}};
+    return Race(comparison, kRounds, timed(TimeParse), timed(reference)) && Report(comparison);
 }
 
 }  // namespace

@@ -4,11 +4,11 @@
 // Prints one line of JSON per size and ends with 1 when a goal is missed.
 #include <algorithm>
 #include <cstddef>
-#include <cstdio>
 #include <cstdlib>
 #include <new>
 #include <string>
 
+#include "comparison.h"
 #include "transfer/individual_run.h"
 
 namespace {
@@ -145,12 +145,9 @@ bool MeasureMove(std::size_t filesInFolder) {
     const auto items = static_cast<double>(files.Items());
     const double perItem = static_cast<double>(peakBytes - before) / items;
     const double allowed = 2 * static_cast<double>(files.PathBytes()) / items + kFixedBytes;
-    const bool met = perItem <= allowed;
-    std::printf(
-        "{\"name\":\"memory of a run of %zu items, per item, against twice its path and 64\","
-        "\"ferry\":%.2f,\"reference\":%.2f,\"unit\":\"B\",\"ratio\":%.3f,\"goal\":1.00,\"met\":%s}\n",
-        files.Items(), perItem, allowed, perItem / allowed, met ? "true" : "false");
-    return met;
+    const std::string name = "memory of a run of " + std::to_string(files.Items()) +
+                             " items, per item, against twice its path and 64";
+    return ferry::bench::Report({name, 1.0, {perItem}, {allowed}, "B"});
 }
 
 }  // namespace

@@ -19,16 +19,15 @@
 #include "e2e/driver/poll.h"
 #include "e2e/driver/surroundings.h"
 #include "e2e/driver/temp_tree.h"
+#include "installed_ferry_win32.h"
 #include "samplehost/delivery_win32.h"
 #include "samplehost/host_block_writer.h"
-#include "samplehost/shared_block_win32.h"
 
 namespace {
 
 using ferry::bench::Comparison;
 using ferry::e2e::ChildProcess;
 using ferry::samplehost::BlockFields;
-using ferry::samplehost::VariableFields;
 
 constexpr std::size_t kFewItems = 10;
 constexpr std::size_t kManyItems = 100'000;
@@ -38,17 +37,6 @@ constexpr int kCountLabelId = 1350;
 
 // Asked this often when no window says that it appeared.
 constexpr DWORD kLookMs = 5;
-
-std::wstring OwnFolder() {
-    std::wstring path(32768, L'\0');
-    path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
-    return path.substr(0, path.rfind(L'\\'));
-}
-
-std::wstring InstalledFerry() {
-    const std::wstring given = ferry::e2e::AppFolder();
-    return ferry::e2e::FerryPath(given.empty() ? OwnFolder() + L"\\..\\..\\..\\app" : given);
-}
 
 /// Wakes the waiting thread whenever a window of another process appears. While it exists, a wait for
 /// messages ends at that moment; without it (a system that has no hooks) the look every kLookMs stays.
@@ -89,20 +77,6 @@ struct Contestant {
     BlockFields Block;        ///< Handed over where ReadyLabel says that it is expected.
 };
 
-/// What the host keeps while the program reads it.
-struct HandOver {
-    ferry::samplehost::SharedBlock Block;
-
-    bool Prepare(const BlockFields& fields) {
-        VariableFields variable;
-        variable.FirstNumber = std::to_wstring(GetCurrentProcessId());
-        const auto bytes = ferry::samplehost::BytesOfUnits(BlockUnits(fields));
-        variable.BlockSize = std::to_wstring(bytes.size());
-        ferry::e2e::SetVariable(ferry::samplehost::kVariableName, VariableText(variable));
-        return Block.Create(variable, bytes, static_cast<std::uint32_t>(bytes.size()), false);
-    }
-};
-
 /// The dialog of `process` once it is visible and filled; null when that takes too long.
 HWND WaitForReady(const ChildProcess& process, const AppearanceHook& hook, const std::wstring& label) {
     const ULONGLONG deadline = GetTickCount64() + ferry::e2e::kPatienceMs;
@@ -117,10 +91,10 @@ HWND WaitForReady(const ChildProcess& process, const AppearanceHook& hook, const
 
 /// Milliseconds from just before the start to the filled dialog; nothing when it never came.
 std::optional<double> TimeStart(const Contestant& contestant, const AppearanceHook& hook) {
-    HandOver handOver;
+    ferry::bench::HandOver handOver;
     if (contestant.ReadyLabel.empty())
         ferry::e2e::SetVariable(ferry::samplehost::kVariableName, L"");
-    else if (!handOver.Prepare(contestant.Block))
+    else if (!handOver.Prepare(BlockUnits(contestant.Block)))
         return std::nullopt;
     const auto begin = std::chrono::steady_clock::now();
     const ChildProcess process(contestant.Program, {});
@@ -138,7 +112,7 @@ std::optional<double> TimeStart(const Contestant& contestant, const AppearanceHo
 
 /// A selection of `count` items, of which the first ones, those that the list shows, are real.
 Contestant FerryWith(std::size_t count, const ferry::e2e::TempTree& tree) {
-    Contestant contestant{InstalledFerry(), L"(" + std::to_wstring(count) + L")", {}};
+    Contestant contestant{ferry::bench::InstalledFerry(), L"(" + std::to_wstring(count) + L")", {}};
     contestant.Block.CurrentDir = tree.Root();
     contestant.Block.Tabs = {tree.MakeFolder(L"left"), tree.MakeFolder(L"right")};
     for (std::size_t i = 0; i < count; ++i) {
@@ -173,7 +147,7 @@ std::array<std::vector<double>, 3> TimeAll(const std::array<Contestant, 3>& cont
 int main() {
     const ferry::e2e::TempTree tree;
     const std::array<Contestant, 3> contestants = {
-        Contestant{OwnFolder() + L"\\bare_dialog.exe", L"", {}},
+        Contestant{ferry::e2e::OwnFolder() + L"\\bare_dialog.exe", L"", {}},
         FerryWith(kFewItems, tree),
         FerryWith(kManyItems, tree),
     };

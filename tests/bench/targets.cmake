@@ -1,15 +1,19 @@
 # Bare console programs that print one line of JSON per comparison; not part of the tests.
 if(NOT FERRY_FUZZ)
+    add_library(bench_comparison STATIC comparison.cpp)
+    target_link_libraries(bench_comparison PUBLIC ferry_options)
+
     add_executable(bench_parse parse_bench.cpp)
-    target_link_libraries(bench_parse PRIVATE ferry_options ferry_hostlink)
+    target_link_libraries(bench_parse PRIVATE bench_comparison ferry_hostlink)
 
     add_executable(bench_run_memory run_memory_bench.cpp)
-    target_link_libraries(bench_run_memory PRIVATE ferry_options ferry_transfer)
+    target_link_libraries(bench_run_memory PRIVATE bench_comparison ferry_transfer)
 endif()
 
 if(WIN32)
-    add_library(bench_comparison STATIC comparison.cpp)
-    target_link_libraries(bench_comparison PUBLIC ferry_options)
+    add_library(bench_installed_ferry STATIC
+        installed_ferry_win32.cpp ${CMAKE_SOURCE_DIR}/tools/samplehost/shared_block_win32.cpp)
+    target_link_libraries(bench_installed_ferry PUBLIC bench_comparison e2e_driver)
 
     add_executable(bench_batch batch_bench_win32.cpp)
     target_link_libraries(bench_batch PRIVATE bench_comparison e2e_driver ferry_transfer_win32)
@@ -27,15 +31,12 @@ if(WIN32)
     target_include_directories(bare_dialog PRIVATE ${CMAKE_SOURCE_DIR}/res)
     target_link_libraries(bare_dialog PRIVATE ferry_options comctl32)
 
-    add_executable(bench_start start_bench_win32.cpp
-        ${CMAKE_SOURCE_DIR}/tools/samplehost/shared_block_win32.cpp)
-    target_link_libraries(bench_start PRIVATE bench_comparison e2e_driver)
+    add_executable(bench_start start_bench_win32.cpp)
+    target_link_libraries(bench_start PRIVATE bench_installed_ferry)
     add_dependencies(bench_start bare_dialog Ferry)
 
-    add_executable(bench_individual
-        individual_bench_win32.cpp bare_run_win32.cpp
-        ${CMAKE_SOURCE_DIR}/tools/samplehost/shared_block_win32.cpp)
-    target_link_libraries(bench_individual PRIVATE bench_comparison e2e_driver ferry_base)
+    add_executable(bench_individual individual_bench_win32.cpp bare_run_win32.cpp)
+    target_link_libraries(bench_individual PRIVATE bench_installed_ferry ferry_base)
     add_dependencies(bench_individual Ferry)
 
     add_executable(bench_list
@@ -43,10 +44,9 @@ if(WIN32)
         ${CMAKE_SOURCE_DIR}/res/ferry_dialog.rc
         ${CMAKE_SOURCE_DIR}/tests/windows/dialog_world_win32.cpp
         ${CMAKE_SOURCE_DIR}/tests/windows/dialogs.rc
-        ${CMAKE_SOURCE_DIR}/tests/windows/support_win32.cpp
-        ${CMAKE_SOURCE_DIR}/tools/samplehost/shared_block_win32.cpp)
+        ${CMAKE_SOURCE_DIR}/tests/windows/support_win32.cpp)
     target_include_directories(bench_list PRIVATE ${CMAKE_SOURCE_DIR}/res)
-    target_link_libraries(bench_list PRIVATE bench_comparison e2e_driver ferry_dialogs psapi)
+    target_link_libraries(bench_list PRIVATE bench_installed_ferry ferry_dialogs psapi)
     add_dependencies(bench_list Ferry)
 
     if(MINGW)

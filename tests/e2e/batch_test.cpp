@@ -1,6 +1,5 @@
 // The shell's one undoable operation: what arrives, and with which flags it is asked for.
 #include "e2e/fixture.h"
-#include "samplehost/delivery_win32.h"
 
 namespace ferry::e2e {
 namespace {
@@ -80,11 +79,9 @@ TEST_F(BatchTransfer, MakesTheMissingFoldersOfTheDestination) {
 
 TEST_F(BatchTransfer, AHostThatIsNotThereIsNotMissed) {
     const std::wstring file = Tree().WriteFile(L"元\\a.txt", "a");
-    RunPlan plan = Plan({});
-    plan.ThroughHost = false;
-    ASSERT_TRUE(Open(plan));
+    ASSERT_TRUE(OpenWithoutHost());
     ASSERT_TRUE(Dialog().Choose(kOpenDestination));
-    ASSERT_TRUE(samplehost::DropPaths(Dialog().Window(), std::vector{file}));
+    ASSERT_TRUE(Drop({file}));
     ASSERT_TRUE(WaitUntil([&] { return Dialog().SourceCount() == 1; }));
     ASSERT_TRUE(Transfer(Tree().MakeFolder(L"先")));
     EXPECT_EQ(ReadBytes(Tree().Path(L"先\\a.txt")), "a");

@@ -4,15 +4,7 @@
 namespace ferry::e2e {
 namespace {
 
-class Switches : public FerryTest {
-protected:
-    testing::AssertionResult OpenWith(std::vector<std::wstring> switches,
-                                      std::vector<std::wstring> tabs = {L"D:\\a", L"D:\\b", L"D:\\c"}) {
-        RunPlan plan = Plan({L"C:\\Work\\a.txt"}, std::move(tabs));
-        plan.Switches = std::move(switches);
-        return Open(plan);
-    }
-};
+class Switches : public FerryTest {};
 
 TEST_F(Switches, WithoutAnyTheDialogCopiesAndOffersTheTabButton) {
     ASSERT_TRUE(OpenWith({}));

@@ -1,6 +1,5 @@
 // What a host may send while the dialog is open.
 #include "e2e/fixture.h"
-#include "samplehost/delivery_win32.h"
 #include "samplehost/host_block_writer.h"
 
 namespace ferry::e2e {
@@ -8,25 +7,8 @@ namespace {
 
 class Delivery : public FerryTest {
 protected:
-    bool Send(std::uint64_t tag, const std::vector<std::byte>& bytes) const {
-        return samplehost::SendData(Dialog().Window(), nullptr, tag, bytes, kPatienceMs);
-    }
-
     bool SendText(std::uint64_t tag, const std::wstring& text) const {
         return Send(tag, samplehost::TextPayload(text));
-    }
-
-    bool SendBlock(std::vector<std::wstring> items, std::vector<std::wstring> tabs) const {
-        samplehost::BlockFields fields;
-        fields.Items = std::move(items);
-        fields.Tabs = std::move(tabs);
-        return Send(samplehost::kBlockTag, samplehost::BytesOfUnits(samplehost::BlockUnits(fields)));
-    }
-
-    testing::AssertionResult OpenAlone() {
-        RunPlan plan = Plan({});
-        plan.ThroughHost = false;
-        return Open(plan);
     }
 
     /// The whole destination is selected, so that typing replaces it.
@@ -37,7 +19,7 @@ protected:
 };
 
 TEST_F(Delivery, ABlockFillsTheListAndTheDestination) {
-    ASSERT_TRUE(OpenAlone());
+    ASSERT_TRUE(OpenWithoutHost());
     EXPECT_EQ(Dialog().SourceCount(), 0);
     ASSERT_TRUE(SendBlock({L"C:\\Work\\a.txt", L"C:\\Work\\あ"}, {L"D:\\Backup"}));
     EXPECT_EQ(Dialog().SourceCount(), 2);
@@ -82,9 +64,9 @@ TEST_F(Delivery, AnotherTagChangesNothing) {
 }
 
 TEST_F(Delivery, ABlockAfterADropIsIgnored) {
-    ASSERT_TRUE(OpenAlone());
+    ASSERT_TRUE(OpenWithoutHost());
     const std::vector<std::wstring> dropped = {Tree().WriteFile(L"dropped.txt", "d")};
-    ASSERT_TRUE(samplehost::DropPaths(Dialog().Window(), dropped));
+    ASSERT_TRUE(Drop(dropped));
     ASSERT_TRUE(WaitUntil([&] { return Dialog().SourceCount() == 1; }));
     ASSERT_TRUE(SendBlock({L"C:\\Work\\a.txt", L"C:\\Work\\b.txt"}, {L"D:\\Backup"}));
     EXPECT_TRUE(Stays([&] { return Dialog().SourceCount() == 1 && Dialog().Destination().empty(); }));

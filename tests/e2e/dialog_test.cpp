@@ -14,32 +14,6 @@ constexpr int kPrecisionLabel = 1141;
 
 class ConfirmationDialog : public FerryTest {
 protected:
-    testing::AssertionResult OpenWith(std::vector<std::wstring> switches,
-                                      std::vector<std::wstring> tabs = {L"D:\\a", L"D:\\b", L"D:\\c"}) {
-        RunPlan plan = Plan({L"C:\\Work\\a.txt"}, std::move(tabs));
-        plan.Switches = std::move(switches);
-        return Open(plan);
-    }
-
-    testing::AssertionResult OpenAlone(std::vector<std::wstring> switches = {}) {
-        RunPlan plan = Plan({});
-        plan.ThroughHost = false;
-        plan.Switches = std::move(switches);
-        return Open(plan);
-    }
-
-    bool SendBlock(std::vector<std::wstring> items, std::vector<std::wstring> tabs) const {
-        samplehost::BlockFields fields;
-        fields.Items = std::move(items);
-        fields.Tabs = std::move(tabs);
-        return samplehost::SendData(Dialog().Window(), nullptr, samplehost::kBlockTag,
-                                    samplehost::BytesOfUnits(samplehost::BlockUnits(fields)), kPatienceMs);
-    }
-
-    bool Drop(const std::vector<std::wstring>& paths) const {
-        return samplehost::DropPaths(Dialog().Window(), paths);
-    }
-
     bool SourcesBecome(int count) const {
         return WaitUntil([&] { return Dialog().SourceCount() == count; });
     }
@@ -79,7 +53,7 @@ protected:
 };
 
 TEST_F(ConfirmationDialog, WithoutAHostItIsEmptyAndCannotStart) {
-    ASSERT_TRUE(OpenAlone());
+    ASSERT_TRUE(OpenWithoutHost());
     EXPECT_EQ(Dialog().Text(kItemCount), L"(0)");
     EXPECT_EQ(Dialog().SourceCount(), 0);
     EXPECT_EQ(Dialog().Destination(), L"");
@@ -88,18 +62,18 @@ TEST_F(ConfirmationDialog, WithoutAHostItIsEmptyAndCannotStart) {
 }
 
 TEST_F(ConfirmationDialog, TheFirstDropAndABlockEnableTheStart) {
-    ASSERT_TRUE(OpenAlone());
+    ASSERT_TRUE(OpenWithoutHost());
     ASSERT_TRUE(Drop({Tree().WriteFile(L"a.txt", "a")}));
     EXPECT_TRUE(WaitUntil([&] { return Dialog().IsEnabled(kStart); }));
     EXPECT_EQ(Dialog().Text(kItemCount), L"(1)");
-    ASSERT_TRUE(OpenAlone());
+    ASSERT_TRUE(OpenWithoutHost());
     ASSERT_TRUE(SendBlock({}, {}));
     EXPECT_TRUE(WaitUntil([&] { return Dialog().IsEnabled(kStart); }));
     EXPECT_EQ(Dialog().Text(kItemCount), L"(0)");
 }
 
 TEST_F(ConfirmationDialog, BlocksAddUpUntilADropReplacesThem) {
-    ASSERT_TRUE(OpenAlone());
+    ASSERT_TRUE(OpenWithoutHost());
     ASSERT_TRUE(SendBlock({L"C:\\Work\\a.txt"}, {L"D:\\a"}));
     ASSERT_TRUE(SendBlock({L"C:\\Work\\b.txt", L"C:\\Work\\c.txt"}, {L"D:\\b"}));
     ASSERT_TRUE(SourcesBecome(3));
@@ -114,7 +88,7 @@ TEST_F(ConfirmationDialog, BlocksAddUpUntilADropReplacesThem) {
 }
 
 TEST_F(ConfirmationDialog, ThePresetOfABlockAndOfADropCountsAroundAllFolders) {
-    ASSERT_TRUE(OpenAlone({L"/t", L"/s=7"}));
+    ASSERT_TRUE(OpenWithoutHost({L"/t", L"/s=7"}));
     ASSERT_TRUE(SendBlock({L"C:\\Work\\a.txt"}, {L"D:\\0", L"D:\\1", L"D:\\2"}));
     ASSERT_TRUE(WaitUntil([&] { return Dialog().Destination() == L"D:\\1\\"; })) << "7 modulo 3";
     ASSERT_TRUE(Drop({Tree().WriteFile(L"a.txt", "a")}));
@@ -140,7 +114,7 @@ TEST_F(ConfirmationDialog, ANegativePresetIsRefusedAndNotClamped) {
 }
 
 TEST_F(ConfirmationDialog, ANegativePresetIsRefusedWithEveryDeliveryToo) {
-    ASSERT_TRUE(OpenAlone({L"/s=-1"}));
+    ASSERT_TRUE(OpenWithoutHost({L"/s=-1"}));
     const HWND window = Dialog().Window();
     samplehost::BlockFields fields;
     fields.Tabs = {L"D:\\a", L"D:\\b"};
@@ -175,8 +149,8 @@ TEST_F(ConfirmationDialog, TheFocusAtStartFollowsBothSwitches) {
 TEST_F(ConfirmationDialog, ABlockAndTheSecondDropSetTheFocusAsAtStart) {
     for (const bool isListFocused : {false, true}) {
         SCOPED_TRACE(isListFocused);
-        ASSERT_TRUE(OpenAlone(isListFocused ? std::vector<std::wstring>{L"/t", L"/f=1"}
-                                            : std::vector<std::wstring>{L"/t"}));
+        ASSERT_TRUE(OpenWithoutHost(isListFocused ? std::vector<std::wstring>{L"/t", L"/f=1"}
+                                                  : std::vector<std::wstring>{L"/t"}));
         const auto hasFocus = [&] { return isListFocused ? HasTabListFocus() : HasDestinationFocus(); };
         ASSERT_TRUE(MoveFocusAway());
         ASSERT_TRUE(SendBlock({L"C:\\Work\\a.txt"}, {L"D:\\a"}));

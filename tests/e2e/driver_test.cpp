@@ -17,10 +17,8 @@ class Driver : public testing::Test {
 protected:
     void SetUp() override {
         tree_.MakeFolder(L"app\\Command\\Ferry");
-        std::wstring here(32768, L'\0');
-        here.resize(GetModuleFileNameW(nullptr, here.data(), static_cast<DWORD>(here.size())));
-        here = here.substr(0, here.rfind(L'\\') + 1) + L"practice_dialog.exe";
-        ASSERT_TRUE(CopyFileW(here.c_str(), FerryPath(tree_.Path(L"app")).c_str(), FALSE));
+        const std::wstring practice = OwnFolder() + L"\\practice_dialog.exe";
+        ASSERT_TRUE(CopyFileW(practice.c_str(), FerryPath(tree_.Path(L"app")).c_str(), FALSE));
         RunPlan plan;
         plan.AppFolder = tree_.Path(L"app");
         plan.LogFile = tree_.Path(L"host.log");

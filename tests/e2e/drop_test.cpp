@@ -1,6 +1,5 @@
 // Drops: the first is the selection, the second the folders, the third nothing.
 #include "e2e/fixture.h"
-#include "samplehost/delivery_win32.h"
 
 namespace ferry::e2e {
 namespace {
@@ -14,17 +13,6 @@ protected:
         other_ = Tree().MakeFolder(L"別");
     }
 
-    testing::AssertionResult OpenAlone(std::vector<std::wstring> switches = {}) {
-        RunPlan plan = Plan({});
-        plan.ThroughHost = false;
-        plan.Switches = std::move(switches);
-        return Open(plan);
-    }
-
-    bool Drop(const std::vector<std::wstring>& paths) const {
-        return samplehost::DropPaths(Dialog().Window(), paths);
-    }
-
     bool DropSelection() const {
         return Drop({first_, second_}) && WaitUntil([&] { return Dialog().SourceCount() == 2; });
     }
@@ -33,7 +21,7 @@ protected:
 };
 
 TEST_F(Dropping, TheFirstDropIsTheSelection) {
-    ASSERT_TRUE(OpenAlone());
+    ASSERT_TRUE(OpenWithoutHost());
     ASSERT_TRUE(DropSelection());
     EXPECT_EQ(Dialog().Text(kItemCount), L"(2)");
     EXPECT_EQ(Dialog().SourceText(0), L"一.txt");
@@ -41,7 +29,7 @@ TEST_F(Dropping, TheFirstDropIsTheSelection) {
 }
 
 TEST_F(Dropping, TheSecondDropGivesTheDestination) {
-    ASSERT_TRUE(OpenAlone());
+    ASSERT_TRUE(OpenWithoutHost());
     ASSERT_TRUE(DropSelection());
     ASSERT_TRUE(Drop({folder_, other_}));
     EXPECT_TRUE(WaitUntil([&] { return Dialog().Destination() == folder_ + L"\\"; }));
@@ -50,7 +38,7 @@ TEST_F(Dropping, TheSecondDropGivesTheDestination) {
 }
 
 TEST_F(Dropping, TheSecondDropHonoursThePresetIndexAndFillsTheList) {
-    ASSERT_TRUE(OpenAlone({L"/t", L"/s=3"}));
+    ASSERT_TRUE(OpenWithoutHost({L"/t", L"/s=3"}));
     ASSERT_TRUE(DropSelection());
     ASSERT_TRUE(Drop({folder_, other_}));
     EXPECT_TRUE(WaitUntil([&] { return Dialog().Destination() == other_ + L"\\"; }));
@@ -58,7 +46,7 @@ TEST_F(Dropping, TheSecondDropHonoursThePresetIndexAndFillsTheList) {
 }
 
 TEST_F(Dropping, TheThirdDropIsIgnored) {
-    ASSERT_TRUE(OpenAlone());
+    ASSERT_TRUE(OpenWithoutHost());
     ASSERT_TRUE(DropSelection());
     ASSERT_TRUE(Drop({folder_}));
     ASSERT_TRUE(WaitUntil([&] { return Dialog().Destination() == folder_ + L"\\"; }));
@@ -68,7 +56,7 @@ TEST_F(Dropping, TheThirdDropIsIgnored) {
 }
 
 TEST_F(Dropping, DroppedFilesAreTransferred) {
-    ASSERT_TRUE(OpenAlone());
+    ASSERT_TRUE(OpenWithoutHost());
     ASSERT_TRUE(DropSelection());
     ASSERT_TRUE(Transfer(folder_));
     EXPECT_EQ(ReadBytes(folder_ + L"\\一.txt"), "1");

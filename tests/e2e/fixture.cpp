@@ -2,6 +2,8 @@
 
 #include "base/utf16.h"
 #include "e2e/driver/surroundings.h"
+#include "samplehost/delivery_win32.h"
+#include "samplehost/host_block_writer.h"
 
 namespace ferry::e2e {
 namespace {
@@ -36,6 +38,13 @@ RunPlan FerryTest::Plan(std::vector<std::wstring> items, std::vector<std::wstrin
     return plan;
 }
 
+RunPlan FerryTest::PlanWithoutHost(std::vector<std::wstring> switches) const {
+    RunPlan plan = Plan({});
+    plan.ThroughHost = false;
+    plan.Switches = std::move(switches);
+    return plan;
+}
+
 testing::AssertionResult FerryTest::Open(const RunPlan& plan) {
     run_.reset();
     run_ = std::make_unique<FerryRun>(plan);
@@ -43,6 +52,32 @@ testing::AssertionResult FerryTest::Open(const RunPlan& plan) {
     if (!dialog_.IsOpen())
         return testing::AssertionFailure() << "no dialog came";
     return testing::AssertionSuccess();
+}
+
+testing::AssertionResult FerryTest::OpenWith(std::vector<std::wstring> switches,
+                                             std::vector<std::wstring> tabs) {
+    RunPlan plan = Plan({L"C:\\Work\\a.txt"}, std::move(tabs));
+    plan.Switches = std::move(switches);
+    return Open(plan);
+}
+
+testing::AssertionResult FerryTest::OpenWithoutHost(std::vector<std::wstring> switches) {
+    return Open(PlanWithoutHost(std::move(switches)));
+}
+
+bool FerryTest::Send(std::uint64_t tag, std::span<const std::byte> bytes) const {
+    return samplehost::SendData(dialog_.Window(), nullptr, tag, bytes, kPatienceMs);
+}
+
+bool FerryTest::SendBlock(std::vector<std::wstring> items, std::vector<std::wstring> tabs) const {
+    samplehost::BlockFields fields;
+    fields.Items = std::move(items);
+    fields.Tabs = std::move(tabs);
+    return Send(samplehost::kBlockTag, samplehost::BytesOfUnits(samplehost::BlockUnits(fields)));
+}
+
+bool FerryTest::Drop(const std::vector<std::wstring>& paths) const {
+    return samplehost::DropPaths(dialog_.Window(), paths);
 }
 
 testing::AssertionResult FerryTest::Transfer(const std::wstring& destination) {

@@ -3,7 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
+#include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -26,11 +29,30 @@ protected:
     /// A plan for a start through the host with these items and tab folders.
     RunPlan Plan(std::vector<std::wstring> items, std::vector<std::wstring> tabs = {}) const;
 
+    /// A plan for a Ferry that no host starts.
+    RunPlan PlanWithoutHost(std::vector<std::wstring> switches = {}) const;
+
     /// Starts Ferry and waits for its dialog, which Dialog() then is.
     testing::AssertionResult Open(const RunPlan& plan);
 
+    /// The same for one item, which is not there, and these switches and tab folders.
+    testing::AssertionResult OpenWith(std::vector<std::wstring> switches,
+                                      std::vector<std::wstring> tabs = {L"D:\\a", L"D:\\b", L"D:\\c"});
+
+    /// The same for a Ferry that no host starts.
+    testing::AssertionResult OpenWithoutHost(std::vector<std::wstring> switches = {});
+
     FerryRun& Run() { return *run_; }
     const RemoteDialog& Dialog() const { return dialog_; }
+
+    /// Sends WM_COPYDATA to the dialog, as a host does. False when no answer came.
+    bool Send(std::uint64_t tag, std::span<const std::byte> bytes) const;
+
+    /// Sends a block with these items and tab folders.
+    bool SendBlock(std::vector<std::wstring> items, std::vector<std::wstring> tabs) const;
+
+    /// Drops `paths` on the dialog.
+    bool Drop(const std::vector<std::wstring>& paths) const;
 
     /// Writes the destination, clicks "開始" and waits for the end of the process.
     testing::AssertionResult Transfer(const std::wstring& destination);

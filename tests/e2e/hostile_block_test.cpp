@@ -7,7 +7,7 @@ namespace {
 class HostileHost : public FerryTest {
 protected:
     /// Opens with two items, one tab folder and these options of the sample host.
-    testing::AssertionResult OpenWith(std::vector<std::wstring> hostArguments) {
+    testing::AssertionResult OpenThroughHost(std::vector<std::wstring> hostArguments) {
         RunPlan plan = Plan({L"C:\\Work\\a.txt", L"C:\\Work\\b.txt"}, {L"D:\\Backup"});
         plan.HostArguments = std::move(hostArguments);
         return Open(plan);
@@ -15,14 +15,14 @@ protected:
 };
 
 TEST_F(HostileHost, TooLargeACountTakesWhatIsThere) {
-    ASSERT_TRUE(OpenWith({L"--count-items", L"99"}));
+    ASSERT_TRUE(OpenThroughHost({L"--count-items", L"99"}));
     EXPECT_EQ(Dialog().SourceCount(), 3);
     EXPECT_EQ(Dialog().Destination(), L"");
     EXPECT_TRUE(IsAliveAndUsable(Run(), Dialog()));
 }
 
 TEST_F(HostileHost, TooSmallACountShiftsTheFolders) {
-    ASSERT_TRUE(OpenWith({L"--count-items", L"1"}));
+    ASSERT_TRUE(OpenThroughHost({L"--count-items", L"1"}));
     EXPECT_EQ(Dialog().SourceCount(), 1);
     EXPECT_EQ(Dialog().Destination(), L"C:\\Work\\b.txt\\");
 }
@@ -30,27 +30,27 @@ TEST_F(HostileHost, TooSmallACountShiftsTheFolders) {
 TEST_F(HostileHost, AbsurdCountsAreSurvived) {
     for (const wchar_t* count : {L"-1", L"2147483647", L"-2147483648", L"99999999999999999999", L"x", L""}) {
         SCOPED_TRACE(count);
-        ASSERT_TRUE(OpenWith({L"--count-items", count, L"--count-tabs", count}));
+        ASSERT_TRUE(OpenThroughHost({L"--count-items", count, L"--count-tabs", count}));
         EXPECT_LE(Dialog().SourceCount(), 3);
         EXPECT_TRUE(IsAliveAndUsable(Run(), Dialog()));
     }
 }
 
 TEST_F(HostileHost, ABlockWithoutItsNulIsReadToItsSize) {
-    ASSERT_TRUE(OpenWith({L"--no-nul"}));
+    ASSERT_TRUE(OpenThroughHost({L"--no-nul"}));
     EXPECT_EQ(Dialog().SourceCount(), 2);
     EXPECT_TRUE(IsAliveAndUsable(Run(), Dialog()));
 }
 
 TEST_F(HostileHost, APageFullOfUnitsWithoutNulIsNotReadBeyond) {
     const std::wstring file = Tree().WriteFile(L"block.bin", std::string(65536, 'A'));
-    ASSERT_TRUE(OpenWith({L"--block-file", file}));
+    ASSERT_TRUE(OpenThroughHost({L"--block-file", file}));
     EXPECT_EQ(Dialog().SourceCount(), 0);
     EXPECT_TRUE(IsAliveAndUsable(Run(), Dialog()));
 }
 
 TEST_F(HostileHost, AnAnnouncedBlockThatIsMissingGivesAnEmptyDialog) {
-    ASSERT_TRUE(OpenWith({L"--no-block"}));
+    ASSERT_TRUE(OpenThroughHost({L"--no-block"}));
     EXPECT_EQ(Dialog().SourceCount(), 0);
     EXPECT_TRUE(IsAliveAndUsable(Run(), Dialog()));
 }
@@ -73,7 +73,7 @@ TEST_F(HostileHost, ASizeThatCannotBeMappedIsSaidAndThenTheDialogOpens) {
 TEST_F(HostileHost, AVariableOfNineOrElevenFieldsIsIgnoredEntirely) {
     for (const wchar_t* value : {L"1:0:1:1:64:x:y:z:Share", L"1:0:1:1:64:x:y:z:Share::", L":", L"nonsense"}) {
         SCOPED_TRACE(value);
-        ASSERT_TRUE(OpenWith({L"--variable", value}));
+        ASSERT_TRUE(OpenThroughHost({L"--variable", value}));
         EXPECT_EQ(Dialog().SourceCount(), 0);
         EXPECT_TRUE(
             Stays([&] { return (GetWindowLongPtrW(Dialog().Window(), GWL_EXSTYLE) & WS_EX_TOPMOST) == 0; }));
@@ -83,10 +83,10 @@ TEST_F(HostileHost, AVariableOfNineOrElevenFieldsIsIgnoredEntirely) {
 TEST_F(HostileHost, TheTransportWordIsComparedExactly) {
     for (const wchar_t* word : {L"share", L"SHARE", L"Share ", L""}) {
         SCOPED_TRACE(word);
-        ASSERT_TRUE(OpenWith({L"--transport", word}));
+        ASSERT_TRUE(OpenThroughHost({L"--transport", word}));
         EXPECT_EQ(Dialog().SourceCount(), 0);
     }
-    ASSERT_TRUE(OpenWith({L"--transport", L"Share"}));
+    ASSERT_TRUE(OpenThroughHost({L"--transport", L"Share"}));
     EXPECT_EQ(Dialog().SourceCount(), 2);
 }
 
@@ -111,7 +111,7 @@ TEST_F(HostileHost, AHeldGuardIsWaitedFor) {
 }
 
 TEST_F(HostileHost, ATrailingFieldWithTextIsRead) {
-    ASSERT_TRUE(OpenWith({L"--trailing", L"anything", L"--reserved", L"x", L"y", L"z"}));
+    ASSERT_TRUE(OpenThroughHost({L"--trailing", L"anything", L"--reserved", L"x", L"y", L"z"}));
     EXPECT_EQ(Dialog().SourceCount(), 2);
     EXPECT_EQ(Dialog().Destination(), L"D:\\Backup\\");
 }

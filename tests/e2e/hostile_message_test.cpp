@@ -3,7 +3,6 @@
 #include <random>
 
 #include "e2e/fixture.h"
-#include "samplehost/delivery_win32.h"
 #include "samplehost/host_block_writer.h"
 
 namespace ferry::e2e {
@@ -73,12 +72,7 @@ private:
     std::mt19937 random_;
 };
 
-class HostileMessages : public FerryTest {
-protected:
-    bool Send(std::uint64_t tag, const std::vector<std::byte>& bytes) const {
-        return samplehost::SendData(Dialog().Window(), nullptr, tag, bytes, kPatienceMs);
-    }
-};
+class HostileMessages : public FerryTest {};
 
 TEST_F(HostileMessages, AThousandNoisyDeliveriesChangeNothingAndKillNobody) {
     std::cout << "seed " << kSeed << '\n';
@@ -110,10 +104,8 @@ TEST_F(HostileMessages, HugeDeliveriesAreSurvived) {
 }
 
 TEST_F(HostileMessages, ADropOfNothingIsSurvived) {
-    RunPlan plan = Plan({});
-    plan.ThroughHost = false;
-    ASSERT_TRUE(Open(plan));
-    ASSERT_TRUE(samplehost::DropPaths(Dialog().Window(), {}));
+    ASSERT_TRUE(OpenWithoutHost());
+    ASSERT_TRUE(Drop({}));
     ASSERT_TRUE(PostMessageW(Dialog().Window(), WM_DROPFILES, 0, 0));
     EXPECT_TRUE(Stays([&] { return Run().IsRunning(); }));
     EXPECT_TRUE(IsAliveAndUsable(Run(), Dialog()));

@@ -1,4 +1,5 @@
 // The presence mutex, which tells others that Ferry runs.
+#include "base/handles_win32.h"
 #include "e2e/driver/surroundings.h"
 #include "e2e/fixture.h"
 
@@ -8,29 +9,22 @@ namespace {
 constexpr wchar_t kPresenceName[] = L"ExCommand.Ferry.exe";
 
 bool IsPresent() {
-    return static_cast<bool>(samplehost::Handle(OpenMutexW(SYNCHRONIZE, FALSE, kPresenceName)));
+    return static_cast<bool>(base::MutexHandle(OpenMutexW(SYNCHRONIZE, FALSE, kPresenceName)));
 }
 
-class Presence : public FerryTest {
-protected:
-    RunPlan Alone() const {
-        RunPlan plan = Plan({});
-        plan.ThroughHost = false;
-        return plan;
-    }
-};
+class Presence : public FerryTest {};
 
 TEST_F(Presence, IsThereWhileFerryRunsAndGoneAfterwards) {
     ASSERT_FALSE(IsPresent());
-    ASSERT_TRUE(Open(Alone()));
+    ASSERT_TRUE(OpenWithoutHost());
     EXPECT_TRUE(IsPresent());
     ASSERT_TRUE(Run().CancelAndWait());
     EXPECT_FALSE(IsPresent());
 }
 
 TEST_F(Presence, StaysWithTheFirstInstance) {
-    ASSERT_TRUE(Open(Alone()));
-    FerryRun second(Alone());
+    ASSERT_TRUE(OpenWithoutHost());
+    FerryRun second(PlanWithoutHost());
     ASSERT_TRUE(second.WaitForDialog().IsOpen());
     EXPECT_TRUE(Run().IsRunning());
     ASSERT_TRUE(second.CancelAndWait());
@@ -38,8 +32,8 @@ TEST_F(Presence, StaysWithTheFirstInstance) {
 }
 
 TEST_F(Presence, IsNotHeldByTheSecondInstance) {
-    ASSERT_TRUE(Open(Alone()));
-    FerryRun second(Alone());
+    ASSERT_TRUE(OpenWithoutHost());
+    FerryRun second(PlanWithoutHost());
     ASSERT_TRUE(second.WaitForDialog().IsOpen());
     ASSERT_TRUE(Run().CancelAndWait());
     EXPECT_FALSE(IsPresent());

@@ -25,10 +25,8 @@ constexpr std::wstring_view kNeededByWine = L"version";
 constexpr wchar_t kPreferencesKey[] = L"Software\\Wine\\AppDefaults\\Ferry.exe\\DllOverrides";
 
 std::wstring PlantedLibrary() {
-    std::wstring path(32768, L'\0');
-    path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
     const std::string name = E2E_PLANTED_NAME;
-    return path.substr(0, path.rfind(L'\\') + 1) + std::wstring(name.begin(), name.end());
+    return OwnFolder() + L'\\' + std::wstring(name.begin(), name.end());
 }
 
 class PlantedLibraries : public FerryTest {

@@ -1,6 +1,7 @@
 // The sample host by itself, with the command interpreter in Ferry's place.
 #include <gtest/gtest.h>
 
+#include "base/handles_win32.h"
 #include "e2e/driver/child_process.h"
 #include "e2e/driver/file_op_log.h"
 #include "e2e/driver/poll.h"
@@ -64,14 +65,12 @@ TEST_F(SampleHost, SharesTheBlockUnderItsName) {
     const HWND window = HostWindow();
     ASSERT_NE(window, nullptr);
     EXPECT_EQ(FindWindowW(samplehost::kHostWindowClass, nullptr), window);
-    const samplehost::Handle mapping(OpenFileMappingW(FILE_MAP_READ, FALSE, L"ShareMem_77_3"));
+    const base::MappingHandle mapping(OpenFileMappingW(FILE_MAP_READ, FALSE, L"ShareMem_77_3"));
     ASSERT_TRUE(mapping);
-    const auto* const view =
-        static_cast<const wchar_t*>(MapViewOfFile(mapping.Get(), FILE_MAP_READ, 0, 0, 0));
-    ASSERT_NE(view, nullptr);
-    EXPECT_EQ(std::wstring(view), L"1\t1\tC:\\w\to\tC:\\あ.txt\tD:\\b\t");
-    EXPECT_TRUE(samplehost::Handle(OpenMutexW(SYNCHRONIZE, FALSE, L"ShareMem_77_3_Mutex")));
-    UnmapViewOfFile(view);
+    const base::MappedView view(MapViewOfFile(mapping.Get(), FILE_MAP_READ, 0, 0, 0));
+    ASSERT_TRUE(view);
+    EXPECT_EQ(std::wstring(static_cast<const wchar_t*>(view.Get())), L"1\t1\tC:\\w\to\tC:\\あ.txt\tD:\\b\t");
+    EXPECT_TRUE(base::MutexHandle(OpenMutexW(SYNCHRONIZE, FALSE, L"ShareMem_77_3_Mutex")));
     PostMessageW(window, WM_CLOSE, 0, 0);
     EXPECT_TRUE(host.WaitForEnd(kPatienceMs));
 }

@@ -43,8 +43,7 @@ TEST_F(WindowMode, EachModeHasItsStylesAndItsOwner) {
 }
 
 TEST_F(WindowMode, ModeThreeWithoutAHostHasNoOwner) {
-    RunPlan plan = Plan({});
-    plan.ThroughHost = false;
+    RunPlan plan = PlanWithoutHost();
     plan.Variable = L"3:0:1:1:0:0:0:0:None:";
     ASSERT_TRUE(Open(plan));
     EXPECT_EQ(GetWindow(Dialog().Window(), GW_OWNER), nullptr);

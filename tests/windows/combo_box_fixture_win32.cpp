@@ -3,21 +3,12 @@
 #include <commctrl.h>
 
 #include <algorithm>
-#include <array>
 
 namespace ferry::test {
 namespace {
 
 constexpr wchar_t kClass[] = L"FerryComboBoxTest";
 constexpr int kControlId = 1410;
-
-void HoldKeys(const std::vector<int>& keys) {
-    std::array<BYTE, 256> state{};
-    for (const int key : keys) {
-        state[static_cast<std::size_t>(key)] = 0x80;
-    }
-    SetKeyboardState(state.data());
-}
 
 }  // namespace
 
@@ -29,17 +20,6 @@ void FakeLookup::Search(std::wstring_view pattern,
             return;
         }
     }
-}
-
-std::wstring FakeStore::ReadText(std::wstring_view name, std::wstring_view defaultText) {
-    const auto found = Values.find(name);
-    return found == Values.end() ? std::wstring(defaultText) : found->second;
-}
-
-bool FakeStore::WriteText(std::wstring_view name, std::wstring_view text) {
-    Values[std::wstring(name)] = text;
-    ++Writes;
-    return true;
 }
 
 ComboBoxTest::ComboBoxTest() {

@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <map>
 #include <optional>
 #include <string>
 #include <utility>
@@ -13,7 +12,7 @@
 
 #include "completion/folder_lookup.h"
 #include "controls/complement_combo_box.h"
-#include "settings/settings_store.h"
+#include "core/settings/memory_store.h"
 #include "windows/support_win32.h"
 
 namespace ferry::test {
@@ -35,24 +34,6 @@ public:
     std::vector<Item> Items;
     Texts Patterns;
     std::uint32_t ItemAttributes = FILE_ATTRIBUTE_DIRECTORY;
-};
-
-/// Texts in memory; counts the writes.
-class FakeStore : public settings::SettingsStore {
-public:
-    std::wstring ReadText(std::wstring_view name, std::wstring_view defaultText) override;
-    std::uint32_t ReadNumber(std::wstring_view, std::uint32_t number) override { return number; }
-    bool WriteText(std::wstring_view name, std::wstring_view text) override;
-    bool WriteNumber(std::wstring_view, std::uint32_t) override { return false; }
-    std::wstring ReadHostText(std::wstring_view, std::wstring_view text) override {
-        return std::wstring(text);
-    }
-    std::uint32_t ReadHostNumber(std::wstring_view) override { return 0; }
-    bool WriteTextToKey(std::wstring_view, std::wstring_view, std::wstring_view) override { return false; }
-    bool WriteNumberToKey(std::wstring_view, std::wstring_view, std::uint32_t) override { return false; }
-
-    std::map<std::wstring, std::wstring, std::less<>> Values;
-    int Writes = 0;
 };
 
 /// The two texts of the question.
@@ -100,7 +81,7 @@ protected:
     std::vector<int> PumpCommands();
 
     FakeLookup lookup_;
-    FakeStore store_;
+    MemoryStore store_;
     FakeCatalogueSource catalogueSource_;
     lang::Catalogue messages_{catalogueSource_};
 

@@ -1,40 +1,9 @@
 #include "windows/dialog_world_win32.h"
 
-#include <array>
-
 #include "framework/common_controls.h"
 #include "windows/support_win32.h"
 
 namespace ferry::test {
-namespace {
-
-template <class Value>
-Value Read(const std::map<std::wstring, Value>& values, std::wstring_view name, Value defaultValue) {
-    const auto found = values.find(std::wstring(name));
-    return found == values.end() ? defaultValue : found->second;
-}
-
-}  // namespace
-
-std::wstring MemoryStore::ReadText(std::wstring_view name, std::wstring_view defaultText) {
-    return Read(Texts, name, std::wstring(defaultText));
-}
-
-std::uint32_t MemoryStore::ReadNumber(std::wstring_view name, std::uint32_t defaultNumber) {
-    return Read(Numbers, name, defaultNumber);
-}
-
-bool MemoryStore::WriteText(std::wstring_view name, std::wstring_view text) {
-    Writes.emplace_back(name);
-    Texts[std::wstring(name)] = text;
-    return true;
-}
-
-bool MemoryStore::WriteNumber(std::wstring_view name, std::uint32_t number) {
-    Writes.emplace_back(name);
-    Numbers[std::wstring(name)] = number;
-    return true;
-}
 
 std::optional<naming::CalendarFields> StandingClock::ItemTime(std::wstring_view path,
                                                               naming::DateSource source) {
@@ -54,14 +23,6 @@ DialogWorld::~DialogWorld() {
 
 dialogs::Services DialogWorld::ServicesWith(naming::Clock& clock) {
     return {host_, Store, messages_, localiser_, shell_, clock};
-}
-
-void HoldKeys(std::initializer_list<int> keys) {
-    std::array<BYTE, 256> state{};
-    for (const int key : keys) {
-        state[static_cast<std::size_t>(key)] = 0x80;
-    }
-    SetKeyboardState(state.data());
 }
 
 void Click(HWND dialog, int id) {

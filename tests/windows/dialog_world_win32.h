@@ -3,35 +3,15 @@
 
 #include <windows.h>
 
-#include <initializer_list>
-#include <map>
 #include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "core/settings/memory_store.h"
 #include "dialogs/services.h"
 
 namespace ferry::test {
-
-/// Settings in memory. It keeps the names of the written values in their order.
-class MemoryStore : public settings::SettingsStore {
-public:
-    std::wstring ReadText(std::wstring_view name, std::wstring_view defaultText) override;
-    std::uint32_t ReadNumber(std::wstring_view name, std::uint32_t defaultNumber) override;
-    bool WriteText(std::wstring_view name, std::wstring_view text) override;
-    bool WriteNumber(std::wstring_view name, std::uint32_t number) override;
-    std::wstring ReadHostText(std::wstring_view, std::wstring_view defaultText) override {
-        return std::wstring(defaultText);
-    }
-    std::uint32_t ReadHostNumber(std::wstring_view) override { return 0; }
-    bool WriteTextToKey(std::wstring_view, std::wstring_view, std::wstring_view) override { return false; }
-    bool WriteNumberToKey(std::wstring_view, std::wstring_view, std::uint32_t) override { return false; }
-
-    std::map<std::wstring, std::wstring> Texts;
-    std::map<std::wstring, std::uint32_t> Numbers;
-    std::vector<std::wstring> Writes;
-};
 
 /// It is always the same moment, and every item has the same times.
 class StandingClock : public naming::Clock {
@@ -73,9 +53,6 @@ private:
     framework::CShellManager shell_;
     dialogs::Services services_;
 };
-
-/// Makes this thread believe that these keys, and no others, are held.
-void HoldKeys(std::initializer_list<int> keys);
 
 /// Clicks a button or a check box of `dialog`, as the mouse would, and waits for the effect.
 void Click(HWND dialog, int id);

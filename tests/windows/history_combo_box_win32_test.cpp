@@ -9,7 +9,7 @@ namespace {
 class HistoryComboBoxTest : public ComboBoxTest {
 protected:
     void SetUp() override {
-        store_.Values = {{L"Ferry000", L"C:\\one"}, {L"Ferry001", L"C:\\two"}, {L"Ferry004", L"C:\\three"}};
+        store_.Texts = {{L"Ferry000", L"C:\\one"}, {L"Ferry001", L"C:\\two"}, {L"Ferry004", L"C:\\three"}};
         ASSERT_TRUE(box_.Prepare(Control()));
         box_.SetSaveOnClose(true);
         box_.LoadSoon();
@@ -19,7 +19,7 @@ protected:
 
     Texts Stored() {
         Texts stored;
-        for (const auto& [name, text] : store_.Values) {
+        for (const auto& [name, text] : store_.Texts) {
             stored.push_back(text);
         }
         return stored;
@@ -55,7 +55,7 @@ TEST_F(HistoryComboBoxTest, IsOfferedByUpAndTakenWithEnter) {
 }
 
 TEST_F(HistoryComboBoxTest, AnEmptyHistoryOpensAsAnEmptyList) {
-    store_.Values.clear();
+    store_.Texts.clear();
     PumpCommands();
     Type(L"C:\\x");
     EXPECT_TRUE(Press(VK_UP));
@@ -73,14 +73,14 @@ TEST_F(HistoryComboBoxTest, StoresTheTextInFrontWhenItIsDestroyed) {
     Type(L"D:\\new");
     DestroyWindow(Control());
     EXPECT_EQ(Stored(), Slots({L"D:\\new", L"C:\\one", L"C:\\two", L"", L"", L"C:\\three"}));
-    EXPECT_EQ(store_.Writes, 20);
+    EXPECT_EQ(store_.Writes.size(), 20U);
 }
 
 TEST_F(HistoryComboBoxTest, StoresTheTextWhenItsWindowGoesWithItsParent) {
     PumpCommands();
     Type(L"D:\\new");
     DestroyWindow(Parent());
-    EXPECT_EQ(store_.Values[L"Ferry000"], L"D:\\new");
+    EXPECT_EQ(store_.Texts[L"Ferry000"], L"D:\\new");
 }
 
 TEST_F(HistoryComboBoxTest, RewritesTheSameEntriesWhenTheTextIsEmpty) {
@@ -88,7 +88,7 @@ TEST_F(HistoryComboBoxTest, RewritesTheSameEntriesWhenTheTextIsEmpty) {
     Type(L"");
     DestroyWindow(Control());
     EXPECT_EQ(Stored(), Slots({L"C:\\one", L"C:\\two", L"", L"", L"C:\\three"}));
-    EXPECT_EQ(store_.Writes, 20);
+    EXPECT_EQ(store_.Writes.size(), 20U);
 }
 
 TEST_F(HistoryComboBoxTest, StoresNothingUnlessItIsToSaveOnClose) {
@@ -96,7 +96,7 @@ TEST_F(HistoryComboBoxTest, StoresNothingUnlessItIsToSaveOnClose) {
     PumpCommands();
     Type(L"D:\\new");
     DestroyWindow(Control());
-    EXPECT_EQ(store_.Writes, 0);
+    EXPECT_TRUE(store_.Writes.empty());
 }
 
 TEST_F(HistoryComboBoxTest, KeepsWhatIsStoredWhenItIsDestroyedBeforeItWasLoaded) {
@@ -111,7 +111,7 @@ TEST_F(HistoryComboBoxTest, StoresTheTypedTextWhenTheListIsStillOpen) {
     EXPECT_TRUE(Press(VK_UP));
     EXPECT_TRUE(Press(VK_DOWN));
     DestroyWindow(Control());
-    EXPECT_EQ(store_.Values[L"Ferry000"], L"D:\\typed");
+    EXPECT_EQ(store_.Texts[L"Ferry000"], L"D:\\typed");
 }
 
 TEST_F(HistoryComboBoxTest, ClearingEmptiesListSlotsAndStoreAtOnce) {
@@ -134,7 +134,7 @@ TEST_F(HistoryComboBoxTest, StaysWhenTheQuestionIsAnsweredWithNo) {
     question.wait();
     PumpCommands();
     EXPECT_EQ(Shown(), (Texts{L"C:\\one", L"C:\\two", L"C:\\three"}));
-    EXPECT_EQ(store_.Writes, 0);
+    EXPECT_TRUE(store_.Writes.empty());
 }
 
 TEST_F(HistoryComboBoxTest, ComesBackToTheListAfterASearch) {
@@ -150,7 +150,7 @@ TEST_F(HistoryComboBoxTest, ComesBackToTheListAfterASearch) {
 
 TEST_F(HistoryComboBoxTest, LongEntriesAreTakenWhole) {
     const std::wstring entry = L"C:\\" + std::wstring(200, L'm') + L"\\end";
-    store_.Values = {{L"Ferry000", entry}};
+    store_.Texts = {{L"Ferry000", entry}};
     PumpCommands();
     EXPECT_NE(Shown(), Texts{entry});
     Type(L"");

@@ -1,11 +1,13 @@
 #include "windows/support_win32.h"
 
+#include <array>
 #include <atomic>
 #include <cstring>
 #include <thread>
 
 #include "base/handles_win32.h"
 #include "base/utf16.h"
+#include "samplehost/process_windows_win32.h"
 
 namespace ferry::test {
 namespace {
@@ -40,27 +42,14 @@ void RemoveTree(const std::wstring& folder) {
 // The control with a message box's text; a dialog of the program has none of this number.
 constexpr int kBoxTextId = 0xFFFF;
 
-struct BoxSearch {
-    HWND Box = nullptr;
-};
-
-BOOL CALLBACK TakeBox(HWND window, LPARAM parameter) noexcept {
-    DWORD process = 0;
-    GetWindowThreadProcessId(window, &process);
+bool IsBox(HWND window) {
     wchar_t name[16] = {};
     GetClassNameW(window, name, 16);
-    if (process != GetCurrentProcessId() || std::wcscmp(name, L"#32770") != 0 || !IsWindowVisible(window) ||
-        GetDlgItem(window, kBoxTextId) == nullptr) {
-        return TRUE;
-    }
-    reinterpret_cast<BoxSearch*>(parameter)->Box = window;
-    return FALSE;
+    return std::wcscmp(name, L"#32770") == 0 && GetDlgItem(window, kBoxTextId) != nullptr;
 }
 
 HWND FindBox() {
-    BoxSearch search;
-    EnumWindows(TakeBox, reinterpret_cast<LPARAM>(&search));
-    return search.Box;
+    return samplehost::FindVisibleWindow(GetCurrentProcessId(), IsBox);
 }
 
 std::wstring BoxText(HWND box) {
@@ -172,6 +161,14 @@ std::future<std::wstring> AnswerNextBox(int button, std::function<void()> whileO
         WaitUntil([box] { return !IsWindow(box); });
         return text;
     });
+}
+
+void HoldKeys(const std::vector<int>& keys) {
+    std::array<BYTE, 256> state{};
+    for (const int key : keys) {
+        state[static_cast<std::size_t>(key)] = 0x80;
+    }
+    SetKeyboardState(state.data());
 }
 
 std::wstring TextOfWindow(HWND window) {

@@ -67,6 +67,9 @@ std::wstring UniqueName(std::wstring_view prefix);
 /// `button`. The future gives the box's text; empty when no box came within kDeadline.
 std::future<std::wstring> AnswerNextBox(int button, std::function<void()> whileOpen = {});
 
+/// Makes this thread believe that these keys, and no others, are held.
+void HoldKeys(const std::vector<int>& keys);
+
 struct WindowTraits {
     using Value = HWND;
     static Value Nothing() noexcept { return nullptr; }

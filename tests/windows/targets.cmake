@@ -16,7 +16,7 @@ ferry_test(ferry_windows_tests
         window_placement_win32_test.cpp
     LINK
         ferry_hostlink_win32 ferry_lang_win32 ferry_naming_win32 ferry_paths_win32
-        ferry_process_win32 ferry_settings_win32 ferry_transfer_win32 comctl32)
+        ferry_process_win32 ferry_process_windows ferry_settings_win32 ferry_transfer_win32 comctl32)
 
 # The dialogs, driven in-process. They look their templates up in the executable.
 ferry_test(ferry_dialogs_test
@@ -34,9 +34,8 @@ ferry_test(ferry_dialogs_test
         ${CMAKE_SOURCE_DIR}/res/busy_dialog.rc
         ${CMAKE_SOURCE_DIR}/res/file_mode_dialog.rc
         ${CMAKE_SOURCE_DIR}/res/input_dialog.rc
-        ${CMAKE_SOURCE_DIR}/tools/samplehost/host_block_writer.cpp
-    LINK ferry_dialogs ferry_naming_win32)
-target_include_directories(ferry_dialogs_test PRIVATE ${CMAKE_SOURCE_DIR}/res ${CMAKE_SOURCE_DIR}/tools)
+    LINK ferry_dialogs ferry_naming_win32 ferry_process_windows ferry_samplehost_writer)
+target_include_directories(ferry_dialogs_test PRIVATE ${CMAKE_SOURCE_DIR}/res)
 if(MSVC)
     # The manifest comes from the resources.
     target_link_options(ferry_dialogs_test PRIVATE /MANIFEST:NO)
@@ -52,5 +51,5 @@ ferry_test(ferry_controls_tests
         history_combo_box_win32_test.cpp
         support_win32.cpp
         ${CMAKE_SOURCE_DIR}/res/ferry_dialog.rc
-    LINK ferry_controls ferry_completion_win32 comctl32)
+    LINK ferry_controls ferry_completion_win32 ferry_process_windows comctl32)
 target_include_directories(ferry_controls_tests PRIVATE ${CMAKE_SOURCE_DIR}/res)

@@ -2,8 +2,6 @@
 #include <windows.h>
 #include <gtest/gtest.h>
 
-#include <array>
-
 #include "hostlink/host_messages_win32.h"
 #include "hostlink/window_placement_win32.h"
 #include "windows/support_win32.h"
@@ -23,11 +21,11 @@ protected:
             description.lpszClassName = name;
             RegisterClassW(&description);
         }
-        HoldKeys({});
+        test::HoldKeys({});
         dialog_ = MakeWindow(kClass, {10, 20, 210, 120});
     }
     ~WindowPlacementTest() override {
-        HoldKeys({});
+        test::HoldKeys({});
         dialog_.Reset();
         host_.Reset();
         UnregisterClassW(kClass, GetModuleHandleW(nullptr));
@@ -41,15 +39,6 @@ protected:
     }
 
     void MakeHost(const RECT& at) { host_ = MakeWindow(kHostWindowClass, at); }
-
-    /// What this thread believes about the keyboard.
-    static void HoldKeys(std::initializer_list<int> keys) {
-        std::array<BYTE, 256> state{};
-        for (const int key : keys) {
-            state[static_cast<std::size_t>(key)] = 0x80;
-        }
-        SetKeyboardState(state.data());
-    }
 
     bool HasStyle(DWORD style) const {
         return (static_cast<DWORD>(GetWindowLongPtrW(dialog_.Get(), GWL_EXSTYLE)) & style) != 0;
@@ -133,11 +122,11 @@ TEST_F(WindowPlacementTest, HeldModifierPutsTheRaisingOff) {
     for (const int key : {VK_SHIFT, VK_CONTROL}) {
         SCOPED_TRACE(key);
         SetForegroundWindow(other.Get());
-        HoldKeys({key});
+        test::HoldKeys({key});
         RaiseOnce(dialog_.Get());
         EXPECT_FALSE(IsInFront());
         EXPECT_TRUE(TimerTicks());
-        HoldKeys({});
+        test::HoldKeys({});
         RaiseOnce(dialog_.Get());
         EXPECT_TRUE(IsInFront());
         EXPECT_FALSE(StopTimer());

@@ -178,9 +178,9 @@ Result CopyEngine::EnsureFolder(const std::wstring& folder) {
     return Attempt(folder, [&] { return FromWindowsError(disk_.MakeFolder(folder)); });
 }
 
-Result CopyEngine::ResolveFileCollision(Transfer& transfer) {
-    const ItemKind kind = disk_.Kind(transfer.Target);
-    if (kind == ItemKind::Missing) {
+// What files and folders have in common; nothing where they differ.
+std::optional<Result> CopyEngine::ResolveAlike(Transfer& transfer, ItemKind existing, bool isFolder) {
+    if (existing == ItemKind::Missing) {
         return kDone;
     }
     const bool isSame = disk_.IsSame(transfer.Source, transfer.Target);
@@ -188,11 +188,19 @@ Result CopyEngine::ResolveFileCollision(Transfer& transfer) {
         return IsChangeOfCase(transfer.Source, transfer.Target) ? kDone : Refuse(transfer.Source, kSameFile);
     }
     if (Has(kFlagRenameOnCollision)) {
-        PickFreeName(transfer, false);
+        PickFreeName(transfer, isFolder);
         return kDone;
     }
     if (isSame) {
         return Refuse(transfer.Source, kSameFile);
+    }
+    return std::nullopt;
+}
+
+Result CopyEngine::ResolveFileCollision(Transfer& transfer) {
+    const ItemKind kind = disk_.Kind(transfer.Target);
+    if (const auto resolved = ResolveAlike(transfer, kind, false)) {
+        return *resolved;
     }
     if (kind != ItemKind::File) {
         return Refuse(transfer.Source, kFileOntoFolder);
@@ -206,19 +214,8 @@ Result CopyEngine::ResolveFileCollision(Transfer& transfer) {
 
 Result CopyEngine::ResolveFolderCollision(Transfer& transfer, bool& merges) {
     const ItemKind kind = disk_.Kind(transfer.Target);
-    if (kind == ItemKind::Missing) {
-        return kDone;
-    }
-    const bool isSame = disk_.IsSame(transfer.Source, transfer.Target);
-    if (isSame && transfer.What != Verb::Copy) {
-        return IsChangeOfCase(transfer.Source, transfer.Target) ? kDone : Refuse(transfer.Source, kSameFile);
-    }
-    if (Has(kFlagRenameOnCollision)) {
-        PickFreeName(transfer, true);
-        return kDone;
-    }
-    if (isSame) {
-        return Refuse(transfer.Source, kSameFile);
+    if (const auto resolved = ResolveAlike(transfer, kind, true)) {
+        return *resolved;
     }
     if (kind == ItemKind::File) {
         return Refuse(transfer.Source, kFolderOntoFile);

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -61,6 +62,7 @@ private:
     Result MakeNewItem(const Operation& operation);
     Result EnsureFolder(const std::wstring& folder);
 
+    std::optional<Result> ResolveAlike(Transfer& transfer, ItemKind existing, bool isFolder);
     Result ResolveFileCollision(Transfer& transfer);
     Result ResolveFolderCollision(Transfer& transfer, bool& merges);
     Result AskCollision(Transfer& transfer);

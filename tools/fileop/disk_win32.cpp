@@ -55,6 +55,18 @@ void RestoreAttributes(const std::wstring& longPath, DWORD attributes) noexcept 
     }
 }
 
+// What is read-only cannot be removed; what stays has its old attributes again.
+std::uint32_t RemoveBy(BOOL(WINAPI* remove)(const wchar_t*), const std::wstring& path) {
+    const std::wstring longPath = LongForm(path);
+    const DWORD attributes = MakeWritable(longPath);
+    if (remove(longPath.c_str())) {
+        return 0;
+    }
+    const std::uint32_t code = LastError();
+    RestoreAttributes(longPath, attributes);
+    return code;
+}
+
 bool ReadIdentity(const std::wstring& path, BY_HANDLE_FILE_INFORMATION& identity) {
     const FileHandle file =
         OpenFile(LongForm(path), FILE_READ_ATTRIBUTES, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
@@ -242,25 +254,11 @@ std::uint32_t WindowsDisk::CopyFolderAttributes(const std::wstring& source, cons
 }
 
 std::uint32_t WindowsDisk::RemoveFile(const std::wstring& path) {
-    const std::wstring longPath = LongForm(path);
-    const DWORD attributes = MakeWritable(longPath);
-    if (DeleteFileW(longPath.c_str())) {
-        return 0;
-    }
-    const std::uint32_t code = LastError();
-    RestoreAttributes(longPath, attributes);
-    return code;
+    return RemoveBy(&DeleteFileW, path);
 }
 
 std::uint32_t WindowsDisk::RemoveFolder(const std::wstring& path) {
-    const std::wstring longPath = LongForm(path);
-    const DWORD attributes = MakeWritable(longPath);
-    if (RemoveDirectoryW(longPath.c_str())) {
-        return 0;
-    }
-    const std::uint32_t code = LastError();
-    RestoreAttributes(longPath, attributes);
-    return code;
+    return RemoveBy(&RemoveDirectoryW, path);
 }
 
 }  // namespace ferry::fileop

@@ -186,12 +186,16 @@ HRESULT FileOperation::NewItem(IShellItem* folder, DWORD attributes, LPCWSTR nam
         operation.Plan.What = Verb::NewItem;
         operation.Plan.NewName = name;
         operation.Plan.NewAttributes = attributes;
-        operation.Folder = ComRef(folder);
-        operation.Sink = ComRef(sink);
-        const std::lock_guard lock(guard_);
-        queue_.push_back(std::move(operation));
+        Enqueue(std::move(operation), folder, sink);
         return S_OK;
     });
+}
+
+void FileOperation::Enqueue(QueuedOperation operation, IShellItem* folder, IFileOperationProgressSink* sink) {
+    operation.Folder = ComRef(folder);
+    operation.Sink = ComRef(sink);
+    const std::lock_guard lock(guard_);
+    queue_.push_back(std::move(operation));
 }
 
 HRESULT FileOperation::Queue(Verb verb, const wchar_t* call, IShellItem* item, IShellItem* folder,
@@ -216,10 +220,7 @@ HRESULT FileOperation::Queue(Verb verb, const wchar_t* call, IShellItem* item, I
         return result;
     }
     operation.Item = ComRef(item);
-    operation.Folder = ComRef(folder);
-    operation.Sink = ComRef(sink);
-    const std::lock_guard lock(guard_);
-    queue_.push_back(std::move(operation));
+    Enqueue(std::move(operation), folder, sink);
     return S_OK;
 }
 

@@ -67,6 +67,7 @@ private:
 
     ~FileOperation();
 
+    void Enqueue(QueuedOperation operation, IShellItem* folder, IFileOperationProgressSink* sink);
     HRESULT Queue(Verb verb, const wchar_t* call, IShellItem* item, IShellItem* folder,
                   const wchar_t* newName, IFileOperationProgressSink* sink);
     HRESULT QueueAll(Verb verb, const wchar_t* call, IUnknown* items, IShellItem* folder,

@@ -3,17 +3,10 @@
 #include <windows.h>
 
 #include "base/handles_win32.h"
+#include "base/utf16.h"
 
 namespace ferry::fileop {
 namespace {
-
-std::string ToUtf8(const std::wstring& text) {
-    const int units = static_cast<int>(text.size());
-    const int size = WideCharToMultiByte(CP_UTF8, 0, text.data(), units, nullptr, 0, nullptr, nullptr);
-    std::string bytes(static_cast<std::size_t>(size), '\0');
-    WideCharToMultiByte(CP_UTF8, 0, text.data(), units, bytes.data(), size, nullptr, nullptr);
-    return bytes;
-}
 
 std::wstring Digits(std::uint64_t number, std::size_t width) {
     std::wstring digits;
@@ -44,7 +37,7 @@ void WriteLog(std::initializer_list<std::wstring_view> fields) {
     if (path.empty()) {
         return;
     }
-    const std::string bytes = ToUtf8(Line(fields));
+    const std::string bytes = base::ToUtf8(Line(fields));
     // Appending is not one step under Wine; the mutex keeps the lines of several processes whole.
     const base::MutexHandle mutex(CreateMutexW(nullptr, FALSE, L"Local\\FerryFileOperationLog"));
     if (mutex) {

@@ -5,18 +5,11 @@
 #include <optional>
 #include <string>
 
-#include "base/unique_resource.h"
+#include "base/handles_win32.h"
 #include "module_win32.h"
 
 namespace ferry::fileop {
 namespace {
-
-struct KeyTraits {
-    using Value = HKEY;
-    static Value Nothing() noexcept { return nullptr; }
-    static void Release(Value value) noexcept { RegCloseKey(value); }
-};
-using Key = base::UniqueResource<KeyTraits>;
 
 // CLSID_FileOperation (shobjidl.h). The same entry under HKEY_CURRENT_USER is not looked at.
 constexpr wchar_t kServerKey[] =
@@ -77,7 +70,7 @@ HRESULT RegisterClassServer() {
     if (!IsWine()) {
         return SELFREG_E_CLASS;
     }
-    Key key;
+    base::RegistryKey key;
     LSTATUS status = RegCreateKeyExW(HKEY_LOCAL_MACHINE, kServerKey, 0, nullptr, 0, KEY_READ | KEY_WRITE,
                                      nullptr, key.Put(), nullptr);
     const std::wstring own = ModulePath();
@@ -94,7 +87,7 @@ HRESULT RegisterClassServer() {
 }
 
 HRESULT UnregisterClassServer() {
-    Key key;
+    base::RegistryKey key;
     LSTATUS status = RegOpenKeyExW(HKEY_LOCAL_MACHINE, kServerKey, 0, KEY_READ | KEY_WRITE, key.Put());
     const auto path = status == ERROR_SUCCESS ? ReadText(key.Get(), kPreviousPath) : std::nullopt;
     if (!path) {

@@ -1,12 +1,15 @@
 #include "watched_run_win32.h"
 
+#include <algorithm>
 #include <cstdio>
+#include <iterator>
 
 #include "base/utf16.h"
 #include "e2e/driver/keys.h"
 #include "e2e/driver/message_box.h"
 #include "e2e/driver/poll.h"
 #include "e2e/driver/run_dialogs.h"
+#include "samplehost/process_windows_win32.h"
 
 namespace ferry::rundriver {
 namespace {
@@ -28,26 +31,12 @@ constexpr Question kQuestions[] = {
     {"error", IDRETRY, kSkipButton},     // the file-operation service: again or skip
 };
 
-struct QuestionSearch {
-    DWORD ProcessId;
-    HWND Window = nullptr;
-    const Question* Asked = nullptr;
-};
-
-BOOL CALLBACK VisitWindow(HWND window, LPARAM parameter) {
-    auto& search = *reinterpret_cast<QuestionSearch*>(parameter);
-    DWORD owner = 0;
-    GetWindowThreadProcessId(window, &owner);
-    if (owner != search.ProcessId || !IsWindowVisible(window))
-        return TRUE;
-    for (const Question& question : kQuestions) {
-        if (GetDlgItem(window, question.TellingControl) != nullptr) {
-            search.Window = window;
-            search.Asked = &question;
-            return FALSE;
-        }
-    }
-    return TRUE;
+/// What `window` asks; null when it asks nothing.
+const Question* QuestionIn(HWND window) {
+    const Question* const found = std::ranges::find_if(kQuestions, [window](const Question& question) {
+        return GetDlgItem(window, question.TellingControl) != nullptr;
+    });
+    return found == std::end(kQuestions) ? nullptr : found;
 }
 
 void MoveTo(HWND window, int left, int top) {
@@ -143,16 +132,17 @@ bool WatchedRun::AnswerWhatIsAsked() {
             dialog_.Click(kCancelButton);
         return true;
     }
-    QuestionSearch search{run_.FerryId()};
-    EnumWindows(VisitWindow, reinterpret_cast<LPARAM>(&search));  // stops early when found
-    if (search.Window == nullptr)
+    const Question* asked = nullptr;
+    const HWND window = samplehost::FindVisibleWindow(
+        run_.FerryId(), [&](HWND candidate) { return (asked = QuestionIn(candidate)) != nullptr; });
+    if (window == nullptr)
         return false;
     if (wishes_.PausesAt)
-        PlaceBesideProgress(search.Window, run_.FerryId());
-    std::printf("a question was answered by skipping: %s\n", search.Asked->Name);
-    Pause(search.Asked->Name);
-    PostMessageW(GetDlgItem(search.Window, search.Asked->Answer), BM_CLICK, 0, 0);
-    e2e::WaitUntil([&] { return !IsWindow(search.Window) || !IsWindowVisible(search.Window); });
+        PlaceBesideProgress(window, run_.FerryId());
+    std::printf("a question was answered by skipping: %s\n", asked->Name);
+    Pause(asked->Name);
+    PostMessageW(GetDlgItem(window, asked->Answer), BM_CLICK, 0, 0);
+    e2e::WaitUntil([&] { return !IsWindow(window) || !IsWindowVisible(window); });
     return true;
 }
 

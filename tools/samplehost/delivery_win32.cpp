@@ -5,38 +5,15 @@
 
 #include <cstring>
 
-#include "base/unique_resource.h"
+#include "base/handles_win32.h"
 #include "host_block_writer.h"
+#include "process_windows_win32.h"
 
 namespace ferry::samplehost {
 namespace {
 
 /// The source list in Ferry's dialog.
 constexpr int kSourceListId = 1200;
-
-struct ProcessTraits {
-    using Value = HANDLE;
-    static Value Nothing() noexcept { return nullptr; }
-    static void Release(Value process) noexcept { CloseHandle(process); }
-};
-using ProcessHandle = base::UniqueResource<ProcessTraits>;
-
-struct DialogSearch {
-    DWORD ProcessId;
-    HWND Found;
-};
-
-BOOL CALLBACK VisitWindow(HWND window, LPARAM parameter) {
-    auto& search = *reinterpret_cast<DialogSearch*>(parameter);
-    DWORD owner = 0;
-    GetWindowThreadProcessId(window, &owner);
-    if (owner != search.ProcessId || !IsWindowVisible(window))
-        return TRUE;
-    if (GetDlgItem(window, kSourceListId) == nullptr)
-        return TRUE;
-    search.Found = window;
-    return FALSE;
-}
 
 bool RunsUnderWine() {
     const HMODULE loader = GetModuleHandleW(L"ntdll.dll");
@@ -49,7 +26,7 @@ bool RunsUnderWine() {
 HDROP PlaceInTarget(HWND target, std::span<const std::byte> block) {
     DWORD processId = 0;
     GetWindowThreadProcessId(target, &processId);
-    const ProcessHandle process(OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_WRITE, FALSE, processId));
+    const base::ProcessHandle process(OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_WRITE, FALSE, processId));
     if (!process)
         return nullptr;
     void* const place =
@@ -80,9 +57,8 @@ HDROP PlaceInGlobalMemory(std::span<const std::byte> block) {
 }  // namespace
 
 HWND FindFerryDialog(DWORD processId) {
-    DialogSearch search{processId, nullptr};
-    EnumWindows(VisitWindow, reinterpret_cast<LPARAM>(&search));  // stops early when found
-    return search.Found;
+    return FindVisibleWindow(processId,
+                             [](HWND window) { return GetDlgItem(window, kSourceListId) != nullptr; });
 }
 
 bool SendData(HWND target, HWND sender, std::uint64_t tag, std::span<const std::byte> bytes,

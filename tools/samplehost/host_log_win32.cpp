@@ -34,12 +34,9 @@ void WriteBytes(HANDLE file, const std::string& bytes) {
 }  // namespace
 
 bool HostLog::OpenFile(const std::wstring& path) {
-    const HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
-                                    CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (file == INVALID_HANDLE_VALUE)
-        return false;
-    file_.Reset(file);
-    return true;
+    file_.Reset(CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                            CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+    return static_cast<bool>(file_);
 }
 
 void HostLog::Write(std::initializer_list<std::wstring_view> fields) {

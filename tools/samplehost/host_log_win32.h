@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-#include "shared_block_win32.h"
+#include "base/handles_win32.h"
 
 namespace ferry::samplehost {
 
@@ -26,7 +26,7 @@ public:
     void Write(std::initializer_list<std::wstring_view> fields);
 
 private:
-    Handle file_;
+    base::FileHandle file_;
     std::function<void(const std::wstring&)> view_;
 };
 

@@ -113,7 +113,7 @@ bool HostSession::StartFerry() {
         log_.Write({L"ERROR", L"cannot start", options_.FerryPath, std::to_wstring(GetLastError())});
         return false;
     }
-    CloseHandle(info.hThread);
+    const base::ThreadHandle thread(info.hThread);
     process_.Reset(info.hProcess);
     processId_ = info.dwProcessId;
     log_.Write({L"STARTED", std::to_wstring(processId_), line});

@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/handles_win32.h"
 #include "host_log_win32.h"
 #include "host_options.h"
 #include "host_window_win32.h"
@@ -43,7 +44,7 @@ private:
     HostWindow window_;
     SharedBlock block_;
     std::vector<std::byte> bytes_;
-    Handle process_;
+    base::ProcessHandle process_;
     DWORD processId_ = 0;
     DWORD exitCode_ = 0;
     HWND dialog_ = nullptr;

@@ -14,11 +14,10 @@ bool SharedBlock::Create(const VariableFields& names, std::span<const std::byte>
                                       MappingName(names).c_str()));
     if (!mapping_)
         return false;
-    void* const view = MapViewOfFile(mapping_.Get(), FILE_MAP_WRITE, 0, 0, mappingBytes);
-    if (view == nullptr)
+    const base::MappedView view(MapViewOfFile(mapping_.Get(), FILE_MAP_WRITE, 0, 0, mappingBytes));
+    if (!view)
         return false;
-    std::memcpy(view, bytes.data(), bytes.size());
-    UnmapViewOfFile(view);
+    std::memcpy(view.Get(), bytes.data(), bytes.size());
     return true;
 }
 

@@ -7,17 +7,10 @@
 #include <cstdint>
 #include <span>
 
-#include "base/unique_resource.h"
+#include "base/handles_win32.h"
 #include "host_block_writer.h"
 
 namespace ferry::samplehost {
-
-struct HandleTraits {
-    using Value = HANDLE;
-    static Value Nothing() noexcept { return nullptr; }
-    static void Release(Value handle) noexcept { CloseHandle(handle); }
-};
-using Handle = base::UniqueResource<HandleTraits>;
 
 /// Keeps the mapping and the mutex alive; both vanish with it.
 class SharedBlock {
@@ -32,8 +25,8 @@ public:
     void ReleaseGuard() noexcept;
 
 private:
-    Handle guard_;
-    Handle mapping_;
+    base::MutexHandle guard_;
+    base::MappingHandle mapping_;
     bool holdsGuard_ = false;
 };
 

@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <string_view>
 
+#include "base/handles_win32.h"
 #include "base/utf16.h"
-#include "shared_block_win32.h"
 
 namespace ferry::samplehost {
 namespace {
@@ -16,11 +16,10 @@ constexpr std::size_t kChunkBytes = std::size_t{1} << 20;
 }  // namespace
 
 std::optional<std::vector<std::byte>> ReadWholeFile(const std::wstring& path) {
-    const HANDLE raw = CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
-                                   FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (raw == INVALID_HANDLE_VALUE)
+    const base::FileHandle file(CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
+                                            OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (!file)
         return std::nullopt;
-    const Handle file(raw);
     std::vector<std::byte> bytes;
     DWORD read = 0;
     do {

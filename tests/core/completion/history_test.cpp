@@ -3,36 +3,13 @@
 
 #include <gtest/gtest.h>
 
-#include <map>
-
 #include "base/invalid_argument.h"
+#include "core/settings/memory_store.h"
 
 namespace ferry::completion {
 namespace {
 
 using Texts = std::vector<std::wstring>;
-
-class FakeStore : public settings::SettingsStore {
-public:
-    std::wstring ReadText(std::wstring_view name, std::wstring_view defaultText) override {
-        const auto found = Values.find(std::wstring(name));
-        return found == Values.end() ? std::wstring(defaultText) : found->second;
-    }
-    std::uint32_t ReadNumber(std::wstring_view, std::uint32_t number) override { return number; }
-    bool WriteText(std::wstring_view name, std::wstring_view text) override {
-        Values[std::wstring(name)] = text;
-        return true;
-    }
-    bool WriteNumber(std::wstring_view, std::uint32_t) override { return false; }
-    std::wstring ReadHostText(std::wstring_view, std::wstring_view text) override {
-        return std::wstring(text);
-    }
-    std::uint32_t ReadHostNumber(std::wstring_view) override { return 0; }
-    bool WriteTextToKey(std::wstring_view, std::wstring_view, std::wstring_view) override { return false; }
-    bool WriteNumberToKey(std::wstring_view, std::wstring_view, std::uint32_t) override { return false; }
-
-    std::map<std::wstring, std::wstring> Values;
-};
 
 /// A history with these entries, the first one the most recent.
 History HistoryOf(const Texts& entries) {
@@ -114,8 +91,8 @@ TEST(History, IgnoresAnEmptyText) {
 }
 
 TEST(History, KeepsUnusedSlotsBetweenEntriesWhereTheyWereStored) {
-    FakeStore store;
-    store.Values = {{L"Ferry001", L"a"}, {L"Ferry004", L"b"}};
+    test::MemoryStore store;
+    store.Texts = {{L"Ferry001", L"a"}, {L"Ferry004", L"b"}};
     History history;
     history.Load(store);
     EXPECT_EQ(history.Entries(), (Texts{L"a", L"b"}));
@@ -127,18 +104,18 @@ TEST(History, KeepsUnusedSlotsBetweenEntriesWhereTheyWereStored) {
 }
 
 TEST(History, WritesAllTwentyValuesEveryTime) {
-    FakeStore store;
+    test::MemoryStore store;
     HistoryOf({L"a", L"b"}).Save(store);
-    ASSERT_EQ(store.Values.size(), 20U);
-    EXPECT_EQ(store.Values[L"Ferry000"], L"a");
-    EXPECT_EQ(store.Values[L"Ferry001"], L"b");
+    ASSERT_EQ(store.Texts.size(), 20U);
+    EXPECT_EQ(store.Texts[L"Ferry000"], L"a");
+    EXPECT_EQ(store.Texts[L"Ferry001"], L"b");
     for (int index = 2; index < History::kSlotCount; ++index) {
-        EXPECT_EQ(store.Values[History::ValueName(index)], L"");
+        EXPECT_EQ(store.Texts[History::ValueName(index)], L"");
     }
 }
 
 TEST(History, ReadsWhatItWrote) {
-    FakeStore store;
+    test::MemoryStore store;
     HistoryOf(TwentyEntries()).Save(store);
     History history;
     history.Load(store);
@@ -146,19 +123,19 @@ TEST(History, ReadsWhatItWrote) {
 }
 
 TEST(History, ForgetsSlotsThatTheStoreNoLongerHas) {
-    FakeStore store;
+    test::MemoryStore store;
     History history = HistoryOf({L"a", L"b"});
     history.Load(store);
     EXPECT_EQ(history.Entries(), Texts{});
 }
 
 TEST(History, ClearedIsEmptyInEverySlot) {
-    FakeStore store;
+    test::MemoryStore store;
     History history = HistoryOf(TwentyEntries());
     history.Clear();
     history.Save(store);
-    EXPECT_EQ(store.Values.size(), 20U);
-    for (const auto& [name, text] : store.Values) {
+    EXPECT_EQ(store.Texts.size(), 20U);
+    for (const auto& [name, text] : store.Texts) {
         EXPECT_EQ(text, L"");
     }
 }

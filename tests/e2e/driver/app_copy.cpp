@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include "e2e/driver/folder_entries.h"
 #include "e2e/driver/surroundings.h"
 #include "e2e/driver/temp_tree.h"
 
@@ -10,22 +11,16 @@ namespace {
 
 bool CopyFolder(const std::wstring& from, const std::wstring& to) {
     CreateDirectoryW(LongForm(to).c_str(), nullptr);  // its absence shows in the copies below
-    WIN32_FIND_DATAW found = {};
-    const HANDLE search = FindFirstFileW((from + L"\\*").c_str(), &found);
-    if (search == INVALID_HANDLE_VALUE)
-        return false;
     bool isCopied = true;
-    do {
-        const std::wstring name = L"\\" + std::wstring(found.cFileName);
-        if (name == L"\\." || name == L"\\..")
-            continue;
-        if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0)
-            isCopied = CopyFolder(from + name, to + name) && isCopied;
-        else
-            isCopied = CopyFileW((from + name).c_str(), (to + name).c_str(), FALSE) && isCopied;
-    } while (FindNextFileW(search, &found));
-    FindClose(search);
-    return isCopied;
+    const bool isListed = VisitEntries(from, [&](const FolderEntry& entry) {
+        const std::wstring source = from + L'\\' + entry.Name;
+        const std::wstring target = to + L'\\' + entry.Name;
+        const bool isEntryCopied = entry.IsFolder()
+                                       ? CopyFolder(source, target)
+                                       : CopyFileW(source.c_str(), target.c_str(), FALSE) != FALSE;
+        isCopied = isEntryCopied && isCopied;
+    });
+    return isListed && isCopied;
 }
 
 }  // namespace

@@ -3,8 +3,6 @@
 namespace ferry::e2e {
 namespace {
 
-using samplehost::Handle;
-
 std::wstring Quoted(const std::wstring& argument) {
     std::wstring text = L"\"";
     for (const wchar_t unit : argument) {
@@ -17,8 +15,8 @@ std::wstring Quoted(const std::wstring& argument) {
     return text + L'"';
 }
 
-Handle MakeJob() {
-    Handle job(CreateJobObjectW(nullptr, nullptr));
+JobHandle MakeJob() {
+    JobHandle job(CreateJobObjectW(nullptr, nullptr));
     JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits = {};
     limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
     SetInformationJobObject(job.Get(), JobObjectExtendedLimitInformation, &limits, sizeof(limits));
@@ -43,10 +41,10 @@ ChildProcess::ChildProcess(const std::wstring& path, const std::vector<std::wstr
                         nullptr, &start, &info)) {
         return;
     }
-    AssignProcessToJobObject(job_.Get(), info.hProcess);
-    ResumeThread(info.hThread);
-    CloseHandle(info.hThread);
     process_.Reset(info.hProcess);
+    const base::ThreadHandle thread(info.hThread);
+    AssignProcessToJobObject(job_.Get(), process_.Get());
+    ResumeThread(thread.Get());
     id_ = info.dwProcessId;
 }
 
@@ -65,13 +63,13 @@ DWORD ChildProcess::ExitCode() const noexcept {
 }
 
 void WaitForIdleProcess(DWORD processId, int timeoutMs) {
-    const Handle process(OpenProcess(SYNCHRONIZE | PROCESS_QUERY_INFORMATION, FALSE, processId));
+    const base::ProcessHandle process(OpenProcess(SYNCHRONIZE | PROCESS_QUERY_INFORMATION, FALSE, processId));
     // Best effort: it only spares the tests the messages that a dialog posts to itself at its start.
     WaitForInputIdle(process.Get(), static_cast<DWORD>(timeoutMs));
 }
 
 bool WaitForProcess(DWORD processId, int timeoutMs) {
-    const Handle process(OpenProcess(SYNCHRONIZE, FALSE, processId));
+    const base::ProcessHandle process(OpenProcess(SYNCHRONIZE, FALSE, processId));
     return !process || WaitForSingleObject(process.Get(), static_cast<DWORD>(timeoutMs)) == WAIT_OBJECT_0;
 }
 

@@ -6,9 +6,11 @@
 #include <string>
 #include <vector>
 
-#include "samplehost/shared_block_win32.h"
+#include "base/handles_win32.h"
 
 namespace ferry::e2e {
+
+using JobHandle = base::KernelObject<struct JobKind>;
 
 /// A started process. It and its children end with this object at the latest.
 class ChildProcess {
@@ -28,8 +30,8 @@ public:
     DWORD Id() const noexcept { return id_; }
 
 private:
-    samplehost::Handle job_;
-    samplehost::Handle process_;
+    JobHandle job_;
+    base::ProcessHandle process_;
     DWORD id_ = 0;
 };
 

@@ -1,7 +1,6 @@
 #include "e2e/driver/contents.h"
 
-#include <windows.h>
-
+#include "e2e/driver/folder_entries.h"
 #include "e2e/driver/temp_tree.h"
 #include "e2e/driver/tree_snapshot.h"
 
@@ -18,21 +17,15 @@ Contents ContentsBelow(const std::wstring& root) {
 
 std::vector<std::wstring> FilesBelow(const std::wstring& root) {
     std::vector<std::wstring> files;
-    WIN32_FIND_DATAW found = {};
-    const HANDLE search = FindFirstFileW((LongForm(root) + L"\\*").c_str(), &found);
-    if (search == INVALID_HANDLE_VALUE)
-        return files;
-    do {
-        const std::wstring name = found.cFileName;
-        const std::wstring path = root + L'\\' + name;
-        if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0) {
+    VisitEntries(LongForm(root), [&](const FolderEntry& entry) {
+        const std::wstring path = root + L'\\' + entry.Name;
+        if (!entry.IsFolder()) {
             files.push_back(path);
-        } else if (name != L"." && name != L"..") {
+        } else {
             const auto inside = FilesBelow(path);
             files.insert(files.end(), inside.begin(), inside.end());
         }
-    } while (FindNextFileW(search, &found));
-    FindClose(search);
+    });
     return files;
 }
 

@@ -3,6 +3,7 @@
 #include "e2e/driver/file_op_log.h"
 #include "e2e/driver/surroundings.h"
 #include "samplehost/delivery_win32.h"
+#include "samplehost/host_block_writer.h"
 
 namespace ferry::e2e {
 namespace {

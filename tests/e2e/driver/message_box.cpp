@@ -1,6 +1,7 @@
 #include "e2e/driver/message_box.h"
 
 #include "e2e/driver/poll.h"
+#include "samplehost/process_windows_win32.h"
 
 namespace ferry::e2e {
 namespace {
@@ -10,21 +11,9 @@ constexpr int kTextId = 0xFFFF;
 constexpr wchar_t kDialogClass[] = L"#32770";
 constexpr int kSourceListId = 1200;
 
-struct BoxSearch {
-    DWORD ProcessId;
-    HWND Found;
-};
-
-BOOL CALLBACK VisitWindow(HWND window, LPARAM parameter) {
-    auto& search = *reinterpret_cast<BoxSearch*>(parameter);
-    DWORD owner = 0;
-    GetWindowThreadProcessId(window, &owner);
-    if (owner != search.ProcessId || !IsWindowVisible(window) || ClassOf(window) != kDialogClass)
-        return TRUE;
-    if (GetDlgItem(window, kTextId) == nullptr || GetDlgItem(window, kSourceListId) != nullptr)
-        return TRUE;
-    search.Found = window;
-    return FALSE;
+bool IsMessageBox(HWND window) {
+    return ClassOf(window) == kDialogClass && GetDlgItem(window, kTextId) != nullptr &&
+           GetDlgItem(window, kSourceListId) == nullptr;
 }
 
 }  // namespace
@@ -45,11 +34,10 @@ std::wstring ClassOf(HWND window) {
 }
 
 ShownBox FindMessageBox(DWORD processId) {
-    BoxSearch search{processId, nullptr};
-    EnumWindows(VisitWindow, reinterpret_cast<LPARAM>(&search));  // stops early when found
-    if (search.Found == nullptr)
+    const HWND box = samplehost::FindVisibleWindow(processId, IsMessageBox);
+    if (box == nullptr)
         return {};
-    return {search.Found, RemoteText(GetDlgItem(search.Found, kTextId))};
+    return {box, RemoteText(GetDlgItem(box, kTextId))};
 }
 
 ShownBox WaitForMessageBox(DWORD processId) {

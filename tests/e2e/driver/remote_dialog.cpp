@@ -4,10 +4,10 @@
 
 #include <algorithm>
 
+#include "base/handles_win32.h"
 #include "e2e/driver/keys.h"
 #include "e2e/driver/message_box.h"
 #include "e2e/driver/poll.h"
-#include "samplehost/shared_block_win32.h"
 
 namespace ferry::e2e {
 namespace {
@@ -35,7 +35,7 @@ public:
     }
 
 private:
-    samplehost::Handle process_;
+    base::ProcessHandle process_;
     void* place_ = nullptr;
 };
 

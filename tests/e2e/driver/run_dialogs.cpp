@@ -3,6 +3,7 @@
 #include "e2e/driver/keys.h"
 #include "e2e/driver/message_box.h"
 #include "e2e/driver/poll.h"
+#include "samplehost/process_windows_win32.h"
 
 namespace ferry::e2e {
 namespace {
@@ -19,29 +20,12 @@ int TellingControl(RunDialog kind) {
     }
 }
 
-struct DialogSearch {
-    DWORD ProcessId;
-    int TellingControl;
-    HWND Found = nullptr;
-};
-
-BOOL CALLBACK VisitWindow(HWND window, LPARAM parameter) {
-    auto& search = *reinterpret_cast<DialogSearch*>(parameter);
-    DWORD owner = 0;
-    GetWindowThreadProcessId(window, &owner);
-    if (owner != search.ProcessId || !IsWindowVisible(window) ||
-        GetDlgItem(window, search.TellingControl) == nullptr)
-        return TRUE;
-    search.Found = window;
-    return FALSE;
-}
-
 }  // namespace
 
 RemoteDialog FindRunDialog(DWORD processId, RunDialog kind) {
-    DialogSearch search{processId, TellingControl(kind)};
-    EnumWindows(VisitWindow, reinterpret_cast<LPARAM>(&search));  // stops early when found
-    return RemoteDialog(search.Found);
+    const int id = TellingControl(kind);
+    return RemoteDialog(samplehost::FindVisibleWindow(
+        processId, [id](HWND window) { return GetDlgItem(window, id) != nullptr; }));
 }
 
 RemoteDialog WaitForRunDialog(DWORD processId, RunDialog kind) {

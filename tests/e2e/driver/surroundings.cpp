@@ -23,6 +23,12 @@ void SetVariable(const std::wstring& name, const std::wstring& value) {
     SetEnvironmentVariableW(name.c_str(), value.empty() ? nullptr : value.c_str());
 }
 
+std::wstring OwnFolder() {
+    std::wstring path(32768, L'\0');
+    path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
+    return path.substr(0, path.rfind(L'\\'));
+}
+
 std::wstring AppFolder() {
     std::wstring folder = Variable(L"FERRY_E2E_APP");
     while (folder.ends_with(L'\\') || folder.ends_with(L'/')) {

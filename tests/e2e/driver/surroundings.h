@@ -13,6 +13,9 @@ std::wstring Variable(const std::wstring& name);
 /// Sets a variable that programs started later inherit; an empty value removes it.
 void SetVariable(const std::wstring& name, const std::wstring& value);
 
+/// The folder of the running program, without a trailing separator.
+std::wstring OwnFolder();
+
 /// The folder of the installed layout, from FERRY_E2E_APP, without a trailing separator.
 std::wstring AppFolder();
 

@@ -2,14 +2,13 @@
 
 #include <cmath>
 
+#include "base/handles_win32.h"
 #include "base/utf16.h"
+#include "e2e/driver/folder_entries.h"
 #include "e2e/driver/surroundings.h"
-#include "samplehost/shared_block_win32.h"
 
 namespace ferry::e2e {
 namespace {
-
-using samplehost::Handle;
 
 /// 2020-01-02 03:04:06 UTC: an even second, which every file system keeps.
 constexpr long long kMoment = 132224078460000000LL;
@@ -22,10 +21,9 @@ void MakeFolders(const std::wstring& path) {
     CreateDirectoryW(LongForm(path).c_str(), nullptr);
 }
 
-Handle OpenForWriting(std::wstring_view path) {
-    const HANDLE file = CreateFileW(LongForm(path).c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
-                                    CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
-    return Handle(file == INVALID_HANDLE_VALUE ? nullptr : file);
+base::FileHandle OpenForWriting(std::wstring_view path) {
+    return base::FileHandle(CreateFileW(LongForm(path).c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+                                        CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
 }
 
 FILETIME TimeAfterMoment(double seconds) {
@@ -33,7 +31,7 @@ FILETIME TimeAfterMoment(double seconds) {
     return FILETIME{static_cast<DWORD>(ticks & 0xFFFFFFFF), static_cast<DWORD>(ticks >> 32)};
 }
 
-void WriteAll(const Handle& file, std::string_view content) {
+void WriteAll(const base::FileHandle& file, std::string_view content) {
     DWORD written = 0;
     ::WriteFile(file.Get(), content.data(), static_cast<DWORD>(content.size()), &written, nullptr);
 }
@@ -49,15 +47,14 @@ bool Exists(std::wstring_view path) {
 }
 
 std::string ReadBytes(std::wstring_view path) {
-    const HANDLE raw = CreateFileW(LongForm(path).c_str(), GENERIC_READ,
-                                   FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                                   OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (raw == INVALID_HANDLE_VALUE)
+    const base::FileHandle file(CreateFileW(LongForm(path).c_str(), GENERIC_READ,
+                                            FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                            OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (!file)
         return {};
-    const Handle file(raw);
-    std::string bytes(static_cast<std::size_t>(GetFileSize(raw, nullptr)), '\0');
+    std::string bytes(static_cast<std::size_t>(GetFileSize(file.Get(), nullptr)), '\0');
     DWORD read = 0;
-    if (!ReadFile(raw, bytes.data(), static_cast<DWORD>(bytes.size()), &read, nullptr))
+    if (!ReadFile(file.Get(), bytes.data(), static_cast<DWORD>(bytes.size()), &read, nullptr))
         return {};
     bytes.resize(read);
     return bytes;
@@ -79,16 +76,7 @@ void RemoveAll(const std::wstring& path) {
         DeleteFileW(longPath.c_str());
         return;
     }
-    WIN32_FIND_DATAW found = {};
-    const HANDLE search = FindFirstFileW((longPath + L"\\*").c_str(), &found);
-    if (search != INVALID_HANDLE_VALUE) {
-        do {
-            const std::wstring name = found.cFileName;
-            if (name != L"." && name != L"..")
-                RemoveAll(path + L'\\' + name);
-        } while (FindNextFileW(search, &found));
-        FindClose(search);
-    }
+    VisitEntries(longPath, [&](const FolderEntry& entry) { RemoveAll(path + L'\\' + entry.Name); });
     RemoveDirectoryW(longPath.c_str());
 }
 
@@ -119,7 +107,7 @@ std::wstring TempTree::WriteFile(std::wstring_view relative, std::string_view co
     const std::wstring path = Path(relative);
     MakeFolders(path.substr(0, path.rfind(L'\\')));
     {
-        const Handle file = OpenForWriting(path);
+        const base::FileHandle file = OpenForWriting(path);
         WriteAll(file, content);
         const FILETIME time = TimeAfterMoment(seconds);
         SetFileTime(file.Get(), &time, &time, &time);

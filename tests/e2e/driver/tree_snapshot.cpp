@@ -1,6 +1,7 @@
 #include "e2e/driver/tree_snapshot.h"
 
 #include "base/utf16.h"
+#include "e2e/driver/folder_entries.h"
 #include "e2e/driver/temp_tree.h"
 
 namespace ferry::e2e {
@@ -9,25 +10,17 @@ namespace {
 constexpr DWORD kComparedAttributes = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
 
 void ReadBelow(const std::wstring& folder, const std::wstring& prefix, TreeSnapshot& tree) {
-    WIN32_FIND_DATAW found = {};
-    const HANDLE search = FindFirstFileW((LongForm(folder) + L"\\*").c_str(), &found);
-    if (search == INVALID_HANDLE_VALUE)
-        return;
-    do {
-        const std::wstring name = found.cFileName;
-        if (name == L"." || name == L"..")
-            continue;
+    VisitEntries(LongForm(folder), [&](const FolderEntry& found) {
         TreeEntry entry;
-        entry.IsFolder = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-        entry.Attributes = found.dwFileAttributes & kComparedAttributes;
-        const std::wstring path = folder + L'\\' + name;
+        entry.IsFolder = found.IsFolder();
+        entry.Attributes = found.Attributes & kComparedAttributes;
+        const std::wstring path = folder + L'\\' + found.Name;
         if (entry.IsFolder)
-            ReadBelow(path, prefix + name + L'\\', tree);
+            ReadBelow(path, prefix + found.Name + L'\\', tree);
         else
             entry.Content = ReadBytes(path);
-        tree.emplace(prefix + name, std::move(entry));
-    } while (FindNextFileW(search, &found));
-    FindClose(search);
+        tree.emplace(prefix + found.Name, std::move(entry));
+    });
 }
 
 /// FNV-1a, which is enough to notice a change.

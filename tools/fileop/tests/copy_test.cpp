@@ -1,4 +1,5 @@
 // Copying: collisions, merging, names, attributes, and what is refused.
+#include "base/handles_win32.h"
 #include "service_fixture.h"
 
 namespace ferry::fileop {
@@ -27,10 +28,10 @@ TEST_F(CopyTest, GivesTheNewName) {
 
 TEST_F(CopyTest, KeepsAttributesAndTheTimeOfWriting) {
     const auto file = folder_.MakeFile(L"from\\a.txt", "content");
-    const HANDLE handle = CreateFileW(file.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    base::FileHandle handle(CreateFileW(file.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr));
     const FILETIME written{0x12345680, 0x01C00000};
-    ASSERT_TRUE(SetFileTime(handle, nullptr, nullptr, &written));
-    CloseHandle(handle);
+    ASSERT_TRUE(SetFileTime(handle.Get(), nullptr, nullptr, &written));
+    handle.Reset();
     SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_READONLY);
     EXPECT_EQ(Copy(file, target_).Performed, S_OK);
     WIN32_FILE_ATTRIBUTE_DATA facts{};
@@ -124,10 +125,10 @@ TEST_F(CopyTest, ReachesPathsBeyondTheOldLimit) {
 TEST_F(CopyTest, KeepsTheOldFileWhenItCannotBeReplaced) {
     const auto file = folder_.MakeFile(L"from\\a.txt", "incoming");
     const auto old = folder_.MakeFile(L"to\\a.txt", "existing");
-    const HANDLE lock =
-        CreateFileW(old.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+    base::FileHandle lock(
+        CreateFileW(old.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
     const Outcome outcome = Copy(file, target_);
-    CloseHandle(lock);
+    lock.Reset();
     EXPECT_LT(outcome.Performed, 0);
     EXPECT_TRUE(outcome.IsAborted);
     EXPECT_EQ(ContentOf(old), "existing");

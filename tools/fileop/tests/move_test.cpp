@@ -1,4 +1,5 @@
 // Moving: by renaming, by copying to another volume, merging, and new names.
+#include "base/handles_win32.h"
 #include "service_fixture.h"
 
 namespace ferry::fileop {
@@ -98,10 +99,10 @@ TEST_F(OtherVolumeTest, TakesAFolderWithItsFilesAndAttributes) {
 TEST_F(OtherVolumeTest, KeepsTheSourceWhenTheTargetCannotBeReplaced) {
     const auto file = folder_.MakeFile(L"from\\a.txt", "incoming");
     const auto old = other_.MakeFile(L"a.txt", "existing");
-    const HANDLE lock =
-        CreateFileW(old.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+    base::FileHandle lock(
+        CreateFileW(old.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
     EXPECT_LT(Move(file, other_.Path()).Performed, 0);
-    CloseHandle(lock);
+    lock.Reset();
     EXPECT_EQ(ContentOf(file), "incoming");
     EXPECT_EQ(ContentOf(old), "existing");
     EXPECT_THAT(TreeOf(other_.Path()), ElementsAre(L"a.txt"));

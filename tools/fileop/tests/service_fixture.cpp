@@ -4,6 +4,8 @@
 
 #include <sstream>
 
+#include "base/utf16.h"
+
 namespace ferry::fileop {
 namespace {
 
@@ -13,14 +15,6 @@ std::wstring OwnFolder() {
     std::wstring path(1024, L'\0');
     path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
     return path.substr(0, path.rfind(L'\\') + 1);
-}
-
-std::wstring FromUtf8(const std::string& bytes) {
-    std::wstring text(bytes.size(), L'\0');
-    text.resize(
-        static_cast<std::size_t>(MultiByteToWideChar(CP_UTF8, 0, bytes.data(), static_cast<int>(bytes.size()),
-                                                     text.data(), static_cast<int>(text.size()))));
-    return text;
 }
 
 }  // namespace
@@ -100,7 +94,7 @@ std::vector<std::wstring> ServiceTest::Log() const {
     std::vector<std::wstring> lines;
     std::istringstream stream(ContentOf(logFolder_.In(L"log.txt")));
     for (std::string line; std::getline(stream, line);) {
-        lines.push_back(FromUtf8(line));
+        lines.push_back(base::FromUtf8(line));
     }
     return lines;
 }

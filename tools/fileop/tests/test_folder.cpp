@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "base/handles_win32.h"
+
 namespace ferry::fileop {
 namespace {
 
@@ -29,8 +31,8 @@ void MakeParents(const std::wstring& root, const std::wstring& path) {
 
 void Walk(const std::wstring& folder, const std::wstring& prefix, std::vector<std::wstring>& tree) {
     WIN32_FIND_DATAW found{};
-    const HANDLE search = FindFirstFileW(LongPath(folder + L"\\*").c_str(), &found);
-    if (search == INVALID_HANDLE_VALUE) {
+    const base::FindHandle search(FindFirstFileW(LongPath(folder + L"\\*").c_str(), &found));
+    if (!search) {
         return;
     }
     do {
@@ -44,8 +46,7 @@ void Walk(const std::wstring& folder, const std::wstring& prefix, std::vector<st
         if (isFolder) {
             Walk(folder + L"\\" + name, relative, tree);
         }
-    } while (FindNextFileW(search, &found));
-    FindClose(search);
+    } while (FindNextFileW(search.Get(), &found));
 }
 
 void RemoveTree(const std::wstring& folder) {
@@ -92,24 +93,23 @@ std::wstring TestFolder::MakeFile(std::wstring_view name, std::string_view conte
 }
 
 std::string ContentOf(const std::wstring& path) {
-    const HANDLE file = CreateFileW(LongPath(path).c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
-                                    nullptr, OPEN_EXISTING, 0, nullptr);
-    if (file == INVALID_HANDLE_VALUE) {
+    const base::FileHandle file(CreateFileW(LongPath(path).c_str(), GENERIC_READ,
+                                            FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0,
+                                            nullptr));
+    if (!file) {
         return "<missing>";
     }
-    std::string content(GetFileSize(file, nullptr), '\0');
+    std::string content(GetFileSize(file.Get(), nullptr), '\0');
     DWORD got = 0;
-    const BOOL read = ReadFile(file, content.data(), static_cast<DWORD>(content.size()), &got, nullptr);
-    CloseHandle(file);
+    const BOOL read = ReadFile(file.Get(), content.data(), static_cast<DWORD>(content.size()), &got, nullptr);
     return read && got == content.size() ? content : "<unreadable>";
 }
 
 void WriteContent(const std::wstring& path, std::string_view content) {
-    const HANDLE file =
-        CreateFileW(LongPath(path).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+    const base::FileHandle file(
+        CreateFileW(LongPath(path).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
     DWORD put = 0;
-    WriteFile(file, content.data(), static_cast<DWORD>(content.size()), &put, nullptr);
-    CloseHandle(file);
+    WriteFile(file.Get(), content.data(), static_cast<DWORD>(content.size()), &put, nullptr);
 }
 
 bool Exists(const std::wstring& path) {

@@ -1,37 +1,24 @@
 #include "window_driver.h"
 
+#include "samplehost/process_windows_win32.h"
+
 namespace ferry::fileop {
 namespace {
 
 constexpr DWORD kDeadlineMs = 15000;
 constexpr DWORD kPollMs = 10;
 
-struct Search {
-    const std::wstring& Title;
-    HWND Found = nullptr;
-};
-
-BOOL CALLBACK LookAt(HWND window, LPARAM lParam) {
-    auto& search = *reinterpret_cast<Search*>(lParam);
-    DWORD process = 0;
-    GetWindowThreadProcessId(window, &process);
-    wchar_t title[128] = {};
-    if (process == GetCurrentProcessId() && IsWindowVisible(window) && IsWindowEnabled(window) &&
-        GetWindowTextW(window, title, 128) > 0 && search.Title == title) {
-        search.Found = window;
-        return FALSE;
-    }
-    return TRUE;
-}
-
 HWND WaitForWindow(const std::wstring& title) {
     const ULONGLONG end = GetTickCount64() + kDeadlineMs;
-    Search search{title};
-    while (search.Found == nullptr && GetTickCount64() < end) {
-        EnumWindows(LookAt, reinterpret_cast<LPARAM>(&search));
+    HWND found = nullptr;
+    while (found == nullptr && GetTickCount64() < end) {
+        found = samplehost::FindVisibleWindow(GetCurrentProcessId(), [&](HWND window) {
+            wchar_t text[128] = {};
+            return IsWindowEnabled(window) && GetWindowTextW(window, text, 128) > 0 && title == text;
+        });
         Sleep(kPollMs);
     }
-    return search.Found;
+    return found;
 }
 
 // The control with the focus, once the window's thread has given it.
