@@ -3,6 +3,7 @@
 #include <array>
 
 #include "framework/common_controls.h"
+#include "process/module_path_win32.h"
 #include "windows/support_win32.h"
 
 namespace ferry::test {
@@ -14,6 +15,12 @@ Value Read(const std::map<std::wstring, Value>& values, std::wstring_view name, 
     return found == values.end() ? defaultValue : found->second;
 }
 
+/// A program of the product's name beside the test, where the build puts the dialog texts.
+std::wstring InstalledProgram() {
+    const std::wstring module = process::ModulePath();
+    return module.substr(0, module.rfind(L'\\') + 1) + L"Ferry.exe";
+}
+
 }  // namespace
 
 std::wstring MemoryStore::ReadText(std::wstring_view name, std::wstring_view defaultText) {
@@ -22,6 +29,10 @@ std::wstring MemoryStore::ReadText(std::wstring_view name, std::wstring_view def
 
 std::uint32_t MemoryStore::ReadNumber(std::wstring_view name, std::uint32_t defaultNumber) {
     return Read(Numbers, name, defaultNumber);
+}
+
+std::wstring MemoryStore::ReadHostText(std::wstring_view name, std::wstring_view defaultText) {
+    return Read(HostTexts, name, std::wstring(defaultText));
 }
 
 bool MemoryStore::WriteText(std::wstring_view name, std::wstring_view text) {
@@ -42,7 +53,7 @@ std::optional<naming::CalendarFields> StandingClock::ItemTime(std::wstring_view 
     return naming::CalendarFields{2000 + static_cast<int>(source), 1, 2, 3, 4, 5};
 }
 
-DialogWorld::DialogWorld() : services_(ServicesWith(Clock)) {
+DialogWorld::DialogWorld() : localiser_(Store, InstalledProgram()), services_(ServicesWith(Clock)) {
     const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_WIN95_CLASSES};
     framework::CommonControls::Get().Init(&controls);
     HoldKeys({});

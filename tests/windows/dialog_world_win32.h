@@ -21,14 +21,13 @@ public:
     std::uint32_t ReadNumber(std::wstring_view name, std::uint32_t defaultNumber) override;
     bool WriteText(std::wstring_view name, std::wstring_view text) override;
     bool WriteNumber(std::wstring_view name, std::uint32_t number) override;
-    std::wstring ReadHostText(std::wstring_view, std::wstring_view defaultText) override {
-        return std::wstring(defaultText);
-    }
+    std::wstring ReadHostText(std::wstring_view name, std::wstring_view defaultText) override;
     std::uint32_t ReadHostNumber(std::wstring_view) override { return 0; }
     bool WriteTextToKey(std::wstring_view, std::wstring_view, std::wstring_view) override { return false; }
     bool WriteNumberToKey(std::wstring_view, std::wstring_view, std::uint32_t) override { return false; }
 
     std::map<std::wstring, std::wstring> Texts;
+    std::map<std::wstring, std::wstring> HostTexts;
     std::map<std::wstring, std::uint32_t> Numbers;
     std::vector<std::wstring> Writes;
 };
@@ -50,7 +49,8 @@ public:
     void ReportCannotOpen() override {}
 };
 
-/// The program's services, as a dialog in Japanese meets them on a fresh machine.
+/// The program's services, as a dialog meets them on a fresh machine: in Japanese until a language is put
+/// among the host's texts.
 class DialogWorld {
 public:
     DialogWorld();
@@ -69,7 +69,7 @@ private:
     hostlink::HostData host_;
     NoMessages messageFile_;
     lang::Catalogue messages_{messageFile_};
-    lang::DialogLocaliser localiser_{Store, L"C:\\nowhere\\Ferry.exe"};
+    lang::DialogLocaliser localiser_;
     framework::CShellManager shell_;
     dialogs::Services services_;
 };
