@@ -49,6 +49,7 @@
 
 // The collision dialog.
 #define IDC_ITEM_NAME 1000
+#define IDC_ITEM_NAME_LABEL 1901
 #define IDC_CHOICE_GROUP 1900
 #define IDC_CHOICE_FIRST 1220
 #define IDC_APPLY_TO_ALL 5

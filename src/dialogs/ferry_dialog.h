@@ -50,6 +50,7 @@ private:
     void PresetDestination();
     void FillTabList();
     void ShowTabChoice();
+    void OpenIfMinimised() const;
     void FocusAtStart();
     void ShowItemCount();
     void OfferSourceFolder();

@@ -27,11 +27,14 @@ constexpr ULONG_PTR kBlockTag = 255;
 // Three hand-over codes of the host's scripts; all of them carry a destination.
 constexpr ULONG_PTR kDestinationTags[] = {100, 200, 300};
 
+// A drop of nothing may count as one item without a name.
 base::TextList PathsOf(HDROP drop) {
     base::TextList paths;
     const UINT count = DragQueryFileW(drop, 0xFFFFFFFF, nullptr, 0);
     for (UINT index = 0; index < count; ++index) {
-        paths.Append(paths::DroppedFileName(drop, index));
+        if (const std::wstring path = paths::DroppedFileName(drop, index); !path.empty()) {
+            paths.Append(path);
+        }
     }
     return paths;
 }
@@ -66,9 +69,7 @@ void CFerryDlg::TakeDroppedItems(base::TextList paths) {
 
 void CFerryDlg::TakeDroppedFolders(const base::TextList& paths) {
     for (const std::wstring_view path : paths) {
-        if (!path.empty()) {
-            services_.Host.TabFolders.Append(path);
-        }
+        services_.Host.TabFolders.Append(path);
     }
     arrival_ = Arrival::FolderList;
     PresetDestination();
@@ -110,12 +111,22 @@ bool CFerryDlg::TakeDelivery(const COPYDATASTRUCT& data) {
     list_.Append(std::move(items));
     PresetDestination();
     FillTabList();
-    FocusAtStart();
     ShowItemCount();
     OfferSourceFolder();
     EnableWindow(Item(IDOK), TRUE);
+    OpenIfMinimised();
     hostlink::BringToForeground(Handle());
+    // A dialog that becomes active gives the focus to whichever control had it last; so this comes after it.
+    FocusAtStart();
     return true;
+}
+
+// "Show the desktop" minimises dialogs, too. In the foreground such a one would still not be seen, and
+// nothing in it could take the focus.
+void CFerryDlg::OpenIfMinimised() const {
+    if (IsIconic(Handle()) != FALSE) {
+        ShowWindow(Handle(), SW_RESTORE);
+    }
 }
 
 void CFerryDlg::PresetDestination() {

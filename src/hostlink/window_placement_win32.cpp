@@ -37,6 +37,11 @@ void TakeForegroundFrom(HWND foreground, HWND window) {
     // programs do, and they rely on the lock staying long.
     SystemParametersInfoW(SPI_SETFOREGROUNDLOCKTIMEOUT, 0, &timeout, 0);
     AttachThreadInput(windowThread, foregroundThread, FALSE);
+    // The foreground may have changed hands meanwhile, or get lost when the threads part. The lock is
+    // open now, so that a plain request is granted.
+    if (GetForegroundWindow() != window) {
+        SetForegroundWindow(window);
+    }
 }
 
 }  // namespace

@@ -143,6 +143,27 @@ TEST_P(Completion, AFolderThatVanishesDuringTheSearchDoesNoHarm) {
     EXPECT_TRUE(IsAliveAndUsable(Run(), Dialog()));
 }
 
+TEST_P(Completion, AFolderThatVanishesUnderTheOpenListLeavesItsNamesToBeChosen) {
+    ASSERT_TRUE(OpenList());
+    RemoveAll(Tree().Path(L"many"));
+    ASSERT_FALSE(Exists(many_));
+    PressKey(VK_DOWN);
+    PressKey(VK_DOWN);
+    ASSERT_TRUE(SelectionBecomes(1));
+    EXPECT_TRUE(Dialog().IsDestinationListOpen());
+    PressKey(VK_RETURN);
+    ASSERT_TRUE(ListBecomes(false));
+    EXPECT_TRUE(DestinationBecomes(many_ + L"beta\\"));
+    // What is looked for now is not there any more.
+    PressKey(VK_TAB);
+    EXPECT_TRUE(StaysClosedWith(many_ + L"beta\\"));
+    EXPECT_EQ(Dialog().DestinationListCount(), 0);
+    // A destination that is missing is made at the start.
+    PressKey(VK_RETURN);
+    ASSERT_TRUE(Run().WaitForEnd());
+    EXPECT_EQ(ReadBytes(many_ + L"beta\\a.txt"), "a");
+}
+
 TEST_P(Completion, MoreThanFiveThousandFoldersAreCutOff) {
     constexpr int kFolders = 5100;
     Tree().MakeFolder(L"huge");

@@ -72,5 +72,106 @@ TEST_F(Delivery, ABlockAfterADropIsIgnored) {
     EXPECT_TRUE(Stays([&] { return Dialog().SourceCount() == 1 && Dialog().Destination().empty(); }));
 }
 
+/// A window of this process: the program that a person works in when the delivery comes.
+class OwnWindow {
+public:
+    OwnWindow()
+        : window_(CreateWindowExW(0, L"Static", L"own", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 200, 100,
+                                  nullptr, nullptr, GetModuleHandleW(nullptr), nullptr)) {}
+    ~OwnWindow() { DestroyWindow(window_); }
+    OwnWindow(const OwnWindow&) = delete;
+    OwnWindow& operator=(const OwnWindow&) = delete;
+
+    HWND Get() const noexcept { return window_; }
+
+private:
+    HWND window_;
+};
+
+class DeliveryFromBehind : public Delivery {
+protected:
+    bool SendOneFile() const { return SendBlock({L"C:\\Work\\a.txt"}, {L"D:\\Backup"}); }
+
+    /// Puts the focus where no delivery puts it.
+    bool FocusCancel() const {
+        if (!TakeForeground(Dialog().Window()))
+            return false;
+        SendMessageW(Dialog().Window(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(Dialog().Control(kCancel)),
+                     TRUE);
+        return Dialog().WaitForFocus(Dialog().Control(kCancel));
+    }
+
+    /// The dialog has the foreground and keeps it, and what is typed arrives in the destination.
+    testing::AssertionResult IsInFrontAndTakesKeys() const {
+        if (!WaitUntil([&] { return GetForegroundWindow() == Dialog().Window(); }))
+            return testing::AssertionFailure() << "in front is " << GetForegroundWindow();
+        if (!Dialog().WaitForFocus(Dialog().DestinationEdit()))
+            return testing::AssertionFailure() << "the focus is elsewhere";
+        TypeText(L"x");
+        if (!WaitUntil([&] { return Dialog().Destination() == L"D:\\Backup\\x"; }))
+            return testing::AssertionFailure() << "the key went elsewhere";
+        if (!Stays([&] { return GetForegroundWindow() == Dialog().Window(); }))
+            return testing::AssertionFailure() << "it fell back behind " << GetForegroundWindow();
+        return testing::AssertionSuccess();
+    }
+};
+
+TEST_F(DeliveryFromBehind, BringsTheDialogBeforeTheHost) {
+    RunPlan plan = Plan({});
+    plan.HostArguments = {L"--no-variable"};
+    ASSERT_TRUE(Open(plan));
+    ASSERT_TRUE(TakeForeground(Run().HostWindow()));
+    ASSERT_TRUE(SendOneFile());
+    EXPECT_TRUE(IsInFrontAndTakesKeys());
+}
+
+// The sender waits inside its call while the dialog takes the foreground away from it.
+TEST_F(DeliveryFromBehind, BringsTheDialogBeforeTheWindowOfItsSender) {
+    ASSERT_TRUE(OpenWithoutHost());
+    const OwnWindow own;
+    ASSERT_TRUE(TakeForeground(own.Get()));
+    ASSERT_TRUE(SendOneFile());
+    EXPECT_TRUE(IsInFrontAndTakesKeys());
+}
+
+TEST_F(DeliveryFromBehind, LeavesADialogInFrontThere) {
+    ASSERT_TRUE(OpenWithoutHost());
+    ASSERT_TRUE(TakeForeground(Dialog().Window()));
+    ASSERT_TRUE(SendOneFile());
+    EXPECT_TRUE(IsInFrontAndTakesKeys());
+}
+
+TEST_F(DeliveryFromBehind, GivesTheFocusToTheDestinationWhateverHadItBefore) {
+    ASSERT_TRUE(OpenWithoutHost());
+    ASSERT_TRUE(FocusCancel());
+    const OwnWindow own;
+    ASSERT_TRUE(TakeForeground(own.Get()));
+    ASSERT_TRUE(SendOneFile());
+    EXPECT_TRUE(IsInFrontAndTakesKeys());
+}
+
+TEST_F(DeliveryFromBehind, OpensAMinimisedDialog) {
+    ASSERT_TRUE(OpenWithoutHost());
+    const OwnWindow own;
+    ShowWindow(Dialog().Window(), SW_MINIMIZE);
+    ASSERT_TRUE(WaitUntil([&] { return IsIconic(Dialog().Window()); }));
+    ASSERT_TRUE(TakeForeground(own.Get()));
+    ASSERT_TRUE(SendOneFile());
+    EXPECT_FALSE(IsIconic(Dialog().Window()));
+    EXPECT_TRUE(IsInFrontAndTakesKeys());
+}
+
+TEST_F(DeliveryFromBehind, GivesTheFocusToTheListOfFoldersWhereThatIsAskedFor) {
+    ASSERT_TRUE(OpenWithoutHost({L"/t", L"/f=1"}));
+    ASSERT_TRUE(FocusCancel());
+    const OwnWindow own;
+    ASSERT_TRUE(TakeForeground(own.Get()));
+    ASSERT_TRUE(SendBlock({L"C:\\Work\\a.txt"}, {L"D:\\a", L"D:\\b"}));
+    ASSERT_TRUE(WaitUntil([&] { return GetForegroundWindow() == Dialog().Window(); }));
+    ASSERT_TRUE(Dialog().WaitForFocus(Dialog().Control(kTabFoldersList)));
+    PressKey(VK_DOWN);
+    EXPECT_TRUE(WaitUntil([&] { return Dialog().Destination() == L"D:\\b\\"; }));
+}
+
 }  // namespace
 }  // namespace ferry::e2e

@@ -99,6 +99,17 @@ TEST_F(ConfirmationDialog, ThePresetOfABlockAndOfADropCountsAroundAllFolders) {
     EXPECT_EQ(SendMessageW(Dialog().Control(kTabFoldersList), LB_GETCURSEL, 0, 0), 2);
 }
 
+TEST_F(ConfirmationDialog, ThePresetAtStartCountsAroundAllFolders) {
+    const std::vector<std::wstring> five = {L"D:\\0", L"D:\\1", L"D:\\2", L"D:\\3", L"D:\\4"};
+    for (const bool isList : {false, true}) {
+        SCOPED_TRACE(isList);
+        ASSERT_TRUE(OpenWith(
+            isList ? std::vector<std::wstring>{L"/t", L"/s=7"} : std::vector<std::wstring>{L"/s=7"}, five));
+        EXPECT_EQ(Dialog().Destination(), L"D:\\2\\") << "7 modulo 5";
+        EXPECT_EQ(SendMessageW(Dialog().Control(kTabFoldersList), LB_GETCURSEL, 0, 0), isList ? 2 : LB_ERR);
+    }
+}
+
 TEST_F(ConfirmationDialog, ANegativePresetIsRefusedAndNotClamped) {
     RunPlan plan = Plan({L"C:\\Work\\a.txt"}, {L"D:\\a", L"D:\\b", L"D:\\c"});
     plan.Switches = {L"/s=-1"};

@@ -28,6 +28,17 @@ TEST_F(Dropping, TheFirstDropIsTheSelection) {
     EXPECT_EQ(Dialog().SourceText(1), L"二");
 }
 
+TEST_F(Dropping, ADropOfNothingDoesNotCountSoTheNextOneIsTheSelection) {
+    ASSERT_TRUE(OpenWithoutHost());
+    ASSERT_TRUE(Drop({}));
+    ASSERT_TRUE(DropSelection());
+    EXPECT_EQ(Dialog().Text(kItemCount), L"(2)");
+    EXPECT_EQ(Dialog().Destination(), L"");
+    ASSERT_TRUE(Drop({}));
+    ASSERT_TRUE(Drop({folder_}));
+    EXPECT_TRUE(WaitUntil([&] { return Dialog().Destination() == folder_ + L"\\"; }));
+}
+
 TEST_F(Dropping, TheSecondDropGivesTheDestination) {
     ASSERT_TRUE(OpenWithoutHost());
     ASSERT_TRUE(DropSelection());

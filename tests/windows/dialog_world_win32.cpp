@@ -1,9 +1,19 @@
 #include "windows/dialog_world_win32.h"
 
 #include "framework/common_controls.h"
+#include "process/module_path_win32.h"
 #include "windows/support_win32.h"
 
 namespace ferry::test {
+namespace {
+
+/// A program of the product's name beside the test, where the build puts the dialog texts.
+std::wstring InstalledProgram() {
+    const std::wstring module = process::ModulePath();
+    return module.substr(0, module.rfind(L'\\') + 1) + L"Ferry.exe";
+}
+
+}  // namespace
 
 std::optional<naming::CalendarFields> StandingClock::ItemTime(std::wstring_view path,
                                                               naming::DateSource source) {
@@ -11,7 +21,7 @@ std::optional<naming::CalendarFields> StandingClock::ItemTime(std::wstring_view 
     return naming::CalendarFields{2000 + static_cast<int>(source), 1, 2, 3, 4, 5};
 }
 
-DialogWorld::DialogWorld() : services_(ServicesWith(Clock)) {
+DialogWorld::DialogWorld() : localiser_(Store, InstalledProgram()), services_(ServicesWith(Clock)) {
     const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_WIN95_CLASSES};
     framework::CommonControls::Get().Init(&controls);
     HoldKeys({});

@@ -30,7 +30,8 @@ public:
     void ReportCannotOpen() override {}
 };
 
-/// The program's services, as a dialog in Japanese meets them on a fresh machine.
+/// The program's services, as a dialog meets them on a fresh machine: in Japanese until a language is put
+/// among the host's texts.
 class DialogWorld {
 public:
     DialogWorld();
@@ -49,7 +50,7 @@ private:
     hostlink::HostData host_;
     NoMessages messageFile_;
     lang::Catalogue messages_{messageFile_};
-    lang::DialogLocaliser localiser_{Store, L"C:\\nowhere\\Ferry.exe"};
+    lang::DialogLocaliser localiser_;
     framework::CShellManager shell_;
     dialogs::Services services_;
 };

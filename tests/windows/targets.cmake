@@ -21,8 +21,10 @@ ferry_test(ferry_windows_tests
 # The dialogs, driven in-process. They look their templates up in the executable.
 ferry_test(ferry_dialogs_test
     SOURCES
+        dialog_access_win32_test.cpp
         dialog_world_win32.cpp
         dialogs.rc
+        ferry_dialog_raise_win32_test.cpp
         ferry_dialog_win32_test.cpp
         input_dialog_edits_win32_test.cpp
         input_dialog_layout_win32_test.cpp
@@ -34,8 +36,14 @@ ferry_test(ferry_dialogs_test
         ${CMAKE_SOURCE_DIR}/res/busy_dialog.rc
         ${CMAKE_SOURCE_DIR}/res/file_mode_dialog.rc
         ${CMAKE_SOURCE_DIR}/res/input_dialog.rc
-    LINK ferry_dialogs ferry_naming_win32 ferry_process_windows ferry_samplehost_writer)
+    LINK ferry_dialogs ferry_naming_win32 ferry_process_win32 ferry_process_windows ferry_samplehost_writer)
 target_include_directories(ferry_dialogs_test PRIVATE ${CMAKE_SOURCE_DIR}/res)
+# The dialog texts lie beside the test as they lie beside the program.
+add_dependencies(ferry_dialogs_test ferry_texts)
+add_custom_command(TARGET ferry_dialogs_test POST_BUILD
+    COMMAND ${CMAKE_COMMAND} -E copy_directory ${CMAKE_BINARY_DIR}/res/lang/en-US
+            $<TARGET_FILE_DIR:ferry_dialogs_test>/.en-US/Ferry
+    VERBATIM)
 if(MSVC)
     # The manifest comes from the resources.
     target_link_options(ferry_dialogs_test PRIVATE /MANIFEST:NO)

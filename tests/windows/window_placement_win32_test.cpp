@@ -2,6 +2,10 @@
 #include <windows.h>
 #include <gtest/gtest.h>
 
+#include <array>
+#include <atomic>
+#include <thread>
+
 #include "hostlink/host_messages_win32.h"
 #include "hostlink/window_placement_win32.h"
 #include "windows/support_win32.h"
@@ -10,6 +14,37 @@ namespace ferry::hostlink {
 namespace {
 
 constexpr wchar_t kClass[] = L"FerryPlacementTest";
+
+/// A window in front that belongs to another thread, as that of another program does.
+class WindowOfAnotherThread {
+public:
+    WindowOfAnotherThread() : thread_([this] { Run(); }) {
+        test::WaitUntil([this] { return window_ != nullptr && GetForegroundWindow() == window_; });
+    }
+    ~WindowOfAnotherThread() {
+        PostMessageW(window_, WM_CLOSE, 0, 0);
+        thread_.join();
+    }
+    WindowOfAnotherThread(const WindowOfAnotherThread&) = delete;
+    WindowOfAnotherThread& operator=(const WindowOfAnotherThread&) = delete;
+
+    HWND Get() const noexcept { return window_; }
+
+private:
+    void Run() {
+        const HWND window = CreateWindowExW(0, kClass, L"another", WS_POPUP | WS_VISIBLE, 0, 0, 50, 50,
+                                            nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
+        SetForegroundWindow(window);
+        window_ = window;
+        MSG message;
+        while (IsWindow(window) && GetMessageW(&message, nullptr, 0, 0) > 0) {
+            DispatchMessageW(&message);
+        }
+    }
+
+    std::atomic<HWND> window_ = nullptr;
+    std::thread thread_;
+};
 
 class WindowPlacementTest : public testing::Test {
 protected:
@@ -110,6 +145,28 @@ TEST_F(WindowPlacementTest, OtherModesRaiseOnce) {
     }
 }
 
+TEST_F(WindowPlacementTest, TakesTheForegroundFromAnotherThreadAndKeepsItAlone) {
+    const WindowOfAnotherThread other;
+    ASSERT_EQ(GetForegroundWindow(), other.Get());
+    BringToForeground(dialog_.Get());
+    EXPECT_TRUE(IsInFront());
+    // The threads have parted again: each has a focus of its own.
+    EXPECT_EQ(GetActiveWindow(), dialog_.Get());
+    GUITHREADINFO info{};
+    info.cbSize = sizeof info;
+    ASSERT_TRUE(GetGUIThreadInfo(GetWindowThreadProcessId(other.Get(), nullptr), &info));
+    EXPECT_NE(info.hwndActive, dialog_.Get());
+}
+
+// Nobody has it when the window in front has gone, unless the system gives it to another program at once.
+TEST_F(WindowPlacementTest, TakesTheForegroundThatNobodyHas) {
+    ShowWindow(dialog_.Get(), SW_HIDE);
+    ShowWindow(dialog_.Get(), SW_SHOWNOACTIVATE);
+    ASSERT_NE(GetForegroundWindow(), dialog_.Get());
+    BringToForeground(dialog_.Get());
+    EXPECT_TRUE(IsInFront());
+}
+
 TEST_F(WindowPlacementTest, TitleGetsTheSuffix) {
     ApplyWindowMode(dialog_.Get(), 3, L"");
     EXPECT_EQ(test::TextOfWindow(dialog_.Get()), L"title");
@@ -128,6 +185,18 @@ TEST_F(WindowPlacementTest, HeldModifierPutsTheRaisingOff) {
         EXPECT_TRUE(TimerTicks());
         test::HoldKeys({});
         RaiseOnce(dialog_.Get());
+        EXPECT_TRUE(IsInFront());
+        EXPECT_FALSE(StopTimer());
+    }
+}
+
+TEST_F(WindowPlacementTest, TopmostModesDoNotWaitForTheKeyboard) {
+    for (const int mode : {1, 2}) {
+        SCOPED_TRACE(mode);
+        const test::TestWindow other = MakeWindow(kClass, {0, 0, 50, 50});
+        SetForegroundWindow(other.Get());
+        test::HoldKeys({VK_SHIFT, VK_CONTROL});
+        ApplyWindowMode(dialog_.Get(), mode, L"");
         EXPECT_TRUE(IsInFront());
         EXPECT_FALSE(StopTimer());
     }

@@ -11,7 +11,7 @@
 
 namespace ferry::test {
 
-/// A store whose host has no settings. It keeps the names of the written values in their order.
+/// A store whose host has no numbers. It keeps the names of the written values in their order.
 class MemoryStore : public settings::SettingsStore {
 public:
     std::wstring ReadText(std::wstring_view name, std::wstring_view defaultText) override {
@@ -28,14 +28,15 @@ public:
         Numbers[Writes.emplace_back(name)] = number;
         return true;
     }
-    std::wstring ReadHostText(std::wstring_view, std::wstring_view defaultText) override {
-        return std::wstring(defaultText);
+    std::wstring ReadHostText(std::wstring_view name, std::wstring_view defaultText) override {
+        return Read(HostTexts, name, std::wstring(defaultText));
     }
     std::uint32_t ReadHostNumber(std::wstring_view) override { return 0; }
     bool WriteTextToKey(std::wstring_view, std::wstring_view, std::wstring_view) override { return false; }
     bool WriteNumberToKey(std::wstring_view, std::wstring_view, std::uint32_t) override { return false; }
 
     std::map<std::wstring, std::wstring> Texts;
+    std::map<std::wstring, std::wstring> HostTexts;
     std::map<std::wstring, std::uint32_t> Numbers;
     std::vector<std::wstring> Writes;
 
