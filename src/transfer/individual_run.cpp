@@ -1,6 +1,8 @@
 // The item-by-item run: walks the sources, makes folders, lets the item engine judge each file.
 #include "transfer/individual_run.h"
 
+#include <optional>
+
 #include "base/text.h"
 #include "paths/path_helpers.h"
 
@@ -48,7 +50,7 @@ bool IndividualRun::Run() {
 
 bool IndividualRun::TransferSource(std::wstring_view source) {
     keptPartStart_ = KeptPartStart(source);
-    if (!IsFolder(fileSystem_.Attributes(source))) {
+    if (!IsSourceFolder(source)) {
         // Nothing to name at the destination; the shell takes an empty path for the desktop.
         if (keptPartStart_ == source.size())
             return true;
@@ -69,6 +71,15 @@ bool IndividualRun::TransferSource(std::wstring_view source) {
     if (request_.What == Operation::Move)
         RemoveEmptiedFolders(listing.Folders);
     return true;
+}
+
+bool IndividualRun::IsSourceFolder(std::wstring_view source) {
+    const std::uint32_t attributes = fileSystem_.Attributes(source);
+    if (attributes != kInvalidAttributes)
+        return IsFolder(attributes);
+    // The shell would take a folder as a whole, past every policy; a search has the last word.
+    const std::optional<FoundItem> found = fileSystem_.Find(source);
+    return found && IsFolder(found->Attributes);
 }
 
 bool IndividualRun::TransferFolder(std::wstring_view folder) {

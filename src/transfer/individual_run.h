@@ -25,6 +25,7 @@ public:
 
 private:
     bool TransferSource(std::wstring_view source);
+    bool IsSourceFolder(std::wstring_view source);
     bool TransferFolder(std::wstring_view folder);
     bool TransferFile(std::wstring_view source);
     bool BeginItem();

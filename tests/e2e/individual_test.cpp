@@ -158,6 +158,24 @@ TEST_F(IndividualRun, ShowsTheShellsProgressOnlyForLargeFiles) {
     EXPECT_EQ(FlagsIn(FileOps()), (std::vector<unsigned long>{0x2A14, 0x2A10}));
 }
 
+TEST_F(IndividualRun, PartsOfASecondCountOnlyAtTheFinestPrecision) {
+    struct TimeCase {
+        DWORD Precision;
+        double Seconds;
+        bool IsNewer;
+    };
+    const TimeCase cases[] = {{0, 0.0000001, true}, {0, 0, false},   {1, 0.9, false}, {1, 1.9, false},
+                              {1, 2, true},         {2, 2.9, false}, {2, 3, true}};
+    for (const auto& [precision, age, isNewer] : cases) {
+        SCOPED_TRACE(std::to_string(precision) + " " + std::to_string(age));
+        const std::wstring file = Tree().WriteFile(L"元\\a.txt", "incoming", age);
+        Tree().WriteFile(L"先\\a.txt", "existing", 0);
+        WriteNumber(kProgramKey, L"TimeCmpType", precision);
+        ASSERT_TRUE(TransferWithPolicy({file}, 0));
+        EXPECT_EQ(ReadBytes(Tree().Path(L"先\\a.txt")), isNewer ? "incoming" : "existing");
+    }
+}
+
 TEST_F(IndividualRun, AnAutomaticNameKeepsBothFiles) {
     const std::wstring file = Tree().WriteFile(L"元\\a.txt", "incoming");
     Tree().WriteFile(L"先\\a.txt", "existing");

@@ -40,6 +40,19 @@ TEST_F(ProgressOfARun, ShowsTheOperationAndTheLastItem) {
     }
 }
 
+TEST_F(ProgressOfARun, ItAndTheQuestionSpeakTheLanguageOfTheHost) {
+    WriteText(kHostKey, L"NLS", L".en-US");
+    ASSERT_TRUE(Start({Colliding(L"a.txt")}, kAskEach));
+    const RemoteDialog question = Collision();
+    EXPECT_EQ(question.Title(), L"Confirm the file operation");
+    EXPECT_EQ(question.Text(ChoiceControl(6)), L"Rename automatically");
+    EXPECT_EQ(question.Text(kForAll), L"All later (&O)");
+    EXPECT_EQ(ProgressWindow().Title(), L"Progress");
+    EXPECT_EQ(ProgressWindow().Text(kCancel), L"Stop (&C)");
+    ASSERT_TRUE(PressEscapeIn(question));
+    ASSERT_TRUE(Ends());
+}
+
 TEST_F(ProgressOfARun, TheConfirmationDialogIsHiddenAndDisabledMeanwhile) {
     ASSERT_TRUE(Start({Colliding(L"a.txt")}, kRenameIncoming));
     ASSERT_TRUE(Rename().IsOpen());

@@ -82,6 +82,17 @@ TEST_F(RenamingIncoming, AnEmptyNameAsksAgain) {
     EXPECT_EQ(NamesBelow(L"先"), L"archive free");
 }
 
+TEST_F(RenamingIncoming, ADotAtTheEndOfTheTypedNameDoesNotCount) {
+    ASSERT_TRUE(Start({Colliding(L"archive")}, kRenameIncoming));
+    ASSERT_TRUE(TypeNewName(Rename(), L"archive."));
+    ASSERT_TRUE(TypeNewName(Rename(), L"."));
+    ASSERT_TRUE(TypeNewName(Rename(), L"free."));
+    ASSERT_TRUE(Ends());
+    EXPECT_EQ(NamesBelow(L"先"), L"archive free");
+    EXPECT_EQ(At(L"archive"), "existing");
+    EXPECT_EQ(At(L"free"), "incoming");
+}
+
 TEST_F(RenamingIncoming, EscapeSkipsTheFileAndGoesOn) {
     ASSERT_TRUE(Start({Colliding(L"a.txt"), Free(L"b.txt")}, kRenameIncoming, {L"/m"}));
     ASSERT_TRUE(PressEscapeIn(Rename()));

@@ -31,6 +31,7 @@ ferry_test(ferry_e2e
         language_test.cpp
         planted_test.cpp
         progress_test.cpp
+        rename_fault_test.cpp
         rename_keyboard_test.cpp
         rename_test.cpp
         source_list_test.cpp

@@ -2,6 +2,7 @@
 #include <cstdlib>
 #include <set>
 
+#include "windows/dialog_template_win32.h"
 #include "windows/input_dialog_fixture_win32.h"
 
 namespace ferry::dialogs {
@@ -12,6 +13,9 @@ struct Place {
     int X, Y, Width, Height;
     const wchar_t* Text;
 };
+
+// The height of a drop-down list's template is that of the open list; a place has 0 there.
+constexpr int kListHeight = 177;
 
 // In window order, which is the reading order.
 constexpr Place kPlaces[] = {
@@ -92,6 +96,60 @@ TEST_F(InputDialogLayout, EveryControlStandsAtItsPlaceWithItsText) {
             ExpectNear(actual.bottom, wanted.bottom);
         }
         EXPECT_EQ(Text(place.Id), place.Text);
+    }
+}
+
+/// What the template says of a control of this number beside its place and its text.
+DWORD StyleOf(int id) {
+    constexpr DWORD kShown = WS_CHILD | WS_VISIBLE;
+    constexpr DWORD kField = kShown | WS_BORDER | ES_AUTOHSCROLL;
+    switch (id) {
+        case 1000:
+            return kField | ES_READONLY;
+        case 1001:
+        case 1002:
+            return kField | WS_TABSTOP;
+        case 1140:
+            return kShown | BS_GROUPBOX;
+        case 1170:
+        case 1171:
+        case 1172:
+        case 1173:
+            return kShown | WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST;
+        case 1032:
+            return WS_CHILD | WS_TABSTOP | BS_AUTOCHECKBOX | BS_MULTILINE;
+        case 1030:
+        case 1031:
+            return kShown | WS_TABSTOP | BS_AUTOCHECKBOX;
+        case 1:
+            return kShown | WS_TABSTOP | BS_DEFPUSHBUTTON;
+        default:
+            return id <= 2 || (id >= 1100 && id <= 1108) ? kShown | WS_TABSTOP | BS_PUSHBUTTON
+                                                         : kShown | SS_LEFT;
+    }
+}
+
+TEST(InputDialogTemplate, HasEveryNumberAndEveryStyle) {
+    const test::DialogTemplate dialog = test::ReadDialogTemplate(133);
+    EXPECT_EQ(dialog.X, 0);
+    EXPECT_EQ(dialog.Y, 0);
+    EXPECT_EQ(dialog.Width, 258);
+    EXPECT_EQ(dialog.Height, 267);
+    EXPECT_EQ(dialog.Style, DWORD{DS_SETFONT | DS_MODALFRAME | WS_POPUP | WS_CAPTION | WS_SYSMENU});
+    EXPECT_EQ(dialog.Font, L"MS Shell Dlg 9 400 0 1");
+    ASSERT_EQ(dialog.Items.size(), std::size(kPlaces));
+    for (std::size_t index = 0; index < std::size(kPlaces); ++index) {
+        const Place& place = kPlaces[index];
+        SCOPED_TRACE(place.Id);
+        test::TemplateItem expected = dialog.Items[index];
+        expected.Id = place.Id;
+        expected.X = place.X;
+        expected.Y = place.Y;
+        expected.Width = place.Width;
+        expected.Height = place.Height == 0 ? kListHeight : place.Height;
+        expected.Style = StyleOf(place.Id);
+        expected.ExtendedStyle = 0;
+        EXPECT_EQ(dialog.Items[index], expected);
     }
 }
 

@@ -109,6 +109,65 @@ TEST_F(CollisionDialog, AStoredChoiceOutsideTheGroupChecksNothingAndStays) {
     EXPECT_EQ(dialog_->Choice(), 7U);
 }
 
+class CollisionKeyboard : public testing::Test {
+protected:
+    CollisionKeyboard() {
+        world_.Store.Numbers[L"AfterSel"] = 2;
+        dialog_ = std::make_unique<CDlgFileMode>(world_.Services(), nullptr, L"a.txt");
+        dialog_->Create(nullptr);
+        ShowWindow(Window(), SW_SHOW);
+        SetForegroundWindow(Window());
+    }
+
+    HWND Window() const { return dialog_->Handle(); }
+    HWND Control(int id) const { return GetDlgItem(Window(), id); }
+    bool IsOpen() const { return IsWindowVisible(Window()) != FALSE; }
+
+    void Press(WPARAM key, int focus) {
+        SetFocus(Control(focus));
+        MSG message{Control(focus), WM_KEYDOWN, key, 1, 0, {}};
+        dialog_->HandleDialogMessage(message);
+    }
+
+    test::DialogWorld world_;
+    std::unique_ptr<CDlgFileMode> dialog_;
+};
+
+TEST_F(CollisionKeyboard, TabGoesFromTheNameOverTheChosenPolicyToTheButtons) {
+    std::vector<int> stops;
+    HWND control = Control(1000);
+    do {
+        stops.push_back(GetDlgCtrlID(control));
+        control = GetNextDlgTabItem(Window(), control, FALSE);
+    } while (control != Control(1000) && stops.size() < 20);
+    EXPECT_EQ(stops, (std::vector<int>{1000, 1222, 1, 2, 5, 7}));
+}
+
+TEST_F(CollisionKeyboard, TheArrowsStayAmongTheChoices) {
+    HWND control = Control(1220);
+    for (int id = 1221; id <= 1226; ++id) {
+        control = GetNextDlgGroupItem(Window(), control, FALSE);
+        EXPECT_EQ(GetDlgCtrlID(control), id);
+    }
+    EXPECT_EQ(GetDlgCtrlID(GetNextDlgGroupItem(Window(), control, FALSE)), 1220);
+}
+
+TEST_F(CollisionKeyboard, EnterTakesTheChoiceAndEscapeDoesNot) {
+    Press(VK_ESCAPE, 1222);
+    EXPECT_FALSE(IsOpen());
+    EXPECT_TRUE(world_.Store.Writes.empty());
+    ShowWindow(Window(), SW_SHOW);
+    Press(VK_RETURN, 1222);
+    EXPECT_FALSE(IsOpen());
+    EXPECT_EQ(world_.Store.Numbers[L"AfterSel"], 2U);
+    EXPECT_FALSE(world_.Store.Writes.empty());
+}
+
+TEST_F(CollisionKeyboard, TheNameCanBeReadAndNotChanged) {
+    SendMessageW(Control(1000), WM_CHAR, L'x', 1);
+    EXPECT_EQ(test::TextOfControl(Window(), 1000), L"a.txt");
+}
+
 class ProgressDialog : public testing::Test {
 protected:
     void Open(bool cancellable) {
@@ -168,6 +227,9 @@ TEST_F(ProgressDialog, ShowsItsLinesWheneverTheyAreSet) {
     EXPECT_EQ(test::TextOfControl(dialog_.Handle(), IDC_BUSY_ITEM), L"");
     dialog_.SetSecondLine(L"a & b");
     EXPECT_EQ(test::TextOfControl(dialog_.Handle(), IDC_BUSY_ITEM), L"a & b");
+    dialog_.SetFirstLine(L"another");
+    EXPECT_EQ(test::TextOfControl(dialog_.Handle(), IDC_BUSY_TITLE), L"another");
+    EXPECT_EQ(test::TextOfControl(dialog_.Handle(), IDC_BUSY_ITEM), L"a & b");
 }
 
 TEST_F(ProgressDialog, TheBarStepsThroughItsRange) {
@@ -203,6 +265,26 @@ TEST_F(ProgressDialog, ANewRangeStartsTheBarAnew) {
     dialog_.Bar().Start(2);
     dialog_.Bar().StepIt();
     EXPECT_EQ(SendMessageW(bar, PBM_GETPOS, 0, 0), 1);
+}
+
+/// Keeps the codes that the dialog was ended with while its window stood.
+class WatchedProgress : public CDlgBusy {
+public:
+    using CDlgBusy::CDlgBusy;
+
+    void EndDialog(int result) override {
+        EndCodes.push_back(IsWindow(Handle()) ? result : -1);
+        CDlgBusy::EndDialog(result);
+    }
+
+    std::vector<int> EndCodes;
+};
+
+TEST_F(ProgressDialog, IsEndedWithCodeZeroBeforeItsWindowGoes) {
+    WatchedProgress dialog(world_.Services());
+    ASSERT_TRUE(dialog.Create(nullptr));
+    dialog.DestroyWindow();
+    EXPECT_EQ(dialog.EndCodes, (std::vector<int>{0}));
 }
 
 TEST_F(ProgressDialog, DestroyingTheWindowEndsTheDialog) {

@@ -121,26 +121,10 @@ TEST_F(RecordedOperationsTest, ReleasesOperationsAndItems) {
     EXPECT_EQ(log_.ReferencesOfKeptItems(), std::vector<ULONG>(6, 1));
 }
 
-/// Whether the system's operation object transfers. Wine's own does not; the service that stands in
-/// for it there has a library of its own.
-bool ShellTransfers() {
-    const HMODULE system = GetModuleHandleW(L"ntdll.dll");
-    if (GetProcAddress(system, "wine_get_version") == nullptr) {
-        return true;
-    }
-    std::wstring server(512, L'\0');
-    auto size = static_cast<DWORD>(server.size() * sizeof(wchar_t));
-    constexpr wchar_t kServerKey[] =
-        L"Software\\Classes\\CLSID\\{3AD05575-8857-4850-9277-11B85BDB8E09}\\InprocServer32";
-    return RegGetValueW(HKEY_LOCAL_MACHINE, kServerKey, nullptr, RRF_RT_REG_SZ, nullptr, server.data(),
-                        &size) == ERROR_SUCCESS &&
-           server.find(L"ferry_fileop") != std::wstring::npos;
-}
-
 class RealOperationsTest : public ShellOperationsTest {
 protected:
     void SetUp() override {
-        if (!ShellTransfers()) {
+        if (!test::ShellTransfers()) {
             GTEST_SKIP() << "this system's file operation does not copy";
         }
     }

@@ -146,6 +146,20 @@ bool Exists(const std::wstring& path) {
     return GetFileAttributesW(Prefixed(path).c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
+bool ShellTransfers() {
+    const HMODULE system = GetModuleHandleW(L"ntdll.dll");
+    if (GetProcAddress(system, "wine_get_version") == nullptr) {
+        return true;
+    }
+    std::wstring server(512, L'\0');
+    auto size = static_cast<DWORD>(server.size() * sizeof(wchar_t));
+    constexpr wchar_t kServerKey[] =
+        L"Software\\Classes\\CLSID\\{3AD05575-8857-4850-9277-11B85BDB8E09}\\InprocServer32";
+    return RegGetValueW(HKEY_LOCAL_MACHINE, kServerKey, nullptr, RRF_RT_REG_SZ, nullptr, server.data(),
+                        &size) == ERROR_SUCCESS &&
+           server.find(L"ferry_fileop") != std::wstring::npos;
+}
+
 std::future<std::wstring> AnswerNextBox(int button, std::function<void()> whileOpen) {
     return std::async(std::launch::async, [button, action = std::move(whileOpen)]() -> std::wstring {
         HWND box = nullptr;

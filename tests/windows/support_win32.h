@@ -60,6 +60,10 @@ std::wstring ReadUnits(const std::wstring& path);
 
 bool Exists(const std::wstring& path);
 
+/// Whether the system's operation object transfers. Wine's own does not; the service that stands in
+/// for it there has a library of its own.
+bool ShellTransfers();
+
 /// A name that no other process and no other test uses.
 std::wstring UniqueName(std::wstring_view prefix);
 

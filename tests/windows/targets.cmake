@@ -7,6 +7,7 @@ ferry_test(ferry_windows_tests
         main_win32.cpp
         naming_win32_test.cpp
         paths_win32_test.cpp
+        port_contract_win32_test.cpp
         process_win32_test.cpp
         recording_operation_win32.cpp
         settings_win32_test.cpp
@@ -14,6 +15,8 @@ ferry_test(ferry_windows_tests
         support_win32.cpp
         transfer_win32_test.cpp
         window_placement_win32_test.cpp
+        ${CMAKE_SOURCE_DIR}/tests/core/transfer/file_system_contract.cpp
+        ${CMAKE_SOURCE_DIR}/tests/core/transfer/shell_contract.cpp
     LINK
         ferry_hostlink_win32 ferry_lang_win32 ferry_naming_win32 ferry_paths_win32
         ferry_process_win32 ferry_process_windows ferry_settings_win32 ferry_transfer_win32 comctl32)
@@ -22,6 +25,8 @@ ferry_test(ferry_windows_tests
 ferry_test(ferry_dialogs_test
     SOURCES
         dialog_access_win32_test.cpp
+        dialog_template_win32.cpp
+        dialog_templates_win32_test.cpp
         dialog_world_win32.cpp
         dialogs.rc
         ferry_dialog_raise_win32_test.cpp

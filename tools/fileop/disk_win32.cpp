@@ -216,7 +216,9 @@ std::uint32_t WindowsDisk::Rename(const std::wstring& from, const std::wstring& 
     const std::wstring longTo = LongForm(to);
     if (!replaces) {
         const std::uint32_t code = CodeOf(MoveFileExW(LongForm(from).c_str(), longTo.c_str(), 0));
-        return code == 0 && !IsSpelledAs(to) ? Respell(from, to, TemporaryBeside(to)) : code;
+        // What has left its place is done with, however its new name came out: "b." becomes "b".
+        const bool isStillThere = code == 0 && Kind(from) != ItemKind::Missing;
+        return isStillThere && !IsSpelledAs(to) ? Respell(from, to, TemporaryBeside(to)) : code;
     }
     const DWORD attributes = MakeWritable(longTo);
     if (MoveFileExW(LongForm(from).c_str(), longTo.c_str(), MOVEFILE_REPLACE_EXISTING)) {

@@ -371,6 +371,19 @@ TEST_F(IndividualRunTest, AVanishedSourceIsNotTakenForAFolder) {
     EXPECT_EQ(run.View.Ranges, (std::vector<std::uint32_t>{1}));
 }
 
+TEST_F(IndividualRunTest, AFolderWhoseAttributesCannotBeReadIsWalkedAndNotHandedOverWhole) {
+    AddFile(L"C:\\src\\dir\\a", "incoming");
+    AddFile(L"D:\\out\\dir\\a", "existing");
+    AddSource(L"C:\\src\\dir");
+    UsePolicy(2);
+    run.Shared.Faults = [](std::size_t index, std::wstring_view) {
+        return index == 0 ? Fault::Fail : Fault::None;
+    };
+    EXPECT_TRUE(run.Run());
+    EXPECT_EQ(ContentAt(L"D:\\out\\dir\\a"), "existing");
+    EXPECT_EQ(run.View.Ranges, (std::vector<std::uint32_t>{2}));
+}
+
 TEST_F(IndividualRunTest, ADestinationInsideTheSourceIsNotCopiedIntoItselfWithoutEnd) {
     AddFile(L"C:\\src\\dir\\f");
     AddFile(L"C:\\src\\dir\\in\\g");

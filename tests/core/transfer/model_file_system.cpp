@@ -8,9 +8,11 @@ namespace {
 
 constexpr int kAccessDenied = 5;
 constexpr int kPathNotFound = 3;
-constexpr int kFileExists = 80;
+constexpr int kInvalidName = 123;
 constexpr std::uint32_t kReadOnly = 1;
-constexpr std::wstring_view kForbidden = L"/:*?\"><|\\";
+
+// What SetFileAttributesW takes; the other bits say what an item is, and stay.
+constexpr std::uint32_t kSettable = 0x31A7;
 
 FoundItem Found(const Node& node) {
     return {node.Name, node.Attributes, node.LastWriteTime, true};
@@ -19,6 +21,17 @@ FoundItem Found(const Node& node) {
 /// Whether a call that did its work says so; the others claim to have failed.
 bool SaysDone(Fault fault) {
     return fault != Fault::Late && fault != Fault::LateNoObject && fault != Fault::KeepSource;
+}
+
+/// Whether a name in `path`, below its drive, is one that Windows forbids.
+bool HasForbiddenName(std::wstring_view path) {
+    for (std::size_t start = path.find(L'\\'); start != path.npos; start = path.find(L'\\', start + 1)) {
+        const std::size_t end = path.find(L'\\', start + 1);
+        const std::wstring_view name = path.substr(start + 1, end == path.npos ? end : end - start - 1);
+        if (!name.empty() && IsForbiddenName(name))
+            return true;
+    }
+    return false;
 }
 
 /// Whether any parent of `path` is a file, so that no folder can be made there.
@@ -35,8 +48,10 @@ bool HasFileAbove(const Tree& files, std::wstring_view path) {
 }  // namespace
 
 std::uint32_t ModelFileSystem::Attributes(std::wstring_view path) {
-    if (Stops(world_.Enter(L"Attributes", path)))
+    if (Stops(world_.Enter(L"Attributes", path))) {
+        world_.HiddenAttributes.insert(Fold(path));
         return kInvalidAttributes;
+    }
     const Node* const node = world_.Files.At(path);
     return node == nullptr ? kInvalidAttributes : node->Attributes;
 }
@@ -48,7 +63,7 @@ bool ModelFileSystem::SetAttributes(std::wstring_view path, std::uint32_t attrib
     Node* const node = world_.Files.At(path);
     if (Stops(fault) || node == nullptr)
         return false;
-    node->Attributes = (attributes & ~kAttributeDirectory) | (node->IsFolder ? kAttributeDirectory : 0);
+    node->Attributes = (attributes & kSettable) | (node->IsFolder ? kAttributeDirectory : 0);
     return SaysDone(fault);
 }
 
@@ -69,12 +84,14 @@ void ModelFileSystem::Enumerate(std::wstring_view folder,
 
 std::optional<FoundItem> ModelFileSystem::Find(std::wstring_view path) {
     const Fault fault = world_.Enter(L"Find", path);
-    const Node* const node = path.ends_with(L'\\') ? nullptr : world_.Files.At(path);
+    const Node* const node = PlainPath(path).ends_with(L'\\') ? nullptr : world_.Files.At(path);
     std::optional<FoundItem> found;
-    if (Stops(fault))
+    if (Stops(fault)) {
+        world_.HiddenItems.insert(Fold(path));
         found = FoundItem{std::wstring(path.substr(path.rfind(L'\\') + 1)), 0, 0, false};
-    else if (node != nullptr)
+    } else if (node != nullptr) {
         found = Found(*node);
+    }
     // A run looks at the target before anything else.
     if (!world_.TargetWasSeen)
         world_.TargetWasSeen = found.has_value();
@@ -95,8 +112,10 @@ int ModelFileSystem::CreateFolder(std::wstring_view path) {
         return kFolderCreated;
     if (Stops(fault))
         return kAccessDenied;
-    if (const Node* const existing = world_.Files.At(path))
-        return existing->IsFolder ? kFolderExists : kFileExists;
+    if (world_.Files.At(path) != nullptr)
+        return kFolderExists;  // the shell says so of a file too
+    if (HasForbiddenName(path))
+        return kInvalidName;
     if (HasFileAbove(world_.Files, path) || world_.Files.At(path.substr(0, path.find(L'\\'))) == nullptr)
         return kPathNotFound;
     world_.Files.AddFolder(path);
@@ -130,16 +149,19 @@ bool ModelFileSystem::Rename(std::wstring_view from, std::wstring_view to) {
 }
 
 bool ModelFileSystem::Move(std::wstring_view from, std::wstring_view to) {
-    const std::wstring name(TakenName(to.substr(to.rfind(L'\\') + 1)));
+    const std::wstring target = PlainPath(to);
+    const std::wstring name = target.substr(target.rfind(L'\\') + 1);
     Node* const node = world_.Files.At(from);
-    const Node* const occupant = world_.Files.At(to);
-    if (node == nullptr || name.empty() || name.find_first_of(kForbidden) != name.npos ||
-        (occupant != nullptr && occupant != node) || world_.Files.ParentOf(to) == nullptr)
+    Node* const parent = world_.Files.ParentOf(target);
+    const Node* const occupant = world_.Files.At(target);
+    const bool isTaken = occupant != nullptr && occupant != node;
+    const bool liesInside = Fold(target).starts_with(Fold(PlainPath(from)) + L'\\');
+    if (node == nullptr || parent == nullptr || isTaken || liesInside || IsForbiddenName(name))
         return false;
     world_.RenamedAway.insert(Fold(from));
     auto moved = world_.Files.Detach(from);
     moved->Name = name;
-    world_.Files.ParentOf(to)->Children.push_back(std::move(moved));
+    parent->Children.push_back(std::move(moved));
     return true;
 }
 
@@ -148,7 +170,7 @@ bool ModelFileSystem::IsRoot(std::wstring_view path) {
     if (path.size() == 3)
         return path.substr(1) == L":\\";
     if (!path.starts_with(L"\\\\") || path.ends_with(L'\\'))
-        return false;
+        return path == L"\\";
     const std::size_t share = path.find(L'\\', 2);
     return share == std::wstring_view::npos || path.find(L'\\', share + 1) == std::wstring_view::npos;
 }
@@ -164,11 +186,11 @@ double ModelFileSystem::LocalDate(std::uint64_t fileTime) {
 double ModelLocalDate(std::uint64_t fileTime) {
     constexpr std::uint64_t kUnitsPerSecond = 10'000'000;
     constexpr std::int64_t kSecondsPerDay = 86'400;
-    constexpr std::int64_t kEpochDay = 109'205;  // 1899-12-30 counted from 1601-01-01
-    constexpr std::uint64_t kFirstUnfit = std::uint64_t{1} << 63;
-    if (fileTime >= kFirstUnfit)
-        return 0.0;
+    constexpr std::int64_t kEpochDay = 109'205;               // 1899-12-30 counted from 1601-01-01
+    constexpr std::int64_t kEndOfCalendar = 265'046'774'400;  // the date type ends with the year 9999
     const auto seconds = static_cast<std::int64_t>(fileTime / kUnitsPerSecond) + 9 * 3600;
+    if (seconds >= kEndOfCalendar)
+        return 0.0;
     const double day = static_cast<double>(seconds / kSecondsPerDay - kEpochDay);
     const double fraction = static_cast<double>(seconds % kSecondsPerDay) / kSecondsPerDay;
     return day < 0 ? day - fraction : day + fraction;

@@ -65,8 +65,8 @@ private:
 
     ShellOutcome Perform(const ShellTransfer& transfer, Fault fault);
     ShellOutcome Place(const Placing& placing);
-    void TransferTree(const std::wstring& source, const std::wstring& destination, std::uint32_t function,
-                      std::uint32_t flags);
+    ShellOutcome PlaceIfAgreed(Placing& placing);
+    ShellOutcome PlaceFolder(const Placing& placing);
 
     World& world_;
 };

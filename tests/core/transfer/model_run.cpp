@@ -93,6 +93,7 @@ std::vector<std::string> HarmCheck::Violations(bool finished) {
     CheckOutside();
     CheckProgress(finished);
     CheckRemovedFolders();
+    CheckHandedOverFolders();
     if (!overlaps_) {
         CheckCopiedSource();
         CheckSkippedFiles();
@@ -121,7 +122,8 @@ void HarmCheck::CheckOverwrites() {
         const bool isBound = KeepsWhatItSaw(transfer.Policy) && transfer.TargetWasSeen;
         const bool isDisturbed =
             world.DatesDisturbed || IsDisturbed(transfer.Source) || IsDisturbed(transfer.Target);
-        const bool excused = transfer.PersonAgreed || (isDisturbed && !isBound);
+        const bool excused =
+            transfer.PersonAgreed || (isDisturbed && !isBound) || WasHandedOver(transfer.Source);
         if (transfer.Overwritten && !excused && !MayOverwrite(transfer, run_.Request.Settings.TimeCmpType))
             Report("overwritten against policy " + std::to_string(transfer.Policy), transfer.Target);
     }
@@ -134,6 +136,8 @@ void HarmCheck::CheckPlaces() {
                                   (transfer.Policy == 4 && transfer.TargetWasSeen);
         if (!IsRequested(transfer.Source))
             Report("transferred though nobody asked for it", transfer.Source);
+        if (WasHandedOver(transfer.Source))
+            continue;
         if (FolderOf(transfer.Target) != FolderOf(target))
             Report("landed in another folder", transfer.Target);
         if (!mayBeRenamed && NameOf(transfer.Target) != NameOf(target))
@@ -145,7 +149,8 @@ void HarmCheck::CheckConsent() {
     for (const Transferred& transfer : run_.Shared.Transfers) {
         if (transfer.WasDeclined)
             Report("transferred though the person refused", transfer.Source);
-        if (transfer.Policy == 5 && transfer.TargetWasSeen && !transfer.IsInRenamedPlace)
+        const bool mustBeRenamed = transfer.Policy == 5 && transfer.TargetWasSeen;
+        if (mustBeRenamed && !transfer.IsInRenamedPlace && !WasHandedOver(transfer.Source))
             Report("transferred without renaming what stood there", transfer.Target);
     }
     for (const std::wstring& path : run_.Shared.CallsTooLate)
@@ -206,7 +211,7 @@ void HarmCheck::CheckFolders(bool finished) {
     if (!finished && removed.size() != run_.View.FoldersRemovedAtRange)
         Report("folder removed by a run that was stopped", removed.back());
     for (const std::wstring& folder : folders_) {
-        const bool wasRemoved = std::ranges::find(removed, folder) != removed.end();
+        const bool wasRemoved = std::ranges::find(removed, folder) != removed.end() || WasHandedOver(folder);
         if (!wasRemoved && !IsDisturbed(folder) && run_.Shared.Files.At(folder) == nullptr)
             Report("folder vanished", folder);
     }
@@ -227,6 +232,15 @@ void HarmCheck::CheckRemovedFolders() {
             Report("folder removed that was no source", folder);
         if (!excused && (counterpart == nullptr || !counterpart->IsFolder))
             Report("folder removed without a counterpart", folder);
+    }
+}
+
+void HarmCheck::CheckHandedOverFolders() {
+    for (const std::wstring& folder : run_.Shared.FoldersHandedOver) {
+        const bool wasHidden = IsAtOrBelowAny(folder, run_.Shared.HiddenAttributes) &&
+                               IsAtOrBelowAny(folder, run_.Shared.HiddenItems);
+        if (!IsDisturbed(folder) && !wasHidden)
+            Report("folder handed over to the shell as if it were a file", folder);
     }
 }
 
@@ -263,6 +277,10 @@ void HarmCheck::Report(const std::string& what, const std::wstring& path) {
 
 bool HarmCheck::IsDisturbed(const std::wstring& path) const {
     return IsAtOrBelowAny(path, run_.Shared.Disturbed);
+}
+
+bool HarmCheck::WasHandedOver(const std::wstring& path) const {
+    return IsAtOrBelowAny(path, run_.Shared.FoldersHandedOver);
 }
 
 bool HarmCheck::IsRequested(const std::wstring& path) const {

@@ -48,10 +48,12 @@ private:
     void CheckDestinationFiles();
     void CheckFolders(bool finished);
     void CheckRemovedFolders();
+    void CheckHandedOverFolders();
     void CheckProgress(bool finished);
     void CheckOutside();
     void Report(const std::string& what, const std::wstring& path);
     bool IsDisturbed(const std::wstring& path) const;
+    bool WasHandedOver(const std::wstring& path) const;
     bool IsRequested(const std::wstring& path) const;
     std::wstring TargetOf(const std::wstring& path) const;
     bool IsMove() const;

@@ -9,12 +9,10 @@
 namespace ferry::transfer::model {
 namespace {
 
-constexpr std::int32_t kNotFound = static_cast<std::int32_t>(0x80070002);
-constexpr std::int32_t kNoPath = static_cast<std::int32_t>(0x80070003);
-constexpr std::int32_t kBadName = static_cast<std::int32_t>(0x8007007B);
-constexpr std::int32_t kSameFile = static_cast<std::int32_t>(0x80270003);
+constexpr std::int32_t kNothingQueued = static_cast<std::int32_t>(0x8000FFFF);
+constexpr std::int32_t kCancelled = static_cast<std::int32_t>(0x80270000);
+constexpr std::int32_t kRefused = static_cast<std::int32_t>(0x80270003);
 constexpr std::int32_t kUnspecified = static_cast<std::int32_t>(0x80004005);
-constexpr std::wstring_view kForbidden = L"/:*?\"><|\\";
 
 std::wstring FreshName(const Node& folder, const std::wstring& name) {
     for (int number = 2;; ++number) {
@@ -76,37 +74,57 @@ ShellOutcome ModelShell::TransferFile(const ShellTransfer& transfer) {
 
 ShellOutcome ModelShell::Perform(const ShellTransfer& transfer, Fault fault) {
     Node* const source = world_.Files.At(transfer.Source);
-    if (source == nullptr || source->IsFolder)
-        return {kNotFound, false};
     Node* const folder = world_.Files.At(transfer.TargetFolder);
-    if (folder == nullptr || !folder->IsFolder)
-        return {kNoPath, false};
+    if (source == nullptr || folder == nullptr)
+        return {kNothingQueued, false};
+    // What is refused the person has to skip, and that counts as an abort.
+    const ShellOutcome refused{kRefused, transfer.AskAborted};
     Placing placing{transfer, *source, *folder, source->Name, false, fault};
     if (!transfer.NewName.empty())
         placing.Name = TakenName(transfer.NewName);
-    if (placing.Name.empty() || placing.Name.find_first_of(kForbidden) != std::wstring::npos)
-        return {kBadName, false};
-
+    if (!folder->IsFolder || IsForbiddenName(placing.Name))
+        return refused;
     const Node* const existing = Tree::Child(*folder, placing.Name);
-    if (existing == nullptr)
-        return Place(placing);
-    if ((transfer.Flags & kFlagRenameOnCollision) != 0) {
+    if (existing == source && transfer.Function == kFunctionMove)
+        return refused;
+    if (existing != nullptr && (transfer.Flags & kFlagRenameOnCollision) != 0)
         placing.Name = FreshName(*folder, placing.Name);
-        return Place(placing);
+    else if (existing != nullptr && (existing == source || existing->IsFolder != source->IsFolder))
+        return refused;
+    else if (existing != nullptr && !source->IsFolder && (transfer.Flags & kFlagNoConfirmation) == 0)
+        return PlaceIfAgreed(placing);
+    return source->IsFolder ? PlaceFolder(placing) : Place(placing);
+}
+
+ShellOutcome ModelShell::PlaceIfAgreed(Placing& placing) {
+    const ShellAnswer answer = Answer ? Answer() : ShellAnswer::Skip;
+    if (answer != ShellAnswer::Overwrite)
+        return {answer == ShellAnswer::Abort ? kCancelled : 0, placing.Transfer.AskAborted};
+    placing.PersonAgreed = true;
+    return Place(placing);
+}
+
+ShellOutcome ModelShell::PlaceFolder(const Placing& placing) {
+    const ShellTransfer& transfer = placing.Transfer;
+    const std::wstring source = PlainPath(transfer.Source);
+    const std::wstring target = paths::WithTrailingSeparator(transfer.TargetFolder) + placing.Name + L'\\';
+    if (Fold(target).starts_with(Fold(source) + L'\\'))
+        return {kRefused, transfer.AskAborted};
+    world_.FoldersHandedOver.insert(Fold(source));
+    world_.Files.AddFolder(target);
+    std::vector<std::wstring> names;
+    for (const auto& child : placing.Source.Children)
+        names.push_back(child->Name);
+    ShellOutcome whole;
+    for (const std::wstring& name : names) {
+        const std::wstring path = source + L'\\' + name;
+        const ShellOutcome one =
+            Perform({path, target, {}, transfer.Function, transfer.Flags, transfer.AskAborted}, placing.What);
+        whole = {one.Result != 0 ? one.Result : whole.Result, one.Aborted || whole.Aborted};
     }
-    if (existing == source || existing->IsFolder)
-        return {kSameFile, false};
-    if ((transfer.Flags & kFlagNoConfirmation) != 0)
-        return Place(placing);
-    switch (Answer ? Answer() : ShellAnswer::Skip) {
-        case ShellAnswer::Abort:
-            return {0, transfer.AskAborted};
-        case ShellAnswer::Overwrite:
-            placing.PersonAgreed = true;
-            return Place(placing);
-        default:
-            return {0, false};
-    }
+    if (transfer.Function == kFunctionMove && placing.Source.Children.empty())
+        world_.Files.Detach(source);
+    return whole;
 }
 
 ShellOutcome ModelShell::Place(const Placing& placing) {
@@ -148,29 +166,13 @@ std::int32_t ModelShell::TransferBatch(const base::TextList& sources, std::wstri
         return 1;
     if (fault == Fault::Fail)
         return kUnspecified;
+    std::int32_t result = kNothingQueued;
     for (const std::wstring_view source : sources) {
-        if (world_.Files.At(source) != nullptr)
-            TransferTree(std::wstring(source), std::wstring(destination), function, flags);
+        const ShellOutcome one = Perform({source, destination, {}, function, flags, false}, Fault::None);
+        if (result == kNothingQueued || (result == 0 && one.Result != kNothingQueued))
+            result = one.Result;
     }
-    return 0;
-}
-
-void ModelShell::TransferTree(const std::wstring& source, const std::wstring& destination,
-                              std::uint32_t function, std::uint32_t flags) {
-    const Node* const node = world_.Files.At(source);
-    if (!node->IsFolder) {
-        Perform({source, destination, {}, function, flags, false}, Fault::None);
-        return;
-    }
-    const std::wstring target = destination + node->Name + L'\\';
-    world_.Files.AddFolder(target);
-    std::vector<std::wstring> names;
-    for (const auto& child : node->Children)
-        names.push_back(child->Name);
-    for (const auto& name : names)
-        TransferTree(source + L'\\' + name, target, function, flags);
-    if (function == kFunctionMove && node->Children.empty())
-        world_.Files.Detach(source);
+    return result;
 }
 
 CollisionAnswer ModelQuestions::AskCollision(std::wstring_view name) {

@@ -4,15 +4,13 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "completion/case_order.h"
+
 namespace ferry::transfer::model {
 namespace {
 
-wchar_t FoldUnit(wchar_t unit) {
-    return unit >= L'A' && unit <= L'Z' ? static_cast<wchar_t>(unit - L'A' + L'a') : unit;
-}
-
 bool SameName(std::wstring_view stored, std::wstring_view asked) {
-    return std::ranges::equal(stored, TakenName(asked), {}, FoldUnit, FoldUnit);
+    return std::ranges::equal(stored, TakenName(asked), {}, completion::ToSmall, completion::ToSmall);
 }
 
 std::wstring_view WithoutTrailingSeparator(std::wstring_view path) {
@@ -40,12 +38,33 @@ void Visit(const std::wstring& path, const Node& node,
 
 std::wstring Fold(std::wstring_view text) {
     std::wstring folded(text);
-    std::ranges::transform(folded, folded.begin(), FoldUnit);
+    std::ranges::transform(folded, folded.begin(), completion::ToSmall);
     return folded;
 }
 
 std::wstring_view TakenName(std::wstring_view name) {
     return name.substr(0, name.find_last_not_of(L". ") + 1);
+}
+
+std::wstring PlainPath(std::wstring_view path) {
+    std::wstring plain;
+    const std::wstring_view end = path.ends_with(L'\\') ? L"\\" : L"";
+    path = WithoutTrailingSeparator(path);
+    for (bool isLast = path.empty(); !isLast;) {
+        const std::size_t length = path.find(L'\\');
+        isLast = length == std::wstring_view::npos;
+        const std::wstring_view component = path.substr(0, length);
+        if (component == L"..")
+            plain.resize(std::min(plain.rfind(L'\\'), plain.size()));
+        else if (component != L".")
+            plain.append(plain.empty() ? L"" : L"\\").append(isLast ? TakenName(component) : component);
+        path.remove_prefix(isLast ? path.size() : length + 1);
+    }
+    return plain.append(end);
+}
+
+bool IsForbiddenName(std::wstring_view name) {
+    return name.empty() || name.find_first_of(L"/:*?\"><|\\") != std::wstring_view::npos;
 }
 
 Node* Tree::Child(const Node& folder, std::wstring_view name) {
@@ -57,6 +76,15 @@ Node* Tree::Child(const Node& folder, std::wstring_view name) {
 }
 
 Node* Tree::At(std::wstring_view path) {
+    // Only a component that begins with a dot or a blank can be one without a name.
+    if (path.find(L"\\.") != path.npos || path.find(L"\\ ") != path.npos) {
+        const std::wstring plain = PlainPath(path);
+        return AtPlain(plain);
+    }
+    return AtPlain(path);
+}
+
+Node* Tree::AtPlain(std::wstring_view path) {
     path = WithoutTrailingSeparator(path);
     Node* node = &root_;
     if (path.empty())
@@ -76,10 +104,11 @@ const Node* Tree::At(std::wstring_view path) const {
 }
 
 Node* Tree::ParentOf(std::wstring_view path) {
-    const std::size_t end = WithoutTrailingSeparator(path).rfind(L'\\');
-    if (end == std::wstring_view::npos)
+    const std::wstring plain = PlainPath(WithoutTrailingSeparator(path));
+    const std::size_t end = plain.rfind(L'\\');
+    if (end == std::wstring::npos)
         return &root_;
-    Node* const parent = At(path.substr(0, end));
+    Node* const parent = At(plain.substr(0, end));
     return parent != nullptr && parent->IsFolder ? parent : nullptr;
 }
 
@@ -91,7 +120,7 @@ Node& Tree::AddFolder(std::wstring_view path) {
     Node& parent = end == std::wstring_view::npos ? root_ : AddFolder(path.substr(0, end));
     if (!parent.IsFolder)
         throw std::logic_error("a file cannot hold a folder");
-    parent.Children.push_back(MakeNode(end == std::wstring_view::npos ? path : path.substr(end + 1), true));
+    parent.Children.push_back(MakeNode(TakenName(path.substr(end == path.npos ? 0 : end + 1)), true));
     return *parent.Children.back();
 }
 
@@ -100,7 +129,7 @@ Node& Tree::AddFile(std::wstring_view path, std::string content, std::uint64_t l
     Node& parent = AddFolder(path.substr(0, end));
     if (!parent.IsFolder || Child(parent, path.substr(end + 1)) != nullptr)
         throw std::logic_error("no place for a file");
-    parent.Children.push_back(MakeNode(path.substr(end + 1), false));
+    parent.Children.push_back(MakeNode(TakenName(path.substr(end + 1)), false));
     Node& file = *parent.Children.back();
     file.Content = std::move(content);
     file.LastWriteTime = lastWriteTime;

@@ -22,19 +22,27 @@ struct Node {
     std::vector<std::unique_ptr<Node>> Children;
 };
 
-/// `text` with ASCII letters in lower case: names that fold alike are the same item.
+/// `text` in small letters: names that fold alike are the same item.
 std::wstring Fold(std::wstring_view text);
 
 /// `name` as Windows takes it: without dots and blanks at its end. "." and ".." give nothing.
 std::wstring_view TakenName(std::wstring_view name);
 
-/// Drives with folders and files. Lookups do not regard the case of ASCII letters, nor dots and
-/// blanks at the end of a name.
+/// `path` without the components "." and "..", as Windows takes it. A last component of nothing but
+/// dots and blanks leaves the separator before it.
+std::wstring PlainPath(std::wstring_view path);
+
+/// Whether Windows allows no item to be called `name`.
+bool IsForbiddenName(std::wstring_view name);
+
+/// Drives with folders and files. Lookups do not regard case, nor dots and blanks at the end of a
+/// name.
 class Tree {
 public:
     Tree() { root_.IsFolder = true; }
 
-    /// The item at `path`, with or without a trailing backslash; null when there is none.
+    /// The item at `path`, with or without a trailing backslash, with or without components of dots;
+    /// null when there is none.
     Node* At(std::wstring_view path);
     const Node* At(std::wstring_view path) const;
 
@@ -60,6 +68,8 @@ public:
     std::map<std::wstring, std::string> Snapshot(std::wstring_view path) const;
 
 private:
+    Node* AtPlain(std::wstring_view path);
+
     Node root_;
 };
 

@@ -1,0 +1,328 @@
+// The contract of the file system.
+#include <algorithm>
+#include <cmath>
+
+#include "core/transfer/port_contract.h"
+
+namespace ferry::transfer::contract {
+
+PortContract::Names PortContract::NamesIn(std::wstring_view relative) {
+    Names names;
+    Files().Enumerate(Path(relative), [&](const FoundItem& item) { names.push_back(item.Name); });
+    std::ranges::sort(names);
+    return names;
+}
+
+namespace {
+
+TEST_P(FileSystemContract, AttributesTellFilesFromFoldersAndFromNothing) {
+    AddFile(L"file");
+    AddFolder(L"folder");
+    EXPECT_EQ(AttributesOf(L"file"), 0u);
+    EXPECT_EQ(AttributesOf(L"folder"), kAttributeDirectory);
+    EXPECT_EQ(Files().Attributes(Path(L"folder") + L"\\"), Files().Attributes(Path(L"folder")));
+    for (const wchar_t* const missing : {L"missing", L"missing\\below", L"file\\below"})
+        EXPECT_EQ(Files().Attributes(Path(missing)), kInvalidAttributes);
+    EXPECT_EQ(Files().Attributes(L""), kInvalidAttributes);
+}
+
+TEST_P(FileSystemContract, AttributesAreSetAndTakenBack) {
+    AddFile(L"file");
+    AddFolder(L"folder");
+    for (const std::uint32_t attributes : {kReadOnly, kHidden, kReadOnly | kHidden | kSystem, 0u}) {
+        EXPECT_TRUE(Files().SetAttributes(Path(L"file"), attributes));
+        EXPECT_EQ(AttributesOf(L"file"), attributes);
+        // Not every system has read-only folders.
+        EXPECT_TRUE(Files().SetAttributes(Path(L"folder"), attributes));
+        EXPECT_EQ(AttributesOf(L"folder") | kReadOnly, attributes | kReadOnly | kAttributeDirectory);
+    }
+    EXPECT_EQ(AttributesOf(L"folder"), kAttributeDirectory);
+    EXPECT_FALSE(Files().SetAttributes(Path(L"missing"), 0));
+    EXPECT_FALSE(IsThere(L"missing"));
+}
+
+TEST_P(FileSystemContract, AFolderAndAFileStayWhatTheyAreWhateverTheirAttributes) {
+    AddFile(L"file", "bytes");
+    AddFolder(L"folder");
+    EXPECT_TRUE(Files().SetAttributes(Path(L"file"), kAttributeDirectory | kHidden));
+    EXPECT_EQ(AttributesOf(L"file"), kHidden);
+    EXPECT_EQ(ContentOf(L"file"), "bytes");
+    EXPECT_TRUE(Files().SetAttributes(Path(L"folder"), kAttributeDirectory));
+    EXPECT_EQ(AttributesOf(L"folder"), kAttributeDirectory);
+}
+
+TEST_P(FileSystemContract, AttributesOfCompressionAndOfLinksCannotBeSet) {
+    constexpr std::uint32_t kLinkAndCompressed = 0x400 | 0x800;
+    AddFolder(L"folder");
+    EXPECT_TRUE(Files().SetAttributes(Path(L"folder"), kLinkAndCompressed | kHidden));
+    EXPECT_EQ(Files().Attributes(Path(L"folder")) & (kLinkAndCompressed | kHidden), kHidden);
+}
+
+TEST_P(FileSystemContract, AnItemIsFoundWithItsOwnSpellingItsAttributesAndItsTime) {
+    AddFile(L"File.txt", "bytes", kSomeTime + 7 * kSecond);
+    AddFolder(L"Folder");
+    ASSERT_TRUE(Files().SetAttributes(Path(L"File.txt"), kReadOnly));
+    const auto file = Files().Find(Path(L"FILE.TXT"));
+    ASSERT_TRUE(file);
+    EXPECT_EQ(file->Name, L"File.txt");
+    EXPECT_EQ(file->Attributes & kKeptAttributes, kReadOnly);
+    EXPECT_EQ(file->LastWriteTime, kSomeTime + 7 * kSecond);
+    EXPECT_TRUE(file->IsTimeKnown);
+    const auto folder = Files().Find(Path(L"folder"));
+    ASSERT_TRUE(folder);
+    EXPECT_EQ(folder->Name, L"Folder");
+    EXPECT_EQ(folder->Attributes & kKeptAttributes, kAttributeDirectory);
+    EXPECT_TRUE(folder->IsTimeKnown);
+}
+
+TEST_P(FileSystemContract, NothingIsFoundWhereNothingIs) {
+    AddFile(L"file");
+    AddFolder(L"folder");
+    for (const wchar_t* const name : {L"missing", L"missing\\below", L"file\\below", L"folder\\below",
+                                      L"folder\\", L"not<a>name", L"a|b"})
+        EXPECT_FALSE(Files().Find(Path(name))) << testing::PrintToString(std::wstring(name));
+    EXPECT_FALSE(Files().Find(L""));
+}
+
+TEST_P(FileSystemContract, DotsAndBlanksAtTheEndOfANameDoNotCount) {
+    AddFile(L"file", "bytes");
+    for (const wchar_t* const name : {L"file.", L"file ", L"file. .", L"FILE..."}) {
+        const auto found = Files().Find(Path(name));
+        ASSERT_TRUE(found) << testing::PrintToString(std::wstring(name));
+        EXPECT_EQ(found->Name, L"file");
+        EXPECT_EQ(AttributesOf(name), 0u);
+        EXPECT_EQ(Files().FileSize(Path(name)), 5u);
+    }
+    EXPECT_FALSE(Files().Find(Path(L".file")));
+    EXPECT_FALSE(Files().Find(Path(L" file")));
+}
+
+TEST_P(FileSystemContract, OneDotIsTheFolderAndTwoAreTheOneAbove) {
+    AddFolder(L"outer\\inner");
+    AddFile(L"outer\\file");
+    EXPECT_EQ(Files().Find(Path(L"outer\\inner\\."))->Name, L"inner");
+    EXPECT_EQ(Files().Find(Path(L"outer\\inner\\.."))->Name, L"outer");
+    EXPECT_EQ(AttributesOf(L"outer\\inner\\..\\file"), 0u);
+    EXPECT_EQ(AttributesOf(L"outer\\.\\inner"), kAttributeDirectory);
+    EXPECT_FALSE(Files().Find(Path(L"outer\\...")));
+    EXPECT_FALSE(Files().Rename(Path(L"outer\\file"), Path(L"outer\\.")));
+    EXPECT_FALSE(Files().Rename(Path(L"outer\\file"), Path(L"outer\\..")));
+    EXPECT_FALSE(Files().Rename(Path(L"outer\\file"), Path(L"outer\\...")));
+    EXPECT_EQ(ContentOf(L"outer\\file"), "bytes");
+}
+
+TEST_P(FileSystemContract, CaseDoesNotCountInAnyAlphabet) {
+    constexpr std::pair<const wchar_t*, const wchar_t*> kSpellings[] = {
+        {L"Folder Ä", L"FOLDER ä"}, {L"ＡＢＣ", L"ａｂｃ"}, {L"Ωμέγα", L"ΩΜΈΓΑ"}, {L"Файл", L"ФАЙЛ"}};
+    for (const auto& [name, other] : kSpellings) {
+        AddFolder(name);
+        AddFile(std::wstring(name) + L"\\x");
+        EXPECT_EQ(Files().CreateFolder(Path(other)), kFolderExists);
+        ASSERT_TRUE(Files().Find(Path(other)));
+        EXPECT_EQ(Files().Find(Path(other))->Name, name);
+        EXPECT_EQ(NamesIn(other), (Names{L"x"}));
+    }
+}
+
+TEST_P(FileSystemContract, AListingHoldsEachEntryOnceAndNoDots) {
+    for (const wchar_t* const name : {L"c", L"a", L".dot", L"..two", L"B.TXT"})
+        AddFile(name, "x", kSomeTime);
+    AddFolder(L"folder");
+    AddFile(L"folder\\deep");
+    AddFile(L"hidden");
+    ASSERT_TRUE(Files().SetAttributes(Path(L"hidden"), kHidden | kSystem));
+    EXPECT_EQ(NamesIn(L""), (Names{L"..two", L".dot", L"B.TXT", L"a", L"c", L"folder", L"hidden"}));
+    Files().Enumerate(Root(), [&](const FoundItem& item) {
+        EXPECT_EQ(item.Attributes & kKeptAttributes, AttributesOf(item.Name));
+        EXPECT_TRUE(item.IsTimeKnown);
+        EXPECT_TRUE(item.Name == L"folder" || item.LastWriteTime == kSomeTime);
+    });
+}
+
+TEST_P(FileSystemContract, AListingComesInTheSameOrderEveryTimeWithOrWithoutASeparator) {
+    for (const wchar_t* const name : {L"c", L"a", L"b"})
+        AddFile(name);
+    Names first;
+    Names second;
+    Files().Enumerate(Root(), [&](const FoundItem& item) { first.push_back(item.Name); });
+    Files().Enumerate(Root() + L"\\", [&](const FoundItem& item) { second.push_back(item.Name); });
+    EXPECT_EQ(first.size(), 3u);
+    EXPECT_EQ(first, second);
+}
+
+TEST_P(FileSystemContract, AnEmptyFolderAMissingOneAndAFileHaveNoEntries) {
+    AddFolder(L"empty");
+    AddFile(L"file");
+    for (const wchar_t* const name : {L"empty", L"missing", L"file", L"file\\below"})
+        EXPECT_TRUE(NamesIn(name).empty()) << testing::PrintToString(std::wstring(name));
+}
+
+TEST_P(FileSystemContract, AVisitMayListAndChangeOtherFolders) {
+    AddFolder(L"outer\\inner");
+    AddFile(L"outer\\inner\\file");
+    AddFolder(L"other");
+    Names seen;
+    Files().Enumerate(Path(L"outer"), [&](const FoundItem& item) {
+        seen = NamesIn(L"outer\\" + item.Name);
+        EXPECT_TRUE(Files().RemoveFolder(Path(L"other")));
+    });
+    EXPECT_EQ(seen, (Names{L"file"}));
+}
+
+TEST_P(FileSystemContract, AFileHasItsSizeAndEverythingElseHasNone) {
+    AddFile(L"file", "12345");
+    AddFile(L"empty", "");
+    AddFolder(L"folder");
+    EXPECT_EQ(Files().FileSize(Path(L"file")), 5u);
+    EXPECT_EQ(Files().FileSize(Path(L"FILE")), 5u);
+    for (const wchar_t* const name : {L"empty", L"folder", L"missing", L"file\\below"})
+        EXPECT_EQ(Files().FileSize(Path(name)), 0u);
+}
+
+TEST_P(FileSystemContract, AFolderIsMadeOnceWithItsParents) {
+    EXPECT_EQ(Files().CreateFolder(Path(L"one\\two\\three")), kFolderCreated);
+    EXPECT_EQ(AttributesOf(L"one\\two\\three"), kAttributeDirectory);
+    EXPECT_EQ(Files().CreateFolder(Path(L"one\\two\\three")), kFolderExists);
+    EXPECT_EQ(Files().CreateFolder(Path(L"ONE\\two")), kFolderExists);
+    EXPECT_EQ(Files().CreateFolder(Path(L"one\\four.")), kFolderCreated);
+    EXPECT_EQ(NamesIn(L"one"), (Names{L"four", L"two"}));
+    const std::wstring drive = Root().substr(0, Root().find(L'\\') + 1);
+    EXPECT_EQ(Files().CreateFolder(drive), kFolderExists);
+}
+
+TEST_P(FileSystemContract, AFolderIsNotMadeOverAFileNorBelowOne) {
+    AddFile(L"file", "bytes");
+    EXPECT_NE(Files().CreateFolder(Path(L"file")), kFolderCreated);
+    for (const wchar_t* const name : {L"file\\below", L"file\\below\\deeper"}) {
+        const int result = Files().CreateFolder(Path(name));
+        EXPECT_NE(result, kFolderCreated);
+        EXPECT_NE(result, kFolderExists);
+    }
+    EXPECT_EQ(ContentOf(L"file"), "bytes");
+}
+
+TEST_P(FileSystemContract, AFolderIsNotMadeWithoutAProperPath) {
+    for (const std::wstring& path :
+         {std::wstring(L"relative"), std::wstring(), Path(L"what?"), Path(L"a<b>")}) {
+        const int result = Files().CreateFolder(path);
+        EXPECT_NE(result, kFolderCreated) << testing::PrintToString(path);
+        EXPECT_NE(result, kFolderExists) << testing::PrintToString(path);
+    }
+    EXPECT_TRUE(NamesIn(L"").empty());
+}
+
+TEST_P(FileSystemContract, OnlyAnEmptyFolderIsRemoved) {
+    AddFolder(L"folder\\inner");
+    AddFile(L"file");
+    EXPECT_FALSE(Files().RemoveFolder(Path(L"folder")));
+    EXPECT_FALSE(Files().RemoveFolder(Path(L"file")));
+    EXPECT_FALSE(Files().RemoveFolder(Path(L"missing")));
+    EXPECT_FALSE(Files().RemoveFolder(Path(L"missing\\below")));
+    EXPECT_TRUE(Files().RemoveFolder(Path(L"FOLDER\\inner")));
+    EXPECT_TRUE(Files().RemoveFolder(Path(L"folder")));
+    EXPECT_EQ(NamesIn(L""), (Names{L"file"}));
+}
+
+TEST_P(FileSystemContract, AFileGetsANewNameWithEverythingElseAsItWas) {
+    AddFile(L"a", "bytes", kSomeTime);
+    ASSERT_TRUE(Files().SetAttributes(Path(L"a"), kReadOnly | kHidden));
+    EXPECT_TRUE(Files().Rename(Path(L"a"), Path(L"b.c d")));
+    EXPECT_EQ(NamesIn(L""), (Names{L"b.c d"}));
+    EXPECT_EQ(ContentOf(L"b.c d"), "bytes");
+    EXPECT_EQ(AttributesOf(L"b.c d"), kReadOnly | kHidden);
+    EXPECT_EQ(Files().Find(Path(L"b.c d"))->LastWriteTime, kSomeTime);
+}
+
+TEST_P(FileSystemContract, AFolderGetsANewNameWithAllThatItHolds) {
+    AddFolder(L"a\\inner");
+    AddFile(L"a\\inner\\file", "bytes");
+    EXPECT_TRUE(Files().Rename(Path(L"a"), Path(L"b")));
+    EXPECT_EQ(NamesIn(L""), (Names{L"b"}));
+    EXPECT_EQ(ContentOf(L"b\\inner\\file"), "bytes");
+}
+
+TEST_P(FileSystemContract, ATakenNameIsNotGivenAgain) {
+    AddFile(L"a", "first");
+    AddFile(L"b", "second");
+    AddFolder(L"folder");
+    AddFolder(L"empty");
+    for (const wchar_t* const taken : {L"b", L"B", L"b.", L"b ", L"folder"})
+        EXPECT_FALSE(Files().Rename(Path(L"a"), Path(taken))) << testing::PrintToString(std::wstring(taken));
+    EXPECT_FALSE(Files().Rename(Path(L"folder"), Path(L"empty")));
+    EXPECT_FALSE(Files().Rename(Path(L"folder"), Path(L"a")));
+    EXPECT_EQ(ContentOf(L"a"), "first");
+    EXPECT_EQ(ContentOf(L"b"), "second");
+    EXPECT_EQ(NamesIn(L""), (Names{L"a", L"b", L"empty", L"folder"}));
+}
+
+TEST_P(FileSystemContract, AnItemKeepsItsNameWhenItIsRenamedToIt) {
+    AddFile(L"name", "bytes");
+    EXPECT_TRUE(Files().Rename(Path(L"name"), Path(L"name")));
+    EXPECT_TRUE(Files().Rename(Path(L"name"), Path(L"NAME")));
+    EXPECT_EQ(NamesIn(L"").size(), 1u);
+    EXPECT_EQ(ContentOf(L"Name"), "bytes");
+}
+
+TEST_P(FileSystemContract, WhatIsMissingOrHasNoPlaceIsNotRenamed) {
+    AddFile(L"a", "bytes");
+    AddFolder(L"folder");
+    EXPECT_FALSE(Files().Rename(Path(L"missing"), Path(L"b")));
+    EXPECT_FALSE(Files().Rename(Path(L"a"), Path(L"missing\\b")));
+    EXPECT_FALSE(Files().Rename(Path(L"folder"), Path(L"folder\\inside")));
+    EXPECT_EQ(NamesIn(L""), (Names{L"a", L"folder"}));
+    EXPECT_EQ(ContentOf(L"a"), "bytes");
+}
+
+TEST_P(FileSystemContract, ANameThatWindowsForbidsIsNotGiven) {
+    AddFile(L"a", "bytes");
+    for (const wchar_t* const name : {L"x*", L"x?", L"\"x\"", L"<x>", L"x|y", L"", L" ", L".", L". ."})
+        EXPECT_FALSE(Files().Rename(Path(L"a"), Path(name))) << testing::PrintToString(std::wstring(name));
+    EXPECT_EQ(NamesIn(L""), (Names{L"a"}));
+    EXPECT_EQ(ContentOf(L"a"), "bytes");
+}
+
+TEST_P(FileSystemContract, ANewNameLosesTheDotsAndBlanksAtItsEnd) {
+    AddFile(L"a", "bytes");
+    EXPECT_TRUE(Files().Rename(Path(L"a"), Path(L"b. .")));
+    EXPECT_EQ(NamesIn(L""), (Names{L"b"}));
+    EXPECT_EQ(ContentOf(L"b"), "bytes");
+}
+
+TEST_P(FileSystemContract, RootsAreDrivesAndShares) {
+    for (const wchar_t* const root : {L"C:\\", L"z:\\", L"\\", L"\\\\server", L"\\\\server\\share"})
+        EXPECT_TRUE(Files().IsRoot(root)) << testing::PrintToString(std::wstring(root));
+    for (const wchar_t* const other : {L"", L"C", L"C:", L"C:/", L"C:\\x", L"C:\\x\\", L"\\x", L"name",
+                                       L"\\\\server\\share\\x", L"\\\\server\\share\\"})
+        EXPECT_FALSE(Files().IsRoot(other)) << testing::PrintToString(std::wstring(other));
+}
+
+/// A date value on a scale without a fold: before the epoch the fraction counts forward all the same.
+double Unfolded(double date) {
+    return date >= 0 ? date : std::ceil(date) - (date - std::ceil(date));
+}
+
+TEST_P(FileSystemContract, LocalDatesCountDaysAndDropWhatIsBelowASecond) {
+    constexpr std::uint64_t kHour = 3600 * kSecond;
+    // 1880, 1899 about the epoch, and 2021.
+    for (const std::uint64_t start :
+         {88'043'328'000'000'000ULL, 94'352'256'000'000'000ULL, 132'539'328'000'000'000ULL}) {
+        const double first = Unfolded(Files().LocalDate(start));
+        for (std::uint64_t hour = 0; hour <= 100; ++hour) {
+            const double date = Files().LocalDate(start + hour * kHour);
+            EXPECT_NEAR(Unfolded(date) - first, static_cast<double>(hour) / 24, 1e-7) << hour;
+            EXPECT_EQ(Files().LocalDate(start + hour * kHour + kSecond - 1), date);
+            EXPECT_NE(Files().LocalDate(start + hour * kHour + kSecond), date);
+        }
+    }
+}
+
+TEST_P(FileSystemContract, ATimeOutsideTheCalendarIsDateZero) {
+    constexpr std::uint64_t kLastYears = 2'650'467'743'990'000'000;  // the last second of the year 9999, UTC
+    constexpr std::uint64_t kDay = 86'400 * kSecond;
+    EXPECT_GT(Files().LocalDate(kLastYears - 2 * kDay), 2'958'000.0);
+    for (const std::uint64_t time : {kLastYears + 2 * kDay, std::uint64_t{1} << 63, ~std::uint64_t{0}})
+        EXPECT_EQ(Files().LocalDate(time), 0.0) << time;
+}
+
+}  // namespace
+}  // namespace ferry::transfer::contract

@@ -1,0 +1,41 @@
+// The model keeps the contract that the adapters keep.
+#include "core/transfer/model_ports.h"
+#include "core/transfer/port_contract.h"
+
+namespace ferry::transfer::contract {
+namespace {
+
+class ModelPlace final : public Place {
+public:
+    ModelPlace() { world_.Files.AddFolder(Root()); }
+
+    FileSystem& Files() override { return files_; }
+    ShellOperations& Shell() override { return shell_; }
+    bool HasShell() const override { return true; }
+    std::wstring Root() const override { return L"C:\\Temp\\Place"; }
+
+    void WriteFile(const std::wstring& path, const std::string& content, std::uint64_t time) override {
+        world_.Files.Detach(path);
+        world_.Files.AddFile(path, content, time);
+    }
+
+    std::optional<std::string> ReadFile(const std::wstring& path) override {
+        const model::Node* const node = world_.Files.At(path);
+        return node == nullptr || node->IsFolder ? std::nullopt : std::optional(node->Content);
+    }
+
+private:
+    model::World world_;
+    model::ModelFileSystem files_{world_};
+    model::ModelShell shell_{world_};
+};
+
+std::unique_ptr<Place> MakeModelPlace() {
+    return std::make_unique<ModelPlace>();
+}
+
+INSTANTIATE_TEST_SUITE_P(Model, FileSystemContract, testing::Values(&MakeModelPlace));
+INSTANTIATE_TEST_SUITE_P(Model, ShellContract, testing::Values(&MakeModelPlace));
+
+}  // namespace
+}  // namespace ferry::transfer::contract

@@ -1,0 +1,126 @@
+// What a run relies on in its file system and in the shell. The model and the adapters are held
+// against the same tests, so that what is proved on the model means something on a disk.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "transfer/ports.h"
+
+namespace ferry::transfer::contract {
+
+/// A file system under test and the shell on it, with a folder of its own to work in.
+class Place {
+public:
+    virtual ~Place() = default;
+
+    virtual FileSystem& Files() = 0;
+    virtual ShellOperations& Shell() = 0;
+
+    /// Whether this shell can transfer files.
+    virtual bool HasShell() const = 0;
+
+    /// The folder: empty, of a full path, without a trailing separator.
+    virtual std::wstring Root() const = 0;
+
+    /// Writes a file by other means than the port; its folder exists.
+    virtual void WriteFile(const std::wstring& path, const std::string& content, std::uint64_t time) = 0;
+
+    /// The bytes of a file, by other means than the port; nothing when there is no such file.
+    virtual std::optional<std::string> ReadFile(const std::wstring& path) = 0;
+};
+
+using PlaceMaker = std::unique_ptr<Place> (*)();
+
+/// Times that every file system keeps: whole seconds, some years ago.
+inline constexpr std::uint64_t kSecond = 10'000'000;
+inline constexpr std::uint64_t kSomeTime = 132'539'328'000'000'000;
+
+inline constexpr std::uint32_t kReadOnly = 0x1;
+inline constexpr std::uint32_t kHidden = 0x2;
+inline constexpr std::uint32_t kSystem = 0x4;
+
+/// The attributes that a run depends on; the others differ between file systems.
+inline constexpr std::uint32_t kKeptAttributes = kReadOnly | kHidden | kSystem | kAttributeDirectory;
+
+class PortContract : public testing::TestWithParam<PlaceMaker> {
+protected:
+    using Names = std::vector<std::wstring>;
+
+    /// The path of `relative` below the place's folder.
+    std::wstring Path(std::wstring_view relative) const {
+        return place_->Root() + L"\\" + std::wstring(relative);
+    }
+
+    std::wstring AddFolder(std::wstring_view relative) {
+        EXPECT_EQ(Files().CreateFolder(Path(relative)), kFolderCreated);
+        return Path(relative);
+    }
+
+    std::wstring AddFile(std::wstring_view relative, const std::string& content = "bytes",
+                         std::uint64_t time = kSomeTime) {
+        place_->WriteFile(Path(relative), content, time);
+        return Path(relative);
+    }
+
+    bool IsThere(std::wstring_view relative) {
+        return Files().Attributes(Path(relative)) != kInvalidAttributes;
+    }
+
+    /// The attributes that a run depends on; kInvalidAttributes when there is nothing.
+    std::uint32_t AttributesOf(std::wstring_view relative) {
+        const std::uint32_t all = Files().Attributes(Path(relative));
+        return all == kInvalidAttributes ? all : all & kKeptAttributes;
+    }
+
+    std::string ContentOf(std::wstring_view relative) {
+        return place_->ReadFile(Path(relative)).value_or("nothing");
+    }
+
+    /// The names in a folder of the place, sorted.
+    Names NamesIn(std::wstring_view relative);
+
+    FileSystem& Files() { return place_->Files(); }
+    ShellOperations& Shell() { return place_->Shell(); }
+    bool HasShell() const { return place_->HasShell(); }
+    std::wstring Root() const { return place_->Root(); }
+
+private:
+    std::unique_ptr<Place> place_ = GetParam()();
+};
+
+class FileSystemContract : public PortContract {};
+
+/// The same where the shell transfers files; skipped elsewhere.
+class ShellContract : public PortContract {
+protected:
+    void SetUp() override {
+        if (!HasShell())
+            GTEST_SKIP() << "this system's file operation does not copy";
+        AddFolder(L"to");
+    }
+
+    /// Transfers a file of the place into its folder "to", without any window.
+    ShellOutcome Transfer(std::wstring_view relative, std::uint32_t function, std::wstring_view newName = {},
+                          std::uint32_t flags = kFlagNoConfirmation) {
+        return TransferInto(L"to\\", relative, function, newName, flags);
+    }
+
+    ShellOutcome TransferInto(std::wstring_view folder, std::wstring_view relative, std::uint32_t function,
+                              std::wstring_view newName = {}, std::uint32_t flags = kFlagNoConfirmation) {
+        const std::wstring source = Path(relative);
+        const std::wstring target = Path(folder);
+        return Shell().TransferFile(
+            {source, target, newName, function, flags | kFlagSilent | kFlagNoErrorWindow, true});
+    }
+
+    static constexpr std::uint32_t kFlagNoErrorWindow = 0x0400;  // shellapi.h
+};
+
+}  // namespace ferry::transfer::contract

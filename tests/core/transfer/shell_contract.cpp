@@ -1,0 +1,217 @@
+// The contract of the shell's file operation.
+#include "core/transfer/port_contract.h"
+
+namespace ferry::transfer::contract {
+namespace {
+
+TEST_P(ShellContract, ACopyKeepsTheSourceAndGivesItsBytesItsTimeAndItsAttributes) {
+    AddFile(L"File.txt", "bytes", kSomeTime + 5 * kSecond);
+    ASSERT_TRUE(Files().SetAttributes(Path(L"File.txt"), kReadOnly | kHidden));
+    const ShellOutcome outcome = Transfer(L"File.txt", kFunctionCopy);
+    EXPECT_EQ(outcome.Result, 0);
+    EXPECT_FALSE(outcome.Aborted);
+    EXPECT_EQ(NamesIn(L""), (Names{L"File.txt", L"to"}));
+    EXPECT_EQ(NamesIn(L"to"), (Names{L"File.txt"}));
+    for (const wchar_t* const file : {L"File.txt", L"to\\File.txt"}) {
+        EXPECT_EQ(ContentOf(file), "bytes");
+        EXPECT_EQ(AttributesOf(file), kReadOnly | kHidden);
+        EXPECT_EQ(Files().Find(Path(file))->LastWriteTime, kSomeTime + 5 * kSecond);
+    }
+}
+
+TEST_P(ShellContract, AMoveTakesTheSourceAway) {
+    AddFile(L"File.txt", "bytes", kSomeTime);
+    const ShellOutcome outcome = Transfer(L"File.txt", kFunctionMove);
+    EXPECT_EQ(outcome.Result, 0);
+    EXPECT_FALSE(outcome.Aborted);
+    EXPECT_EQ(NamesIn(L""), (Names{L"to"}));
+    EXPECT_EQ(NamesIn(L"to"), (Names{L"File.txt"}));
+    EXPECT_EQ(ContentOf(L"to\\File.txt"), "bytes");
+    EXPECT_EQ(Files().Find(Path(L"to\\File.txt"))->LastWriteTime, kSomeTime);
+}
+
+TEST_P(ShellContract, TheSourceMayBeSpelledInAnotherCaseAndKeepsItsOwnSpelling) {
+    AddFile(L"File.txt", "bytes");
+    EXPECT_EQ(Transfer(L"FILE.TXT", kFunctionCopy).Result, 0);
+    EXPECT_EQ(NamesIn(L"to"), (Names{L"File.txt"}));
+}
+
+TEST_P(ShellContract, ANewNameIsGivenToTheTargetOnly) {
+    AddFile(L"a", "first");
+    AddFile(L"b", "second");
+    AddFile(L"to\\a", "existing");
+    EXPECT_EQ(Transfer(L"a", kFunctionCopy, L"new a").Result, 0);
+    EXPECT_EQ(Transfer(L"b", kFunctionMove, L"new b").Result, 0);
+    EXPECT_EQ(NamesIn(L"to"), (Names{L"a", L"new a", L"new b"}));
+    EXPECT_EQ(NamesIn(L""), (Names{L"a", L"to"}));
+    EXPECT_EQ(ContentOf(L"to\\new a"), "first");
+    EXPECT_EQ(ContentOf(L"to\\new b"), "second");
+    EXPECT_EQ(ContentOf(L"to\\a"), "existing");
+}
+
+TEST_P(ShellContract, AFileCanGetANewNameInItsOwnFolder) {
+    AddFile(L"to\\a", "bytes");
+    EXPECT_EQ(Transfer(L"to\\a", kFunctionCopy, L"b").Result, 0);
+    EXPECT_EQ(NamesIn(L"to"), (Names{L"a", L"b"}));
+    EXPECT_EQ(Transfer(L"to\\a", kFunctionMove, L"c").Result, 0);
+    EXPECT_EQ(NamesIn(L"to"), (Names{L"b", L"c"}));
+    EXPECT_EQ(ContentOf(L"to\\c"), "bytes");
+}
+
+TEST_P(ShellContract, ANameThatWindowsForbidsFailsAndNothingHappens) {
+    AddFile(L"a", "bytes");
+    for (const wchar_t* const name : {L"x*", L"x?", L"x|y", L"x<y", L"x:y", L"x/y", L"\"", L".", L".."}) {
+        for (const std::uint32_t function : {kFunctionCopy, kFunctionMove})
+            EXPECT_LT(Transfer(L"a", function, name).Result, 0) << testing::PrintToString(std::wstring(name));
+    }
+    EXPECT_TRUE(NamesIn(L"to").empty());
+    EXPECT_EQ(NamesIn(L""), (Names{L"a", L"to"}));
+    EXPECT_EQ(ContentOf(L"a"), "bytes");
+}
+
+TEST_P(ShellContract, ANewNameLosesTheDotsAndBlanksAtItsEnd) {
+    AddFile(L"a", "first");
+    EXPECT_EQ(Transfer(L"a", kFunctionCopy, L"b. ").Result, 0);
+    EXPECT_EQ(NamesIn(L"to"), (Names{L"b"}));
+    EXPECT_EQ(ContentOf(L"to\\b"), "first");
+}
+
+TEST_P(ShellContract, WithoutConfirmationAnExistingFileIsReplacedAlsoAReadOnlyOne) {
+    for (const std::uint32_t function : {kFunctionCopy, kFunctionMove}) {
+        for (const std::uint32_t attributes : {0u, kReadOnly}) {
+            AddFile(L"a", "incoming");
+            AddFile(L"to\\A", "existing");
+            ASSERT_TRUE(Files().SetAttributes(Path(L"to\\A"), attributes));
+            const ShellOutcome outcome = Transfer(L"a", function);
+            EXPECT_EQ(outcome.Result, 0);
+            EXPECT_FALSE(outcome.Aborted);
+            EXPECT_EQ(NamesIn(L"to").size(), 1u);
+            EXPECT_EQ(ContentOf(L"to\\a"), "incoming");
+            EXPECT_EQ(AttributesOf(L"to\\a"), 0u);
+            EXPECT_EQ(IsThere(L"a"), function == kFunctionCopy);
+        }
+    }
+}
+
+TEST_P(ShellContract, RenamingOnCollisionKeepsBothFilesAndIsStrongerThanNoConfirmation) {
+    AddFile(L"to\\a.txt", "existing");
+    std::size_t count = 1;
+    for (const std::uint32_t function : {kFunctionCopy, kFunctionMove}) {
+        AddFile(L"a.txt", "incoming");
+        EXPECT_EQ(Transfer(L"a.txt", function, {}, kFlagRenameOnCollision | kFlagNoConfirmation).Result, 0);
+        EXPECT_EQ(NamesIn(L"to").size(), ++count);
+        EXPECT_EQ(ContentOf(L"to\\a.txt"), "existing");
+        for (const std::wstring& name : NamesIn(L"to"))
+            EXPECT_EQ(ContentOf(L"to\\" + name), name == L"a.txt" ? "existing" : "incoming");
+        EXPECT_EQ(IsThere(L"a.txt"), function == kFunctionCopy);
+    }
+}
+
+TEST_P(ShellContract, RenamingOnCollisionLeavesAFreeNameAlone) {
+    AddFile(L"a.txt", "incoming");
+    EXPECT_EQ(Transfer(L"a.txt", kFunctionCopy, {}, kFlagRenameOnCollision).Result, 0);
+    EXPECT_EQ(NamesIn(L"to"), (Names{L"a.txt"}));
+}
+
+TEST_P(ShellContract, AMissingSourceOrFolderFailsWithoutBeingAnAbort) {
+    AddFile(L"a", "bytes");
+    for (const wchar_t* const name : {L"", L"b"}) {
+        const ShellOutcome missing = Transfer(L"missing", kFunctionMove, name);
+        EXPECT_LT(missing.Result, 0);
+        EXPECT_FALSE(missing.Aborted);
+        for (const wchar_t* const folder : {L"nowhere\\", L"a\\"}) {
+            const ShellOutcome nowhere = TransferInto(folder, L"a", kFunctionMove, name);
+            EXPECT_LT(nowhere.Result, 0);
+            EXPECT_EQ(NamesIn(L""), (Names{L"a", L"to"}));
+        }
+        EXPECT_FALSE(TransferInto(L"nowhere\\", L"a", kFunctionMove, name).Aborted);
+    }
+    EXPECT_TRUE(NamesIn(L"to").empty());
+    EXPECT_EQ(ContentOf(L"a"), "bytes");
+}
+
+TEST_P(ShellContract, AFileNeverTakesThePlaceOfAFolder) {
+    AddFile(L"a", "bytes");
+    AddFolder(L"to\\a");
+    AddFile(L"to\\a\\inside", "other");
+    for (const std::uint32_t function : {kFunctionCopy, kFunctionMove}) {
+        const ShellOutcome outcome = Transfer(L"a", function);
+        EXPECT_LT(outcome.Result, 0);
+        EXPECT_TRUE(outcome.Aborted) << "an item that is refused counts as aborted";
+    }
+    EXPECT_EQ(ContentOf(L"a"), "bytes");
+    EXPECT_EQ(ContentOf(L"to\\a\\inside"), "other");
+}
+
+TEST_P(ShellContract, AFileIsNotTransferredOntoItself) {
+    AddFile(L"to\\a", "bytes");
+    for (const std::uint32_t function : {kFunctionCopy, kFunctionMove}) {
+        for (const wchar_t* const source : {L"to\\a", L"TO\\A"}) {
+            const ShellOutcome outcome = Transfer(source, function);
+            EXPECT_LT(outcome.Result, 0);
+            EXPECT_TRUE(outcome.Aborted) << "an item that is refused counts as aborted";
+        }
+    }
+    EXPECT_LT(Transfer(L"to\\a", kFunctionMove, {}, kFlagRenameOnCollision).Result, 0);
+    EXPECT_EQ(NamesIn(L"to"), (Names{L"a"}));
+    EXPECT_EQ(ContentOf(L"to\\a"), "bytes");
+}
+
+TEST_P(ShellContract, RenamingOnCollisionCopiesAFileBesideItself) {
+    AddFile(L"to\\a", "bytes");
+    EXPECT_EQ(Transfer(L"to\\a", kFunctionCopy, {}, kFlagRenameOnCollision).Result, 0);
+    const Names names = NamesIn(L"to");
+    ASSERT_EQ(names.size(), 2u);
+    for (const std::wstring& name : names)
+        EXPECT_EQ(ContentOf(L"to\\" + name), "bytes");
+}
+
+TEST_P(ShellContract, AFolderInThePlaceOfAFileIsTransferredWithAllThatItHolds) {
+    for (const std::uint32_t function : {kFunctionCopy, kFunctionMove}) {
+        const std::wstring name = function == kFunctionCopy ? L"copied" : L"moved";
+        AddFolder(name + L"\\inner");
+        AddFile(name + L"\\inner\\file", "bytes");
+        EXPECT_EQ(Transfer(name, function).Result, 0);
+        EXPECT_EQ(ContentOf(L"to\\" + name + L"\\inner\\file"), "bytes");
+        EXPECT_EQ(IsThere(name), function == kFunctionCopy);
+    }
+    AddFolder(L"again");
+    EXPECT_EQ(Transfer(L"again", kFunctionMove, L"new").Result, 0);
+    EXPECT_EQ(AttributesOf(L"to\\new"), kAttributeDirectory);
+}
+
+TEST_P(ShellContract, ABatchTransfersTreesAndFilesAndLeavesOutWhatIsMissing) {
+    for (const std::uint32_t function : {kFunctionCopy, kFunctionMove}) {
+        const std::wstring to = function == kFunctionCopy ? L"copies" : L"moved";
+        const std::wstring from = L"from " + to;
+        AddFolder(to);
+        AddFolder(from + L"\\tree\\inner\\empty");
+        AddFile(from + L"\\tree\\inner\\file", "deep");
+        AddFile(from + L"\\single", "flat");
+        base::TextList sources;
+        for (const wchar_t* const name : {L"\\tree", L"\\missing", L"\\single"})
+            sources.Append(Path(from + name));
+        EXPECT_EQ(
+            Shell().TransferBatch(sources, Path(to) + L"\\", function, kFlagSilent | kFlagNoConfirmation), 0);
+        EXPECT_EQ(NamesIn(to), (Names{L"single", L"tree"}));
+        EXPECT_EQ(ContentOf(to + L"\\tree\\inner\\file"), "deep");
+        EXPECT_EQ(AttributesOf(to + L"\\tree\\inner\\empty"), kAttributeDirectory);
+        EXPECT_EQ(ContentOf(to + L"\\single"), "flat");
+        EXPECT_EQ(NamesIn(from), function == kFunctionCopy ? (Names{L"single", L"tree"}) : Names{});
+    }
+}
+
+TEST_P(ShellContract, ABatchOfNothingOrIntoNowhereFails) {
+    AddFile(L"a", "bytes");
+    base::TextList none;
+    none.Append(Path(L"missing"));
+    EXPECT_LT(Shell().TransferBatch(none, Path(L"to\\"), kFunctionCopy, kFlagSilent), 0);
+    base::TextList one;
+    one.Append(Path(L"a"));
+    EXPECT_LT(Shell().TransferBatch(one, Path(L"nowhere\\"), kFunctionMove, kFlagSilent), 0);
+    EXPECT_EQ(NamesIn(L""), (Names{L"a", L"to"}));
+    EXPECT_EQ(ContentOf(L"a"), "bytes");
+}
+
+}  // namespace
+}  // namespace ferry::transfer::contract
