@@ -1,7 +1,7 @@
 // The paths that may complete a typed one.
 #include "completion/candidates.h"
 
-#include "completion/case_order.h"
+#include "base/case_order.h"
 #include "completion/field_text.h"
 #include "paths/path_helpers.h"
 
@@ -42,7 +42,7 @@ std::vector<std::wstring> FindCandidates(FolderLookup& lookup, std::wstring_view
         return names.size() <= kMaxCandidates;
     });
     // All candidates share the folder in front, so their order is that of the names.
-    SortIgnoringCase(names);
+    base::SortIgnoringCase(names);
     const paths::PathParts parts = paths::SplitPath(text);
     const std::wstring folder = std::wstring(parts.Drive).append(parts.Folder);
     for (std::wstring& name : names) {

@@ -3,7 +3,7 @@
 
 #include <optional>
 
-#include "base/text.h"
+#include "base/case_order.h"
 #include "paths/path_helpers.h"
 
 namespace ferry::transfer {
@@ -150,7 +150,7 @@ bool IndividualRun::HasMoved(std::wstring_view folder) {
     const std::wstring target = TargetOf(folder);
     // An empty folder that was moved onto itself, or whose counterpart could not be made, would
     // be gone from both places.
-    return !base::EqualsIgnoringAsciiCase(folder, target) && IsFolder(fileSystem_.Attributes(target));
+    return !base::EqualsIgnoringCase(folder, target) && IsFolder(fileSystem_.Attributes(target));
 }
 
 bool IndividualRun::HasKeptPart(std::wstring_view path) const noexcept {

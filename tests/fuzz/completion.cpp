@@ -2,8 +2,8 @@
 #include <algorithm>
 #include <vector>
 
+#include "base/case_order.h"
 #include "completion/candidates.h"
-#include "completion/case_order.h"
 #include "completion/field_text.h"
 #include "completion/history.h"
 #include "completion/key_table.h"
@@ -75,7 +75,7 @@ void CheckSearch(std::wstring_view text, std::wstring_view searchBase,
         const paths::PathParts parts = paths::SplitPath(search);
         const std::wstring folder = std::wstring(parts.Drive).append(parts.Folder);
         std::vector<std::wstring> sorted = found;
-        completion::SortIgnoringCase(sorted);
+        base::SortIgnoringCase(sorted);
         Require(sorted == found, "candidates are sorted");
         Require(
             std::ranges::all_of(found, [&](const std::wstring& path) { return path.starts_with(folder); }),

@@ -2,8 +2,8 @@
 #include <windows.h>
 #include <gtest/gtest.h>
 
+#include "base/case_order.h"
 #include "completion/candidates.h"
-#include "completion/case_order.h"
 #include "completion/folder_lookup_win32.h"
 #include "windows/support_win32.h"
 
@@ -77,7 +77,7 @@ TEST(ToSmall, AgreesWithWindowsForEveryLetterThatItMaps) {
     int mapped = 0;
     for (unsigned unit = 0; unit <= 0xFFFF; ++unit) {
         const auto letter = static_cast<wchar_t>(unit);
-        const wchar_t small = ToSmall(letter);
+        const wchar_t small = base::ToSmall(letter);
         if (small != letter) {
             ++mapped;
             wchar_t expected = letter;

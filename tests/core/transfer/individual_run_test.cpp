@@ -168,14 +168,14 @@ TEST_F(IndividualRunTest, AFolderWhoseAttributesCannotBeSetIsNotRemoved) {
 }
 
 TEST_F(IndividualRunTest, AnEmptyFolderMovedOntoItselfStays) {
-    run.Shared.Files.AddFolder(L"D:\\out\\dir\\sub").Attributes = 0x12;
-    for (const wchar_t* const source : {L"D:\\out\\dir", L"d:\\OUT\\dir"}) {
+    run.Shared.Files.AddFolder(L"D:\\out\\ａé\\sub").Attributes = 0x12;
+    for (const wchar_t* const source : {L"D:\\out\\ａé", L"d:\\OUT\\ａé", L"D:\\out\\Ａ\u00C9"}) {
         run.Request.Sources.Clear();
         AddSource(source);
         UseMove();
         EXPECT_TRUE(run.Run());
-        EXPECT_TRUE(Exists(L"D:\\out\\dir\\sub"));
-        EXPECT_EQ(AttributesOf(L"D:\\out\\dir\\sub"), 0x12u);
+        EXPECT_TRUE(Exists(L"D:\\out\\ａé\\sub"));
+        EXPECT_EQ(AttributesOf(L"D:\\out\\ａé\\sub"), 0x12u);
     }
 }
 

@@ -4,13 +4,13 @@
 #include <algorithm>
 #include <stdexcept>
 
-#include "completion/case_order.h"
+#include "base/case_order.h"
 
 namespace ferry::transfer::model {
 namespace {
 
 bool SameName(std::wstring_view stored, std::wstring_view asked) {
-    return std::ranges::equal(stored, TakenName(asked), {}, completion::ToSmall, completion::ToSmall);
+    return base::EqualsIgnoringCase(stored, TakenName(asked));
 }
 
 std::wstring_view WithoutTrailingSeparator(std::wstring_view path) {
@@ -38,7 +38,7 @@ void Visit(const std::wstring& path, const Node& node,
 
 std::wstring Fold(std::wstring_view text) {
     std::wstring folded(text);
-    std::ranges::transform(folded, folded.begin(), completion::ToSmall);
+    std::ranges::transform(folded, folded.begin(), base::ToSmall);
     return folded;
 }
 

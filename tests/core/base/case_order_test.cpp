@@ -1,9 +1,9 @@
 // The order of a list without regard to case.
-#include "completion/case_order.h"
+#include "base/case_order.h"
 
 #include <gtest/gtest.h>
 
-namespace ferry::completion {
+namespace ferry::base {
 namespace {
 
 using Texts = std::vector<std::wstring>;
@@ -32,6 +32,12 @@ TEST(ToSmall, LeavesEverythingElseAlone) {
     EXPECT_EQ(ToSmall(wchar_t{0xD835}), wchar_t{0xD835});
 }
 
+TEST(EqualsIgnoringCase, TakesTheCapitalsOfEveryAlphabetForTheSame) {
+    EXPECT_TRUE(EqualsIgnoringCase(L"C:\\Ａé", L"c:\\ａÉ"));
+    EXPECT_FALSE(EqualsIgnoringCase(L"ａ", L"ａａ"));
+    EXPECT_FALSE(EqualsIgnoringCase(L"ａ", L"ｂ"));
+}
+
 TEST(SortIgnoringCase, ComparesWholeTexts) {
     EXPECT_EQ(Sorted({L"b", L"A", L"a b", L"", L"B1", L"aa"}),
               (Texts{L"", L"A", L"a b", L"aa", L"b", L"B1"}));
@@ -51,4 +57,4 @@ TEST(SortIgnoringCase, KeepsAShortListAsItIs) {
 }
 
 }  // namespace
-}  // namespace ferry::completion
+}  // namespace ferry::base

@@ -1,12 +1,12 @@
 // The order of texts in a list, without regard to case.
-#include "completion/case_order.h"
+#include "base/case_order.h"
 
 #include <algorithm>
 #include <iterator>
 #include <tuple>
 #include <utility>
 
-namespace ferry::completion {
+namespace ferry::base {
 
 namespace {
 
@@ -66,6 +66,10 @@ wchar_t ToSmall(wchar_t unit) noexcept {
     return static_cast<wchar_t>(unit + row->Distance);
 }
 
+bool EqualsIgnoringCase(std::wstring_view left, std::wstring_view right) noexcept {
+    return std::ranges::equal(left, right, {}, ToSmall, ToSmall);
+}
+
 void SortIgnoringCase(std::vector<std::wstring>& texts) {
     // Each text is turned into small letters once, instead of at each of its comparisons.
     std::vector<std::pair<std::wstring, std::wstring>> keyed;
@@ -78,4 +82,4 @@ void SortIgnoringCase(std::vector<std::wstring>& texts) {
     std::ranges::transform(keyed, texts.begin(), [](auto& pair) { return std::move(pair.second); });
 }
 
-}  // namespace ferry::completion
+}  // namespace ferry::base
