@@ -66,7 +66,7 @@ e2e::RunPlan PlanOf(const Wishes& wishes) {
     plan.LogFile = wishes.LogFile;
     plan.Switches = {wishes.Moves ? L"/m" : L"/c"};
     if (wishes.ListsTabs)
-        plan.Switches.push_back(L"/t");
+        plan.Switches.emplace_back(L"/t");
     return plan;
 }
 
