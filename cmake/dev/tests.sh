@@ -22,22 +22,40 @@ count_results() {
 
 report_program() { printf '   %-44s %5d passed, %d failed, %d skipped\n' "$1" "$last_ok" "$last_bad" "$last_skip"; }
 
-# run_test_program EXE: a Windows test program; its output is shown only when something is wrong.
-run_test_program() {
-    local name log status=0
-    name=$(basename "$1" .exe)
-    log=$build/logs/$2-$name.log
-    (cd "$(dirname "$1")" && GTEST_FILTER=$filter run_wine "$1" >"$log" 2>&1 </dev/null) || status=$?
-    count_results "$log"
-    if ! grep -q '^\[==========\] Running ' "$log"; then
+# run_to_log EXE LOG: a Windows test program; its output and what it ended with.
+run_to_log() {
+    local status=0
+    (cd "$(dirname "$1")" && GTEST_FILTER=$filter run_wine "$1" >"$2" 2>&1 </dev/null) || status=$?
+    echo "$status" >"$2.status"
+}
+
+# judge_log NAME LOG: counts what is in the log, which is shown only when something is wrong.
+judge_log() {
+    local status
+    status=$(cat "$2.status" 2>/dev/null) || status=none
+    [ -f "$2" ] || : >"$2"
+    count_results "$2"
+    if ! grep -q '^\[==========\] Running ' "$2"; then
         failed=$((failed + 1)) last_bad=1
     elif [ "$status" != 0 ] && [ "$last_bad" = 0 ]; then
         failed=$((failed + 1)) last_bad=1
-        printf '%s ended with status %s after its tests\n' "$name" "$status" >>"$log"
+        printf '%s ended with status %s after its tests\n' "$1" "$status" >>"$2"
     fi
-    [ "$last_bad" = 0 ] || tail -n 400 "$log" | tr -d '\r'
-    report_program "$name"
+    [ "$last_bad" = 0 ] || tail -n 400 "$2" | tr -d '\r'
+    report_program "$1"
 }
+
+# run_test_program EXE LABEL
+run_test_program() {
+    local name log
+    name=$(basename "$1" .exe)
+    log=$build/logs/$2-$name.log
+    rm -f "$log" "$log.status"
+    run_to_log "$1" "$log"
+    judge_log "$name" "$log"
+}
+
+test_programs() { find "$@" -name 'core_*.exe' -o -name '*test*.exe' -o -name 'ferry_e2e.exe' 2>/dev/null | sort; }
 
 # run_test_programs LABEL FOLDER...: every test program below these folders.
 run_test_programs() {
@@ -46,7 +64,7 @@ run_test_programs() {
     while IFS= read -r exe; do
         found=1
         run_test_program "$exe" "$label"
-    done < <(find "$@" -name 'core_*.exe' -o -name '*test*.exe' -o -name 'ferry_e2e.exe' 2>/dev/null | sort)
+    done < <(test_programs "$@")
     [ "$found" = 1 ] || { failed=$((failed + 1)); say "there is no test program in: $*"; }
 }
 
@@ -85,15 +103,70 @@ test_windows() {
 }
 
 # The installed program is copied to C:, where its folder is an ordinary Windows folder.
-test_e2e() {
-    prepare_windows
-    say "the installed program from outside, under Wine"
+install_for_tests() {
     rm -rf "$wine_prefix/drive_c/FerryTest"
     cp -r "$build/app" "$wine_prefix/drive_c/FerryTest"
     export FERRY_E2E_APP='C:\FerryTest'
     FERRY_E2E_HOST=$(windows_path "$build/mingw/tools/samplehost/samplehost.exe")
     export FERRY_E2E_HOST
-    run_test_programs e2e "$build/mingw/tests/e2e"
+}
+
+e2e_log() { echo "$build/logs/e2e-$(basename "$1" .exe).$2.log"; }
+
+# run_shard INDEX: this part of every program, in the Wine prefix that is open.
+run_shard() {
+    export GTEST_SHARD_INDEX=$1 GTEST_TOTAL_SHARDS=$shards
+    local exe
+    while IFS= read -r exe; do
+        run_to_log "$exe" "$(e2e_log "$exe" "$1")"
+    done < <(test_programs "$build/mingw/tests/e2e")
+    unset GTEST_SHARD_INDEX GTEST_TOTAL_SHARDS
+}
+
+# start_shard INDEX: the same beside us, in a prefix and on a display of its own.
+start_shard() {
+    (
+        exit_actions=() xvfb_pid=
+        trap run_exit_actions EXIT
+        trap 'exit 143' TERM
+        use_wine_dir "$build/wine-$1"
+        open_wine virtual
+        install_for_tests
+        run_shard "$1"
+    ) &
+    shard_processes+=($!)
+}
+
+# A shard hears of its end only when the program that it runs has ended; so the programs go, too.
+stop_shards() {
+    local index
+    [ "${#shard_processes[@]}" -gt 0 ] || return 0
+    kill "${shard_processes[@]}" 2>/dev/null
+    for ((index = 1; index < shards; ++index)); do stop_wine "$build/wine-$index/prefix"; done
+    wait "${shard_processes[@]}" 2>/dev/null
+}
+
+# A program spends most of its time waiting for windows, so two of them share two processors well.
+test_e2e() {
+    prepare_windows
+    shards=1 shard_processes=()
+    if [ "$filter" = '*' ] && [ "$(jobs)" -ge 2 ]; then shards=2; fi
+    say "the installed program from outside, under Wine, in $shards part(s)"
+    rm -f "$build"/logs/e2e-*
+    at_end stop_shards
+    local index exe found=0
+    for ((index = 1; index < shards; ++index)); do start_shard "$index"; done
+    install_for_tests
+    run_shard 0
+    [ "${#shard_processes[@]}" = 0 ] || wait "${shard_processes[@]}" || true
+    shard_processes=()
+    while IFS= read -r exe; do
+        found=1
+        for ((index = 0; index < shards; ++index)); do
+            judge_log "$(basename "$exe" .exe) $((index + 1))/$shards" "$(e2e_log "$exe" "$index")"
+        done
+    done < <(test_programs "$build/mingw/tests/e2e")
+    [ "$found" = 1 ] || { failed=$((failed + 1)); say "there is no end-to-end test program"; }
 }
 
 command_test() {

@@ -2,8 +2,9 @@
 # virtual display, a server that stays alive during the command, and a clean end.
 load setup
 
-wine_dir=$build/wine
-wine_prefix=$wine_dir/prefix
+# use_wine_dir FOLDER: where the prefix, its home and its locale are; before open_wine.
+use_wine_dir() { wine_dir=$1 wine_prefix=$1/prefix wine_is_open=; }
+use_wine_dir "$build/wine"
 fileop_dll=$build/mingw/tools/fileop/ferry_fileop.dll
 
 # windows_path PATH: a Unix path as Windows programs see it.
@@ -125,7 +126,7 @@ REG
 }
 
 create_prefix() {
-    say "creating the Wine prefix build/wine/prefix"
+    say "creating the Wine prefix ${wine_prefix#"$root/"}"
     rm -rf "$wine_prefix" "$wine_prefix.new"
     WINEPREFIX=$wine_prefix.new LC_ALL=$wine_locale timeout 300 "$wine_loader" wineboot.exe --init \
         >"$wine_dir/wineboot.log" 2>&1 9>&- </dev/null ||

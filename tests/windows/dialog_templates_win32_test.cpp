@@ -56,7 +56,8 @@ TEST(CollisionDialogTemplate, HasItsSizeItsTitleAndItsFrame) {
 TEST(CollisionDialogTemplate, HasTheNameTheSevenChoicesInTheirGroupAndFourButtons) {
     ExpectItems(
         test::ReadDialogTemplate(134).Items,
-        {{1000, L"edit", 7, 7, 168, 14, L"", kShown | WS_BORDER | WS_TABSTOP | ES_AUTOHSCROLL | ES_READONLY,
+        {{1901, L"static", 7, 7, 0, 0, L"ファイル名", kLabel, 0},
+         {1000, L"edit", 7, 7, 168, 14, L"", kShown | WS_BORDER | WS_TABSTOP | ES_AUTOHSCROLL | ES_READONLY,
           0},
          {1900, L"button", 7, 29, 168, 102, L"同名アイテムが存在しています。処理を選択してください。",
           kShown | BS_GROUPBOX, 0},
