@@ -45,25 +45,65 @@ judge_log() {
     report_program "$1"
 }
 
-# run_test_program EXE LABEL
-run_test_program() {
-    local name log
-    name=$(basename "$1" .exe)
-    log=$build/logs/$2-$name.log
-    rm -f "$log" "$log.status"
-    run_to_log "$1" "$log"
-    judge_log "$name" "$log"
-}
-
 test_programs() { find "$@" -name 'core_*.exe' -o -name '*test*.exe' -o -name 'ferry_e2e.exe' 2>/dev/null | sort; }
 
-# run_test_programs LABEL FOLDER...: every test program below these folders.
+shard_log() { echo "$build/logs/$1-$(basename "$2" .exe).$3.log"; }
+
+# run_shard INDEX LABEL FOLDER...: this part of every test program below the folders, in the Wine prefix
+# that is open.
+run_shard() {
+    local index=$1 label=$2 exe
+    shift 2
+    export GTEST_SHARD_INDEX=$index GTEST_TOTAL_SHARDS=$shards
+    while IFS= read -r exe; do
+        run_to_log "$exe" "$(shard_log "$label" "$exe" "$index")"
+    done < <(test_programs "$@")
+    unset GTEST_SHARD_INDEX GTEST_TOTAL_SHARDS
+}
+
+# start_shard INDEX LABEL FOLDER...: the same beside us, in a prefix and on a display of its own.
+start_shard() {
+    (
+        exit_actions=() xvfb_pid=
+        trap run_exit_actions EXIT
+        trap 'exit 143' TERM
+        use_wine_dir "$build/wine-$1"
+        open_wine virtual
+        [ "$2" != e2e ] || install_for_tests
+        run_shard "$@"
+    ) &
+    shard_processes+=($!)
+}
+
+# A shard hears of its end only when the program that it runs has ended; so the programs go, too.
+stop_shards() {
+    local index
+    [ "${#shard_processes[@]}" -gt 0 ] || return 0
+    kill "${shard_processes[@]}" 2>/dev/null
+    for ((index = 1; index < shards; ++index)); do stop_wine "$build/wine-$index/prefix"; done
+    wait "${shard_processes[@]}" 2>/dev/null
+}
+
+# run_test_programs LABEL FOLDER...: every test program below the folders. One that drives windows spends
+# most of its time waiting for them, so two share two processors well.
 run_test_programs() {
-    local label=$1 exe found=0
+    local label=$1 index exe name found=0
     shift
+    shards=1 shard_processes=()
+    if [ "$filter" = '*' ] && [ "$(jobs)" -ge 2 ]; then shards=2; fi
+    rm -f "$build/logs/$label"-*
+    at_end stop_shards
+    for ((index = 1; index < shards; ++index)); do start_shard "$index" "$label" "$@"; done
+    run_shard 0 "$label" "$@"
+    [ "${#shard_processes[@]}" = 0 ] || wait "${shard_processes[@]}" || true
+    shard_processes=()
     while IFS= read -r exe; do
         found=1
-        run_test_program "$exe" "$label"
+        for ((index = 0; index < shards; ++index)); do
+            name=$(basename "$exe" .exe)
+            [ "$shards" = 1 ] || name="$name, part $((index + 1))"
+            judge_log "$name" "$(shard_log "$label" "$exe" "$index")"
+        done
     done < <(test_programs "$@")
     [ "$found" = 1 ] || { failed=$((failed + 1)); say "there is no test program in: $*"; }
 }
@@ -111,62 +151,11 @@ install_for_tests() {
     export FERRY_E2E_HOST
 }
 
-e2e_log() { echo "$build/logs/e2e-$(basename "$1" .exe).$2.log"; }
-
-# run_shard INDEX: this part of every program, in the Wine prefix that is open.
-run_shard() {
-    export GTEST_SHARD_INDEX=$1 GTEST_TOTAL_SHARDS=$shards
-    local exe
-    while IFS= read -r exe; do
-        run_to_log "$exe" "$(e2e_log "$exe" "$1")"
-    done < <(test_programs "$build/mingw/tests/e2e")
-    unset GTEST_SHARD_INDEX GTEST_TOTAL_SHARDS
-}
-
-# start_shard INDEX: the same beside us, in a prefix and on a display of its own.
-start_shard() {
-    (
-        exit_actions=() xvfb_pid=
-        trap run_exit_actions EXIT
-        trap 'exit 143' TERM
-        use_wine_dir "$build/wine-$1"
-        open_wine virtual
-        install_for_tests
-        run_shard "$1"
-    ) &
-    shard_processes+=($!)
-}
-
-# A shard hears of its end only when the program that it runs has ended; so the programs go, too.
-stop_shards() {
-    local index
-    [ "${#shard_processes[@]}" -gt 0 ] || return 0
-    kill "${shard_processes[@]}" 2>/dev/null
-    for ((index = 1; index < shards; ++index)); do stop_wine "$build/wine-$index/prefix"; done
-    wait "${shard_processes[@]}" 2>/dev/null
-}
-
-# A program spends most of its time waiting for windows, so two of them share two processors well.
 test_e2e() {
     prepare_windows
-    shards=1 shard_processes=()
-    if [ "$filter" = '*' ] && [ "$(jobs)" -ge 2 ]; then shards=2; fi
-    say "the installed program from outside, under Wine, in $shards part(s)"
-    rm -f "$build"/logs/e2e-*
-    at_end stop_shards
-    local index exe found=0
-    for ((index = 1; index < shards; ++index)); do start_shard "$index"; done
+    say "the installed program from outside, under Wine"
     install_for_tests
-    run_shard 0
-    [ "${#shard_processes[@]}" = 0 ] || wait "${shard_processes[@]}" || true
-    shard_processes=()
-    while IFS= read -r exe; do
-        found=1
-        for ((index = 0; index < shards; ++index)); do
-            judge_log "$(basename "$exe" .exe) $((index + 1))/$shards" "$(e2e_log "$exe" "$index")"
-        done
-    done < <(test_programs "$build/mingw/tests/e2e")
-    [ "$found" = 1 ] || { failed=$((failed + 1)); say "there is no end-to-end test program"; }
+    run_test_programs e2e "$build/mingw/tests/e2e"
 }
 
 command_test() {
