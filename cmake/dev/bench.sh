@@ -51,10 +51,10 @@ command_bench() {
         found=1
         run_bench "$program" env
     done < <(find "$build/native/tests/bench" -type f -name 'bench_*' -perm -u+x 2>/dev/null | sort)
+    open_wine virtual
+    fill_bench_folder
     while IFS= read -r program; do
         found=1
-        open_wine virtual
-        fill_bench_folder
         run_bench "$program" run_wine
     done < <(find "$build/mingw/tests/bench" -name 'bench_*.exe' 2>/dev/null | sort)
     [ "$found" = 1 ] || fail "there is no benchmark program below build/*/tests/bench"

@@ -2,13 +2,6 @@
 load build wine
 
 rundriver=$build/mingw/tools/rundriver/rundriver.exe
-samplehost=$build/mingw/tools/samplehost/samplehost.exe
-
-# install_on_c NAME: a copy of the layout on C:, where its folder is an ordinary Windows folder.
-install_on_c() {
-    rm -rf "$wine_prefix/drive_c/$1"
-    cp -r "$build/app" "$wine_prefix/drive_c/$1"
-}
 
 # make_sample FOLDER: nested folders, Japanese names, an empty folder, an empty file, a read-only and
 # a hidden file, a name of 200 characters, and one file large enough to take a moment.

@@ -2,6 +2,7 @@
 load build wine
 
 passed=0 failed=0 skipped=0
+shard_processes=()
 
 # count_results LOG: adds up the GoogleTest results in it. A program that ended before its closing
 # line lost the test it was in, and counts as one failure more; the same goes for no result at all.
@@ -89,10 +90,9 @@ stop_shards() {
 run_test_programs() {
     local label=$1 index exe name found=0
     shift
-    shards=1 shard_processes=()
+    shards=1
     if [ "$filter" = '*' ] && [ "$(jobs)" -ge 2 ]; then shards=2; fi
     rm -f "$build/logs/$label"-*
-    at_end stop_shards
     for ((index = 1; index < shards; ++index)); do start_shard "$index" "$label" "$@"; done
     run_shard 0 "$label" "$@"
     [ "${#shard_processes[@]}" = 0 ] || wait "${shard_processes[@]}" || true
@@ -142,12 +142,10 @@ test_windows() {
     run_test_programs windows "$build/mingw/tests/windows" "$build/mingw/tools"
 }
 
-# The installed program is copied to C:, where its folder is an ordinary Windows folder.
 install_for_tests() {
-    rm -rf "$wine_prefix/drive_c/FerryTest"
-    cp -r "$build/app" "$wine_prefix/drive_c/FerryTest"
+    install_on_c FerryTest
     export FERRY_E2E_APP='C:\FerryTest'
-    FERRY_E2E_HOST=$(windows_path "$build/mingw/tools/samplehost/samplehost.exe")
+    FERRY_E2E_HOST=$(windows_path "$samplehost")
     export FERRY_E2E_HOST
 }
 
@@ -166,6 +164,7 @@ command_test() {
     [ $# -le 1 ] || fail "usage: ./dev test [core|windows|e2e] [FILTER]"
     filter=${1:-*}
     mkdir -p "$build/logs"
+    at_end stop_shards
     local ring
     for ring in "${rings[@]}"; do "test_$ring"; done
     printf '%d passed, %d failed, %d skipped\n' "$passed" "$failed" "$skipped"

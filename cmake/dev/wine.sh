@@ -6,6 +6,7 @@ load setup
 use_wine_dir() { wine_dir=$1 wine_prefix=$1/prefix wine_is_open=; }
 use_wine_dir "$build/wine"
 fileop_dll=$build/mingw/tools/fileop/ferry_fileop.dll
+samplehost=$build/mingw/tools/samplehost/samplehost.exe
 
 # windows_path PATH: a Unix path as Windows programs see it.
 windows_path() {
@@ -17,6 +18,12 @@ windows_path() {
         return
     fi
     printf 'Z:%s\n' "${path//\//\\}"
+}
+
+# install_on_c NAME: a copy of the layout on C:, where its folder is an ordinary Windows folder.
+install_on_c() {
+    rm -rf "$wine_prefix/drive_c/$1"
+    cp -r "$build/app" "$wine_prefix/drive_c/$1"
 }
 
 find_wine() {

@@ -1,4 +1,4 @@
-// The order of texts in a list, without regard to case.
+// Texts compared without regard to case, and their order in a list.
 #include "base/case_order.h"
 
 #include <algorithm>
@@ -47,12 +47,6 @@ constexpr Capitals kCapitals[] = {
     {0xFF21, 0xFF3A, 1, 32},    // full-width letters
 };
 
-std::wstring SmallLetters(const std::wstring& text) {
-    std::wstring small(text.size(), L'\0');
-    std::ranges::transform(text, small.begin(), ToSmall);
-    return small;
-}
-
 }  // namespace
 
 wchar_t ToSmall(wchar_t unit) noexcept {
@@ -64,6 +58,12 @@ wchar_t ToSmall(wchar_t unit) noexcept {
         return unit;
     }
     return static_cast<wchar_t>(unit + row->Distance);
+}
+
+std::wstring SmallLetters(std::wstring_view text) {
+    std::wstring small(text.size(), L'\0');
+    std::ranges::transform(text, small.begin(), ToSmall);
+    return small;
 }
 
 bool EqualsIgnoringCase(std::wstring_view left, std::wstring_view right) noexcept {

@@ -12,6 +12,9 @@ namespace ferry::base {
 /// locale.
 wchar_t ToSmall(wchar_t unit) noexcept;
 
+/// `text` with each of its units made small.
+std::wstring SmallLetters(std::wstring_view text);
+
 /// Whether both texts are equal when capitals and small letters are not told apart, unit by unit.
 bool EqualsIgnoringCase(std::wstring_view left, std::wstring_view right) noexcept;
 

@@ -46,7 +46,7 @@ private:
     framework::Answer OnAreYouFerry(WPARAM, LPARAM) { return 1; }
     bool TakeDelivery(const COPYDATASTRUCT& data);
     void TakeDroppedItems(base::TextList paths);
-    void TakeDroppedFolders(const base::TextList& paths);
+    void TakeDroppedFolders(base::TextList paths);
     void PresetDestination();
     void FillTabList();
     void ShowTabChoice();

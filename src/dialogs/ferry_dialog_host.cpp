@@ -53,7 +53,7 @@ Answer CFerryDlg::OnDropFiles(WPARAM wParam, LPARAM) {
     if (arrival_ == Arrival::Nothing) {
         TakeDroppedItems(std::move(paths));
     } else {
-        TakeDroppedFolders(paths);
+        TakeDroppedFolders(std::move(paths));
     }
     return 0;
 }
@@ -67,10 +67,8 @@ void CFerryDlg::TakeDroppedItems(base::TextList paths) {
     EnableWindow(Item(IDOK), TRUE);
 }
 
-void CFerryDlg::TakeDroppedFolders(const base::TextList& paths) {
-    for (const std::wstring_view path : paths) {
-        services_.Host.TabFolders.Append(path);
-    }
+void CFerryDlg::TakeDroppedFolders(base::TextList paths) {
+    services_.Host.TabFolders.Append(std::move(paths));
     arrival_ = Arrival::FolderList;
     PresetDestination();
     FillTabList();

@@ -93,13 +93,7 @@ protected:
     bool SendOneFile() const { return SendBlock({L"C:\\Work\\a.txt"}, {L"D:\\Backup"}); }
 
     /// Puts the focus where no delivery puts it.
-    bool FocusCancel() const {
-        if (!TakeForeground(Dialog().Window()))
-            return false;
-        SendMessageW(Dialog().Window(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(Dialog().Control(kCancel)),
-                     TRUE);
-        return Dialog().WaitForFocus(Dialog().Control(kCancel));
-    }
+    bool FocusCancel() const { return Dialog().Focus(Dialog().Control(kCancel)); }
 
     /// The dialog has the foreground and keeps it, and what is typed arrives in the destination.
     testing::AssertionResult IsInFrontAndTakesKeys() const {

@@ -102,10 +102,7 @@ TEST_P(DestinationChoice, ByTheMenuOrTheListOfOtherTabs) {
     ASSERT_TRUE(OpenToMove());
     for (const int item : {1, 0, 1}) {
         if (GetParam()) {
-            const HWND list = Dialog().Control(kTabFoldersList);
-            ASSERT_TRUE(TakeForeground(Dialog().Window()));
-            SendMessageW(Dialog().Window(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(list), TRUE);
-            ASSERT_TRUE(Dialog().WaitForFocus(list));
+            ASSERT_TRUE(Dialog().Focus(Dialog().Control(kTabFoldersList)));
             PressKey(item == 0 ? VK_UP : VK_DOWN);
         } else {
             ASSERT_TRUE(Dialog().PressWithKeys(kTabFoldersButton));

@@ -112,10 +112,7 @@ TEST_P(RenameByKeyboard, AToolLeavesTheKeyboardWhereTheNextWordIsTyped) {
 }
 
 TEST_P(RenameByKeyboard, EnterOnAToolPressesTheToolAndNotRename) {
-    ASSERT_TRUE(TakeForeground(rename_.Window()));
-    SendMessageW(rename_.Window(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(rename_.Control(kUpperCase)),
-                 TRUE);
-    ASSERT_TRUE(HasFocus(kUpperCase));
+    ASSERT_TRUE(rename_.Focus(rename_.Control(kUpperCase)));
     PressKey(VK_RETURN);
     ASSERT_TRUE(NamesBecome(L"A B|TXT"));
     EXPECT_TRUE(IsWindowVisible(rename_.Window()));

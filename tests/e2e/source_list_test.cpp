@@ -18,9 +18,7 @@ protected:
         }
         ASSERT_TRUE(Open(Plan(items)));
         list_ = Dialog().Control(kSourceList);
-        ASSERT_TRUE(TakeForeground(Dialog().Window()));
-        SendMessageW(Dialog().Window(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(list_), TRUE);
-        ASSERT_TRUE(Dialog().WaitForFocus(list_));
+        ASSERT_TRUE(Dialog().Focus(list_));
     }
 
     int Item(UINT state) const {

@@ -1,6 +1,7 @@
 // The file system of the model.
 #include <algorithm>
 
+#include "base/case_order.h"
 #include "core/transfer/model_ports.h"
 
 namespace ferry::transfer::model {
@@ -49,7 +50,7 @@ bool HasFileAbove(const Tree& files, std::wstring_view path) {
 
 std::uint32_t ModelFileSystem::Attributes(std::wstring_view path) {
     if (Stops(world_.Enter(L"Attributes", path))) {
-        world_.HiddenAttributes.insert(Fold(path));
+        world_.HiddenAttributes.insert(base::SmallLetters(path));
         return kInvalidAttributes;
     }
     const Node* const node = world_.Files.At(path);
@@ -87,7 +88,7 @@ std::optional<FoundItem> ModelFileSystem::Find(std::wstring_view path) {
     const Node* const node = PlainPath(path).ends_with(L'\\') ? nullptr : world_.Files.At(path);
     std::optional<FoundItem> found;
     if (Stops(fault)) {
-        world_.HiddenItems.insert(Fold(path));
+        world_.HiddenItems.insert(base::SmallLetters(path));
         found = FoundItem{std::wstring(path.substr(path.rfind(L'\\') + 1)), 0, 0, false};
     } else if (node != nullptr) {
         found = Found(*node);
@@ -144,7 +145,7 @@ bool ModelFileSystem::Rename(std::wstring_view from, std::wstring_view to) {
     const bool isDone = fault == Fault::DoNothing || (!Stops(fault) && Move(from, to));
     if (!isDone || !SaysDone(fault))
         return false;
-    world_.ToldRenamed.insert(Fold(from));
+    world_.ToldRenamed.insert(base::SmallLetters(from));
     return true;
 }
 
@@ -155,10 +156,11 @@ bool ModelFileSystem::Move(std::wstring_view from, std::wstring_view to) {
     Node* const parent = world_.Files.ParentOf(target);
     const Node* const occupant = world_.Files.At(target);
     const bool isTaken = occupant != nullptr && occupant != node;
-    const bool liesInside = Fold(target).starts_with(Fold(PlainPath(from)) + L'\\');
+    const bool liesInside =
+        base::SmallLetters(target).starts_with(base::SmallLetters(PlainPath(from)) + L'\\');
     if (node == nullptr || parent == nullptr || isTaken || liesInside || IsForbiddenName(name))
         return false;
-    world_.RenamedAway.insert(Fold(from));
+    world_.RenamedAway.insert(base::SmallLetters(from));
     auto moved = world_.Files.Detach(from);
     moved->Name = name;
     parent->Children.push_back(std::move(moved));

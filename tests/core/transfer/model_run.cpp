@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <set>
 
+#include "base/case_order.h"
 #include "base/utf16.h"
 
 namespace ferry::transfer::model {
@@ -12,7 +13,7 @@ namespace {
 constexpr std::wstring_view kSourceRoot = L"C:\\src\\";
 
 bool IsBelow(std::wstring_view path, std::wstring_view folder) {
-    return Fold(path).starts_with(Fold(folder));
+    return base::SmallLetters(path).starts_with(base::SmallLetters(folder));
 }
 
 bool MayOverwrite(const Transferred& transfer, std::uint32_t precision) {
@@ -37,16 +38,16 @@ std::string AttributesAndContent(const Node& node) {
 }
 
 std::wstring FolderOf(std::wstring_view path) {
-    return Fold(path.substr(0, path.rfind(L'\\')));
+    return base::SmallLetters(path.substr(0, path.rfind(L'\\')));
 }
 
 std::wstring NameOf(std::wstring_view path) {
-    return Fold(path.substr(path.rfind(L'\\') + 1));
+    return base::SmallLetters(path.substr(path.rfind(L'\\') + 1));
 }
 
 /// Whether `path` or a folder above it is among the folded `places`.
 bool IsAtOrBelowAny(const std::wstring& path, const std::set<std::wstring>& places) {
-    const std::wstring folded = Fold(path);
+    const std::wstring folded = base::SmallLetters(path);
     for (std::size_t end = folded.find(L'\\'); end != std::wstring::npos; end = folded.find(L'\\', end + 1)) {
         if (places.contains(folded.substr(0, end)))
             return true;
@@ -193,9 +194,9 @@ void HarmCheck::CheckSkippedFiles() {
 void HarmCheck::CheckDestinationFiles() {
     std::set<std::wstring> written;
     for (const Transferred& transfer : run_.Shared.Transfers)
-        written.insert(Fold(transfer.Target));
+        written.insert(base::SmallLetters(transfer.Target));
     for (const auto& [path, content] : destinationFiles_) {
-        if (written.contains(Fold(path)) || IsAtOrBelowAny(path, run_.Shared.RenamedAway) ||
+        if (written.contains(base::SmallLetters(path)) || IsAtOrBelowAny(path, run_.Shared.RenamedAway) ||
             IsDisturbed(path))
             continue;
         const Node* const node = run_.Shared.Files.At(path);
@@ -220,12 +221,13 @@ void HarmCheck::CheckFolders(bool finished) {
 void HarmCheck::CheckRemovedFolders() {
     std::set<std::wstring> removed;
     for (const std::wstring& folder : run_.Shared.RemovedFolders)
-        removed.insert(Fold(folder));
+        removed.insert(base::SmallLetters(folder));
     for (const std::wstring& folder : run_.Shared.RemovedFolders) {
         const std::wstring target = TargetOf(folder);
         const Node* const counterpart = run_.Shared.Files.At(target);
         // A counterpart within a later source may have moved on; then it is judged in its turn.
-        const bool movedOn = overlaps_ && removed.contains(Fold(target)) && Fold(target) != Fold(folder);
+        const bool movedOn = overlaps_ && removed.contains(base::SmallLetters(target)) &&
+                             base::SmallLetters(target) != base::SmallLetters(folder);
         const bool excused =
             movedOn || IsDisturbed(target) || IsAtOrBelowAny(target, run_.Shared.RenamedAway);
         if (!IsBelow(folder, kSourceRoot))
@@ -285,7 +287,8 @@ bool HarmCheck::WasHandedOver(const std::wstring& path) const {
 
 bool HarmCheck::IsRequested(const std::wstring& path) const {
     return std::ranges::any_of(run_.Request.Sources, [&](std::wstring_view source) {
-        return Fold(path) == Fold(source) || IsBelow(path, std::wstring(source) + L'\\');
+        return base::SmallLetters(path) == base::SmallLetters(source) ||
+               IsBelow(path, std::wstring(source) + L'\\');
     });
 }
 

@@ -3,6 +3,7 @@
 #include <iterator>
 #include <utility>
 
+#include "base/case_order.h"
 #include "core/transfer/model_ports.h"
 #include "paths/path_helpers.h"
 
@@ -108,9 +109,9 @@ ShellOutcome ModelShell::PlaceFolder(const Placing& placing) {
     const ShellTransfer& transfer = placing.Transfer;
     const std::wstring source = PlainPath(transfer.Source);
     const std::wstring target = paths::WithTrailingSeparator(transfer.TargetFolder) + placing.Name + L'\\';
-    if (Fold(target).starts_with(Fold(source) + L'\\'))
+    if (base::SmallLetters(target).starts_with(base::SmallLetters(source) + L'\\'))
         return {kRefused, transfer.AskAborted};
-    world_.FoldersHandedOver.insert(Fold(source));
+    world_.FoldersHandedOver.insert(base::SmallLetters(source));
     world_.Files.AddFolder(target);
     std::vector<std::wstring> names;
     for (const auto& child : placing.Source.Children)
@@ -138,7 +139,7 @@ ShellOutcome ModelShell::Place(const Placing& placing) {
     record.Flags = transfer.Flags;
     record.PersonAgreed = placing.PersonAgreed;
     record.TargetWasSeen = world_.TargetWasSeen.value_or(false);
-    record.IsInRenamedPlace = world_.ToldRenamed.contains(Fold(record.Target));
+    record.IsInRenamedPlace = world_.ToldRenamed.contains(base::SmallLetters(record.Target));
     record.WasDeclined = world_.HasDeclined;
     record.SourceStays = transfer.Function == kFunctionCopy || isHalf || placing.What == Fault::KeepSource;
     record.Policy = world_.EffectivePolicy();

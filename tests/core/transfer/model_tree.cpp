@@ -36,12 +36,6 @@ void Visit(const std::wstring& path, const Node& node,
 
 }  // namespace
 
-std::wstring Fold(std::wstring_view text) {
-    std::wstring folded(text);
-    std::ranges::transform(folded, folded.begin(), base::ToSmall);
-    return folded;
-}
-
 std::wstring_view TakenName(std::wstring_view name) {
     return name.substr(0, name.find_last_not_of(L". ") + 1);
 }

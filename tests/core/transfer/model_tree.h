@@ -22,9 +22,6 @@ struct Node {
     std::vector<std::unique_ptr<Node>> Children;
 };
 
-/// `text` in small letters: names that fold alike are the same item.
-std::wstring Fold(std::wstring_view text);
-
 /// `name` as Windows takes it: without dots and blanks at its end. "." and ".." give nothing.
 std::wstring_view TakenName(std::wstring_view name);
 

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "base/case_order.h"
+
 namespace ferry::transfer::model {
 namespace {
 
@@ -84,7 +86,7 @@ Node& World::AddUniqueFile(std::wstring_view path, std::uint64_t lastWriteTime) 
 void World::Vanish(const std::wstring& path) {
     if (IsDriveOrNothing(path))
         return;
-    Disturbed.insert(Fold(path));
+    Disturbed.insert(base::SmallLetters(path));
     if (const auto gone = Files.Detach(path))
         Excuse(*gone);
 }
@@ -96,10 +98,10 @@ void World::Change(const std::wstring& path) {
     if (node->IsFolder) {
         const std::wstring file = path + L"\\new" + std::to_wstring(contentCount_);
         AddUniqueFile(file, 0);
-        Disturbed.insert(Fold(file));
+        Disturbed.insert(base::SmallLetters(file));
         return;
     }
-    Disturbed.insert(Fold(path));
+    Disturbed.insert(base::SmallLetters(path));
     Excused.insert(node->Content);
     node->Content = UniqueContent();
     node->LastWriteTime += 100'000'000;
@@ -119,7 +121,7 @@ void World::Appear(const std::wstring& path) {
     const Node* const parent = IsDriveOrNothing(path) ? nullptr : Files.ParentOf(path);
     if (parent == nullptr || Files.At(path) != nullptr)
         return;
-    Disturbed.insert(Fold(path));
+    Disturbed.insert(base::SmallLetters(path));
     AddUniqueFile(path, 0);
 }
 

@@ -4,6 +4,8 @@
 #include <array>
 #include <string>
 
+#include "base/case_order.h"
+
 namespace ferry::transfer::model {
 namespace {
 
@@ -107,7 +109,7 @@ void SetUpRandomRun(ModelRun& run, Dice& dice) {
 }
 
 bool Overlaps(const ModelRun& run) {
-    return Fold(run.Request.Destination).starts_with(L"c:\\src\\");
+    return base::SmallLetters(run.Request.Destination).starts_with(L"c:\\src\\");
 }
 
 }  // namespace ferry::transfer::model

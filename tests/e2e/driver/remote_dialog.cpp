@@ -124,11 +124,15 @@ std::pair<int, int> RemoteDialog::DestinationSelection() const {
     return {LOWORD(range), HIWORD(range)};
 }
 
-bool RemoteDialog::FocusDestination() const {
+bool RemoteDialog::Focus(HWND control) const {
     if (!TakeForeground(window_))
         return false;
-    SendMessageW(window_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(DestinationEdit()), TRUE);
-    return WaitForFocus(DestinationEdit());
+    SendMessageW(window_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control), TRUE);
+    return WaitForFocus(control);
+}
+
+bool RemoteDialog::FocusDestination() const {
+    return Focus(DestinationEdit());
 }
 
 bool RemoteDialog::TypeDestination(const std::wstring& path) const {
@@ -153,10 +157,7 @@ bool RemoteDialog::WaitForFocus(HWND control) const {
 }
 
 bool RemoteDialog::PressWithKeys(int id) const {
-    if (!TakeForeground(window_))
-        return false;
-    SendMessageW(window_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(Control(id)), TRUE);
-    if (!WaitForFocus(Control(id)))
+    if (!Focus(Control(id)))
         return false;
     PressKey(VK_SPACE);
     return true;

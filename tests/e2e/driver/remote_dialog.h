@@ -73,6 +73,9 @@ public:
     /// The selection in the destination's edit field, as start and end.
     std::pair<int, int> DestinationSelection() const;
 
+    /// Gives a control the focus of a dialog in the foreground.
+    bool Focus(HWND control) const;
+
     /// Gives the destination's edit field the focus of a dialog in the foreground.
     bool FocusDestination() const;
 
