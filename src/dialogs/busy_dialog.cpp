@@ -6,6 +6,12 @@
 
 namespace ferry::dialogs {
 
+namespace {
+
+constexpr UINT_PTR kShowTimerId = 1;
+
+}  // namespace
+
 CDlgBusy::CDlgBusy(Services& services) : CDialogEx(IDD_BUSY), services_(services) {}
 
 void CDlgBusy::SetFirstLine(std::wstring text) {
@@ -13,13 +19,52 @@ void CDlgBusy::SetFirstLine(std::wstring text) {
     ShowLine(IDC_BUSY_TITLE, firstLine_);
 }
 
-void CDlgBusy::SetSecondLine(std::wstring text) {
-    secondLine_ = std::move(text);
-    ShowLine(IDC_BUSY_ITEM, secondLine_);
+void CDlgBusy::SetSecondLine(std::wstring_view text) {
+    secondLine_ = text;
+    ShowSoon();
 }
 
-// One line at a time: a run changes the second for every file, and drawing the first again each
-// time would cost more than moving a small file.
+void CDlgBusy::StartSteps(std::uint32_t count) {
+    stepsDone_ = 0;
+    steps_ = count;
+    ShowSoon();
+}
+
+void CDlgBusy::StepIt() {
+    ++stepsDone_;
+    ShowSoon();
+}
+
+void CDlgBusy::ShowSoon() {
+    if (Handle() == nullptr || showsSoon_)
+        return;
+    showsSoon_ = SetTimer(Handle(), kShowTimerId, kShowDelayMs, nullptr) != 0;
+    if (!showsSoon_) {
+        ShowState();
+    }
+}
+
+std::span<const framework::Route> CDlgBusy::Routes() const {
+    static constexpr framework::Route kRoutes[] = {
+        framework::OnMessage<&CDlgBusy::OnShowTimer>(WM_TIMER),
+    };
+    return kRoutes;
+}
+
+framework::Answer CDlgBusy::OnShowTimer(WPARAM id, LPARAM) {
+    if (id != kShowTimerId)
+        return std::nullopt;
+    KillTimer(Handle(), kShowTimerId);
+    showsSoon_ = false;
+    ShowState();
+    return 0;
+}
+
+void CDlgBusy::ShowState() const {
+    ShowLine(IDC_BUSY_ITEM, secondLine_);
+    bar_.Show(stepsDone_, steps_);
+}
+
 void CDlgBusy::ShowLine(int control, const std::wstring& text) const {
     if (Handle() != nullptr) {
         SetDlgItemTextW(Handle(), control, text.c_str());
@@ -29,9 +74,10 @@ void CDlgBusy::ShowLine(int control, const std::wstring& text) const {
 bool CDlgBusy::OnInitDialog() {
     services_.Localiser.Localise(IDD_BUSY, Handle());
     bar_.Attach(Item(IDC_BUSY_BAR));
+    showsSoon_ = false;
     ShowWindow(Item(IDCANCEL), cancellable_ ? SW_SHOW : SW_HIDE);
     ShowLine(IDC_BUSY_TITLE, firstLine_);
-    ShowLine(IDC_BUSY_ITEM, secondLine_);
+    ShowState();
     return true;
 }
 

@@ -30,7 +30,7 @@ ProgressWindow::~ProgressWindow() {
 }
 
 void ProgressWindow::SetRange(std::uint32_t count) {
-    dialog_.Bar().Start(count);
+    dialog_.StartSteps(count);
 }
 
 bool ProgressWindow::DrainAndTakeCancel() {
@@ -51,11 +51,11 @@ bool ProgressWindow::DrainAndTakeCancel() {
 }
 
 void ProgressWindow::Step() {
-    dialog_.Bar().StepIt();
+    dialog_.StepIt();
 }
 
 void ProgressWindow::ShowItem(std::wstring_view name) {
-    dialog_.SetSecondLine(std::wstring(name));
+    dialog_.SetSecondLine(name);
 }
 
 transfer::CollisionAnswer QuestionWindows::AskCollision(std::wstring_view name) {

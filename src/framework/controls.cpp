@@ -116,23 +116,9 @@ void CComboBoxEx::SelectItem(int index) const noexcept {
     SendMessageW(Handle(), CB_SETCURSEL, static_cast<WPARAM>(index), 0);
 }
 
-void CProgressCtrl::Start(std::uint32_t count) noexcept {
-    RECT area{};
-    GetClientRect(Handle(), &area);
-    const auto width = static_cast<std::uint32_t>(std::max<LONG>(area.right, 1));
-    stepsPerPixel_ = std::max(count / width, 1U);
-    pendingSteps_ = 0;
+void CProgressCtrl::Show(std::uint32_t done, std::uint32_t count) const noexcept {
     SendMessageW(Handle(), PBM_SETRANGE32, 0, static_cast<LPARAM>(count));
-    SendMessageW(Handle(), PBM_SETSTEP, stepsPerPixel_, 0);
-    SendMessageW(Handle(), PBM_SETPOS, 0, 0);
-}
-
-void CProgressCtrl::StepIt() noexcept {
-    ++pendingSteps_;
-    if (pendingSteps_ == stepsPerPixel_) {
-        pendingSteps_ = 0;
-        SendMessageW(Handle(), PBM_STEPIT, 0, 0);
-    }
+    SendMessageW(Handle(), PBM_SETPOS, done, 0);
 }
 
 }  // namespace ferry::framework

@@ -103,16 +103,8 @@ public:
 /// A progress bar.
 class CProgressCtrl : public CWnd {
 public:
-    /// Range 0 to `count`, position 0.
-    void Start(std::uint32_t count) noexcept;
-
-    /// One of `count` is done. The bar draws itself whole at each step, which takes longer than moving a
-    /// small file; so steps that would not move it by a pixel are saved up until they do.
-    void StepIt() noexcept;
-
-private:
-    std::uint32_t stepsPerPixel_ = 1;
-    std::uint32_t pendingSteps_ = 0;
+    /// Shows that `done` of `count` are done.
+    void Show(std::uint32_t done, std::uint32_t count) const noexcept;
 };
 
 }  // namespace ferry::framework

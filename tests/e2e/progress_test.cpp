@@ -31,7 +31,7 @@ TEST_F(ProgressOfARun, ShowsTheOperationAndTheLastItem) {
         const RemoteDialog progress = ProgressWindow();
         EXPECT_EQ(progress.Title(), L"進捗状況");
         EXPECT_EQ(progress.Text(kProgressTitle), InstalledMessage(AppFolder(), number));
-        EXPECT_EQ(progress.Text(kProgressItem), L"a.txt");
+        EXPECT_TRUE(WaitUntil([&] { return progress.Text(kProgressItem) == L"a.txt"; }));
         EXPECT_EQ(progress.Text(kCancel), L"中止(&C)");
         EXPECT_TRUE(progress.IsShown(kCancel));
         ASSERT_TRUE(PressEscapeIn(Rename()));

@@ -37,22 +37,6 @@ protected:
     HWND Window() const { return dialog_->Handle(); }
     HWND List() const { return GetDlgItem(Window(), IDC_SOURCE_LIST); }
 
-    /// Handles the messages that are waiting.
-    static void Pump() {
-        MSG message;
-        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-            DispatchMessageW(&message);
-        }
-    }
-
-    /// Handles messages until `isTrue` holds; false when it does not.
-    static bool PumpUntil(const std::function<bool()>& isTrue) {
-        return test::WaitUntil([&] {
-            Pump();
-            return isTrue();
-        });
-    }
-
     std::wstring ItemText(int index) const {
         std::wstring text(512, L'\0');
         LVITEMW item{};

@@ -69,11 +69,11 @@ TEST_F(OpeningAndClosing, LeavesNoHandleNoWindowNoDrawingObjectAndNoThread) {
         Open(files);
         // Every other one goes on until the history and the icons are there.
         if (opening % 2 == 0) {
-            Pump();
+            test::Pump();
         }
         closedWhileLoading += opening > kWarmUpOpenings && test::CountThreads() > before.Threads ? 1 : 0;
         Close();
-        Pump();
+        test::Pump();
     }
     const test::ResourceCounts after = test::CountResources();
     EXPECT_EQ(after.Handles, before.Handles);
@@ -91,7 +91,7 @@ TEST_F(Icons, OfNetworkFoldersFollowFromTheirAttributes) {
     const int expected = IconByName(L"x.exe", FILE_ATTRIBUTE_DIRECTORY);
     ASSERT_NE(expected, IconByName(L"x.exe", FILE_ATTRIBUTE_NORMAL));
     Open({L"\\\\?\\" + (folder / L"x.exe")});
-    EXPECT_TRUE(PumpUntil([&] { return ItemIcon(0) == expected; }));
+    EXPECT_TRUE(test::PumpUntil([&] { return ItemIcon(0) == expected; }));
 }
 
 class MillionItems : public FerryDialogTest {

@@ -182,6 +182,24 @@ protected:
 
     bool IsOpen() const { return IsWindowVisible(dialog_.Handle()) != FALSE; }
 
+    struct Progress {
+        std::wstring Name;
+        LRESULT Done = 0;
+        LRESULT Count = 0;
+    };
+
+    bool Shows(const Progress& expected) const {
+        const HWND bar = GetDlgItem(dialog_.Handle(), IDC_BUSY_BAR);
+        return test::TextOfControl(dialog_.Handle(), IDC_BUSY_ITEM) == expected.Name &&
+               SendMessageW(bar, PBM_GETPOS, 0, 0) == expected.Done &&
+               SendMessageW(bar, PBM_GETRANGE, FALSE, 0) == expected.Count;
+    }
+
+    /// Whether it shows that when the messages have been handled, and not before.
+    bool WillShow(const Progress& expected) const {
+        return !Shows(expected) && test::PumpUntil([&] { return Shows(expected); });
+    }
+
     test::DialogWorld world_;
     CDlgBusy dialog_{world_.Services()};
 };
@@ -220,51 +238,92 @@ TEST_F(ProgressDialog, EnterIsNotTakenForAStop) {
     EXPECT_FALSE(dialog_.TakeCancelRequest());
 }
 
+TEST_F(ProgressDialog, ShowsTheLinesThatWereSetBeforeItOpened) {
+    dialog_.SetFirstLine(L"first");
+    dialog_.SetSecondLine(L"second");
+    dialog_.StartSteps(3);
+    dialog_.StepIt();
+    Open(true);
+    EXPECT_EQ(test::TextOfControl(dialog_.Handle(), IDC_BUSY_TITLE), L"first");
+    EXPECT_TRUE(Shows({L"second", 1, 3}));
+}
+
 TEST_F(ProgressDialog, ShowsItsLinesWheneverTheyAreSet) {
     dialog_.SetFirstLine(L"first");
     Open(true);
-    EXPECT_EQ(test::TextOfControl(dialog_.Handle(), IDC_BUSY_TITLE), L"first");
     EXPECT_EQ(test::TextOfControl(dialog_.Handle(), IDC_BUSY_ITEM), L"");
-    dialog_.SetSecondLine(L"a & b");
-    EXPECT_EQ(test::TextOfControl(dialog_.Handle(), IDC_BUSY_ITEM), L"a & b");
-    dialog_.SetFirstLine(L"another");
-    EXPECT_EQ(test::TextOfControl(dialog_.Handle(), IDC_BUSY_TITLE), L"another");
-    EXPECT_EQ(test::TextOfControl(dialog_.Handle(), IDC_BUSY_ITEM), L"a & b");
-}
-
-TEST_F(ProgressDialog, TheBarStepsThroughItsRange) {
-    Open(true);
-    dialog_.Bar().Start(5);
-    dialog_.Bar().StepIt();
-    dialog_.Bar().StepIt();
-    const HWND bar = GetDlgItem(dialog_.Handle(), IDC_BUSY_BAR);
-    EXPECT_EQ(SendMessageW(bar, PBM_GETPOS, 0, 0), 2);
-    EXPECT_EQ(SendMessageW(bar, PBM_GETRANGE, FALSE, 0), 5);
-}
-
-TEST_F(ProgressDialog, TheBarOfManyStepsIsNeverMoreThanAPixelBehind) {
-    Open(true);
-    const HWND bar = GetDlgItem(dialog_.Handle(), IDC_BUSY_BAR);
-    RECT area{};
-    GetClientRect(bar, &area);
-    constexpr LRESULT kCount = 10'000;
-    dialog_.Bar().Start(static_cast<std::uint32_t>(kCount));
-    for (LRESULT step = 1; step <= kCount; ++step) {
-        dialog_.Bar().StepIt();
-        const LRESULT behind = step - SendMessageW(bar, PBM_GETPOS, 0, 0);
-        ASSERT_GE(behind, 0);
-        ASSERT_LE(behind * area.right, kCount);
+    for (const std::wstring line : {L"a & b", L"another"}) {
+        dialog_.SetSecondLine(line);
+        EXPECT_TRUE(WillShow({line, 0, 0}));
     }
+    dialog_.SetFirstLine(L"last");
+    EXPECT_EQ(test::TextOfControl(dialog_.Handle(), IDC_BUSY_TITLE), L"last");
+    EXPECT_EQ(test::TextOfControl(dialog_.Handle(), IDC_BUSY_ITEM), L"another");
 }
 
-TEST_F(ProgressDialog, ANewRangeStartsTheBarAnew) {
+TEST_F(ProgressDialog, TheBarStepsThroughItsRangeAndStartsAnewWithTheNext) {
     Open(true);
-    const HWND bar = GetDlgItem(dialog_.Handle(), IDC_BUSY_BAR);
-    dialog_.Bar().Start(60'000);
-    dialog_.Bar().StepIt();
-    dialog_.Bar().Start(2);
-    dialog_.Bar().StepIt();
-    EXPECT_EQ(SendMessageW(bar, PBM_GETPOS, 0, 0), 1);
+    dialog_.StartSteps(5);
+    dialog_.StepIt();
+    dialog_.StepIt();
+    EXPECT_TRUE(WillShow({L"", 2, 5}));
+    dialog_.StepIt();
+    EXPECT_TRUE(WillShow({L"", 3, 5}));
+    dialog_.StartSteps(65'535);
+    EXPECT_TRUE(WillShow({L"", 0, 65'535}));
+}
+
+TEST_F(ProgressDialog, ManyItemsInAMomentAreDrawnOnceWithTheNewest) {
+    Open(true);
+    dialog_.StartSteps(1'000);
+    for (int item = 1; item <= 1'000; ++item) {
+        dialog_.StepIt();
+        dialog_.SetSecondLine(std::to_wstring(item));
+        ASSERT_TRUE(Shows({L"", 0, 0}));
+    }
+    const auto hasTimer = [this] {
+        MSG timer;
+        return PeekMessageW(&timer, dialog_.Handle(), WM_TIMER, WM_TIMER, PM_NOREMOVE) != FALSE;
+    };
+    ASSERT_TRUE(test::WaitUntil(hasTimer));
+    test::Pump();
+    EXPECT_TRUE(Shows({L"1000", 1'000, 1'000}));
+}
+
+TEST_F(ProgressDialog, ItemsThatComeSteadilyAreShownMeanwhile) {
+    Open(true);
+    int item = 0;
+    EXPECT_TRUE(test::WaitUntil([&] {
+        dialog_.SetSecondLine(std::to_wstring(++item));
+        test::Pump();
+        return !test::TextOfControl(dialog_.Handle(), IDC_BUSY_ITEM).empty();
+    }));
+}
+
+TEST_F(ProgressDialog, WithNothingNewNoTimerGoesOn) {
+    Open(true);
+    dialog_.SetSecondLine(L"a");
+    ASSERT_TRUE(WillShow({L"a", 0, 0}));
+    SetDlgItemTextW(dialog_.Handle(), IDC_BUSY_ITEM, L"untouched");
+    Sleep(3 * kShowDelayMs);
+    test::Pump();
+    EXPECT_EQ(test::TextOfControl(dialog_.Handle(), IDC_BUSY_ITEM), L"untouched");
+}
+
+TEST_F(ProgressDialog, AStrangersTimerShowsNothing) {
+    Open(true);
+    dialog_.SetSecondLine(L"a");
+    SendMessageW(dialog_.Handle(), WM_TIMER, 4711, 0);
+    EXPECT_TRUE(Shows({L"", 0, 0}));
+}
+
+TEST_F(ProgressDialog, OpenedAgainItShowsWhatComesThen) {
+    Open(true);
+    dialog_.SetSecondLine(L"a");
+    dialog_.DestroyWindow();
+    Open(true);
+    dialog_.SetSecondLine(L"b");
+    EXPECT_TRUE(WillShow({L"b", 0, 0}));
 }
 
 /// Keeps the codes that the dialog was ended with while its window stood.

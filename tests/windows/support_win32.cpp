@@ -75,6 +75,20 @@ bool WaitUntil(const std::function<bool()>& isTrue) {
     return true;
 }
 
+void Pump() {
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+        DispatchMessageW(&message);
+    }
+}
+
+bool PumpUntil(const std::function<bool()>& isTrue) {
+    return WaitUntil([&] {
+        Pump();
+        return isTrue();
+    });
+}
+
 std::wstring UniqueName(std::wstring_view prefix) {
     static std::atomic<int> counter = 0;
     return std::wstring(prefix) + L"_" + std::to_wstring(GetCurrentProcessId()) + L"_" +

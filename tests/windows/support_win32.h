@@ -22,6 +22,12 @@ inline constexpr std::chrono::seconds kDeadline{20};
 /// Polls `isTrue` until it holds; false when it does not within kDeadline.
 bool WaitUntil(const std::function<bool()>& isTrue);
 
+/// Handles the messages that wait for this thread.
+void Pump();
+
+/// Handles messages until `isTrue` holds; false when it does not within kDeadline.
+bool PumpUntil(const std::function<bool()>& isTrue);
+
 /// A fresh folder that vanishes with everything in it.
 class TempFolder {
 public:
