@@ -43,18 +43,6 @@ std::wstring TextOrEmpty(const wchar_t* text) {
     return text != nullptr ? text : L"";
 }
 
-// The title of a window, or the name of its class when it has none.
-std::wstring NameOfWindow(HWND window) {
-    constexpr int kMaxName = 256;  // the most that a class name can have
-    std::wstring name(kMaxName, L'\0');
-    int length = window != nullptr ? GetWindowTextW(window, name.data(), kMaxName) : 0;
-    if (length == 0 && window != nullptr) {
-        length = GetClassNameW(window, name.data(), kMaxName);
-    }
-    name.resize(static_cast<std::size_t>(length));
-    return name;
-}
-
 void LoadFaults() {
     const std::wstring text = EnvironmentText(L"FERRY_FILEOP_FAULTS");
     if (!ProcessFaults().Load(text)) {
@@ -137,7 +125,7 @@ HRESULT FileOperation::SetProgressMessage(LPCWSTR message) noexcept {
 
 HRESULT FileOperation::SetOwnerWindow(HWND owner) noexcept {
     return Guarded([&] {
-        WriteLog({L"SetOwnerWindow", Hex(reinterpret_cast<std::uintptr_t>(owner)), NameOfWindow(owner)});
+        WriteLog({L"SetOwnerWindow", Hex(reinterpret_cast<std::uintptr_t>(owner))});
         const std::lock_guard lock(guard_);
         owner_ = owner;
         return S_OK;
