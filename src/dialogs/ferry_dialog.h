@@ -74,6 +74,7 @@ private:
     StartOptions options_;
     Form form_;
     Arrival arrival_ = Arrival::Nothing;
+    bool hasStarted_ = false;
     controls::CCmdListCtrl list_;
     completion::WindowsFolderLookup folders_;
     controls::CHistryComboBoxEx destination_;

@@ -18,9 +18,11 @@ namespace ferry::dialogs {
 
 void CFerryDlg::OnOK() {
     transfer::TransferRequest request;
-    if (!MakeRequest(request)) {
+    // A run takes the messages of its thread, so another program's press can come in the middle of one.
+    if (hasStarted_ || !MakeRequest(request)) {
         return;
     }
+    hasStarted_ = true;
     if (!IsShiftHeld()) {
         transfer::SaveTransferSettings(services_.Settings, request.Settings);
     }

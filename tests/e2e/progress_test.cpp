@@ -118,6 +118,13 @@ TEST_F(ProgressOfARun, AStoppedMoveKeepsWhatHasNotMoved) {
     EXPECT_EQ(NamesBelow(L"元"), L"c.txt");
 }
 
+TEST_F(ProgressOfARun, AStartThatIsPressedAgainMeanwhileStartsNoSecondRun) {
+    ASSERT_TRUE(StartSlowly());
+    PostMessageW(Dialog().Window(), WM_COMMAND, MAKEWPARAM(kStart, BN_CLICKED), 0);
+    ASSERT_TRUE(Ends());
+    EXPECT_EQ(FlagsIn(FileOps()).size(), 3U);
+}
+
 TEST_F(ProgressOfARun, OtherKeysDoNotStopIt) {
     ASSERT_TRUE(StartSlowly());
     ASSERT_TRUE(TakeForeground(ProgressWindow().Window()));
