@@ -31,7 +31,11 @@ void CDlgBusy::StartSteps(std::uint32_t count) {
 }
 
 void CDlgBusy::StepIt() {
-    ++stepsDone_;
+    // Of very many items the bar knows the count without its high bits only. Then there are more
+    // steps than it has, and it starts over, as a bar does that gets a message for each.
+    if (++stepsDone_ > steps_) {
+        stepsDone_ = steps_ == 0 ? 0 : stepsDone_ % steps_;
+    }
     ShowSoon();
 }
 

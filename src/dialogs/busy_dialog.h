@@ -35,7 +35,7 @@ public:
     /// A bar of `count` steps, none of which is done.
     void StartSteps(std::uint32_t count);
 
-    /// One step more is done.
+    /// One step more is done. After the last one the bar starts over.
     void StepIt();
 
     /// Whether the user asked to stop since the last call.

@@ -116,6 +116,27 @@ TEST_F(InputDialogEdits, TheCaseButtonsChangeBothFieldsAndKeepTheFocus) {
     }
 }
 
+TEST_F(InputDialogEdits, TheButtonsTakeAnUnsplitNameForAWhole) {
+    const std::pair<int, const wchar_t*> cases[] = {{IDC_UPPER_CASE, L"7 HELLO.MP3|"},
+                                                    {IDC_LOWER_CASE, L"7 hello.mp3|"},
+                                                    {IDC_CAPITALISE, L"7 Hello.mp3|"},
+                                                    {IDC_REMOVE_LEADING_DIGITS, L" hELLO.Mp3|"},
+                                                    {IDC_REMOVE_TRAILING_DIGITS, L"7 hELLO.Mp|"}};
+    world_.Store.Numbers[L"FileNameSep"] = 0;
+    for (const auto& [button, expected] : cases) {
+        Open(MakeFile(L"7 hELLO.Mp3"));
+        Click(button);
+        EXPECT_EQ(Names(), expected);
+    }
+}
+
+TEST_F(InputDialogEdits, TheCaretAtTheEndStandsBehindSurrogatePairsAndMarks) {
+    OpenWith(L"か\x3099\xD842\xDFB7 - コピー (2)");
+    Click(IDC_REMOVE_COPY_MARKS);
+    EXPECT_EQ(Names(), L"か\x3099\xD842\xDFB7|TXT");
+    EXPECT_EQ(Selection(), L"4-4");
+}
+
 TEST_F(InputDialogEdits, TheResultIsWhatTheButtonsMade) {
     Open(MakeFile(L"HELLO wORLD.TXT"));
     Click(IDC_CAPITALISE);

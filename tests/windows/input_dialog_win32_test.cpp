@@ -49,6 +49,62 @@ TEST_F(InputDialogTest, AFileThatBeginsWithItsOnlyDotShowsTheWholePathAsItsName)
     EXPECT_EQ(Names(), path + L"|profile");
 }
 
+TEST_F(InputDialogTest, NamesAreSplitAtTheirLastDotAloneAndComeBackUnchanged) {
+    const std::pair<const wchar_t*, const wchar_t*> cases[] = {
+        {L"a..txt", L"a.|txt"},
+        {L"..txt", L".|txt"},
+        {L"a. b", L"a| b"},
+        {L" a.b", L" a|b"},
+        {L"資料．txt", L"資料．txt|"},
+        {L"か\x3099.tar.gz", L"か\x3099.tar|gz"},
+        {L"\xD842\xDFB7.\xD83D\xDE00", L"\xD842\xDFB7|\xD83D\xDE00"},
+    };
+    for (const auto& [name, expected] : cases) {
+        Open(MakeFile(name));
+        EXPECT_EQ(Names(), expected);
+        Click(IDOK);
+        EXPECT_EQ(Result(), name);
+    }
+}
+
+TEST_F(InputDialogTest, NothingThatWasTypedIsTrimmedOrJudged) {
+    const std::pair<std::pair<const wchar_t*, const wchar_t*>, const wchar_t*> cases[] = {
+        {{L"  a ", L" t "}, L"  a . t "}, {{L"a:b\\c", L"?"}, L"a:b\\c.?"},
+        {{L"", L"txt"}, L".txt"},         {{L"", L""}, L""},
+        {{L"a.", L".txt"}, L"a...txt"},   {{L"　", L""}, L"　"},
+    };
+    for (const auto& [typed, expected] : cases) {
+        Open(MakeFile(L"a.txt"));
+        SetText(IDC_NEW_NAME, typed.first);
+        SetText(IDC_EXTENSION, typed.second);
+        Click(IDOK);
+        EXPECT_EQ(Result(), expected);
+    }
+}
+
+TEST_F(InputDialogTest, AHiddenExtensionIsNoPartOfTheResult) {
+    Open(MakeFile(L"a.txt"));
+    Click(IDC_SPLIT_FILES);
+    SetText(IDC_NEW_NAME, L"b");
+    Click(IDOK);
+    EXPECT_EQ(Result(), L"b");
+}
+
+TEST_F(InputDialogTest, ASlashIsNoSeparator) {
+    Open(L"C:\\nowhere/to be found");
+    EXPECT_EQ(Text(IDC_CURRENT_NAME), L"nowhere/to be found");
+    EXPECT_EQ(Names(), L"nowhere/to be found|");
+}
+
+TEST_F(InputDialogTest, ShiftThatIsReleasedBeforeOkStoresTheOptions) {
+    Open(MakeFile(L"a.txt"));
+    test::HoldKeys({VK_SHIFT});
+    Click(IDC_SPLIT_FOLDERS);
+    test::HoldKeys({});
+    Click(IDOK);
+    EXPECT_EQ(world_.Store.Numbers[L"DirNameSep"], 1U);
+}
+
 TEST_F(InputDialogTest, APathWithoutASeparatorIsItsOwnCurrentName) {
     Open(L"nowhere to be found.txt");
     EXPECT_EQ(Text(IDC_CURRENT_NAME), L"nowhere to be found.txt");

@@ -273,6 +273,34 @@ TEST_F(ProgressDialog, TheBarStepsThroughItsRangeAndStartsAnewWithTheNext) {
     EXPECT_TRUE(WillShow({L"", 0, 65'535}));
 }
 
+/// Where a bar of `count` steps stands that is given `steps` of them, one message for each.
+LRESULT PositionAfter(std::uint32_t count, int steps) {
+    const test::TestWindow bar(CreateWindowExW(0, PROGRESS_CLASSW, L"", 0, 0, 0, 100, 10, nullptr, nullptr,
+                                               GetModuleHandleW(nullptr), nullptr));
+    SendMessageW(bar.Get(), PBM_SETRANGE, 0, static_cast<LPARAM>(count << 16));
+    SendMessageW(bar.Get(), PBM_SETSTEP, 1, 0);
+    for (int step = 0; step < steps; ++step) {
+        SendMessageW(bar.Get(), PBM_STEPIT, 0, 0);
+    }
+    return SendMessageW(bar.Get(), PBM_GETPOS, 0, 0);
+}
+
+TEST_F(ProgressDialog, ABarThatIsSteppedBeyondItsRangeStartsOverAsBarsDo) {
+    for (const std::uint32_t count : {0U, 1U, 3U}) {
+        for (int steps = 1; steps <= 9; ++steps) {
+            SCOPED_TRACE(std::to_string(steps) + " of " + std::to_string(count));
+            CDlgBusy dialog(world_.Services());
+            dialog.StartSteps(count);
+            for (int step = 0; step < steps; ++step) {
+                dialog.StepIt();
+            }
+            ASSERT_TRUE(dialog.Create(nullptr));
+            const HWND bar = GetDlgItem(dialog.Handle(), IDC_BUSY_BAR);
+            EXPECT_EQ(SendMessageW(bar, PBM_GETPOS, 0, 0), PositionAfter(count, steps));
+        }
+    }
+}
+
 TEST_F(ProgressDialog, ManyItemsInAMomentAreDrawnOnceWithTheNewest) {
     Open(true);
     dialog_.StartSteps(1'000);

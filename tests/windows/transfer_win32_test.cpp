@@ -8,12 +8,22 @@
 
 #include "base/handles_win32.h"
 #include "transfer/file_system_win32.h"
+#include "transfer/item_engine.h"
 #include "windows/support_win32.h"
 
 namespace ferry::transfer {
 namespace {
 
 using Names = std::vector<std::wstring>;
+
+/// The file time of a local date and time, by the system's present distance from UTC.
+std::uint64_t FileTimeOfLocal(const SYSTEMTIME& fields) {
+    FILETIME local{};
+    FILETIME utc{};
+    EXPECT_TRUE(SystemTimeToFileTime(&fields, &local));
+    EXPECT_TRUE(LocalFileTimeToFileTime(&local, &utc));
+    return (static_cast<std::uint64_t>(utc.dwHighDateTime) << 32) | utc.dwLowDateTime;
+}
 
 class WindowsFileSystemTest : public testing::Test {
 protected:
@@ -207,13 +217,38 @@ TEST_F(WindowsFileSystemTest, KnowsRoots) {
 
 TEST_F(WindowsFileSystemTest, LocalDatesDropMillisecondsAndFollowTheTimeZone) {
     const SYSTEMTIME noon{2020, 6, 3, 17, 12, 30, 15, 999};
-    FILETIME local{};
-    FILETIME utc{};
-    ASSERT_TRUE(SystemTimeToFileTime(&noon, &local));
-    ASSERT_TRUE(LocalFileTimeToFileTime(&local, &utc));
-    const std::uint64_t time = (static_cast<std::uint64_t>(utc.dwHighDateTime) << 32) | utc.dwLowDateTime;
     const double seconds = 12 * 3600 + 30 * 60 + 15;
-    EXPECT_NEAR(files_.LocalDate(time), 43999 + seconds / 86400, 1e-9);
+    EXPECT_NEAR(files_.LocalDate(FileTimeOfLocal(noon)), 43999 + seconds / 86400, 1e-9);
+}
+
+TEST_F(WindowsFileSystemTest, DatesBeforeTheEpochCountTheirTimeOfDayAwayFromZero) {
+    const std::pair<SYSTEMTIME, double> cases[] = {
+        {{1899, 12, 0, 30, 6, 0, 0, 0}, 0.25},      {{1899, 12, 0, 29, 6, 0, 0, 999}, -1.25},
+        {{1899, 12, 0, 28, 18, 0, 0, 0}, -2.75},    {{1602, 1, 0, 1, 12, 0, 0, 0}, -108'840.5},
+        {{1969, 12, 0, 31, 12, 0, 0, 0}, 25'568.5},
+    };
+    for (const auto& [local, expected] : cases) {
+        EXPECT_NEAR(files_.LocalDate(FileTimeOfLocal(local)), expected, 1e-9) << local.wYear;
+    }
+}
+
+TEST_F(WindowsFileSystemTest, TheTimeTestCountsWholeSecondsInEveryCentury) {
+    constexpr std::uint64_t kSecond = 10'000'000;
+    constexpr WORD kYears[] = {1602, 1898, 1899, 1900, 1969, 1970, 2024, 2399, 9998};
+    for (const WORD year : kYears) {
+        const std::uint64_t midnight = FileTimeOfLocal({year, 12, 0, 31, 0, 0, 0, 0});
+        for (std::uint64_t second = 0; second < 86'400; second += 997) {
+            const std::uint64_t earlier = midnight + second * kSecond;
+            for (std::uint64_t apart = 0; apart <= 4; ++apart) {
+                const std::uint64_t later = earlier + apart * kSecond + kSecond - 1;
+                for (const std::uint32_t precision : {1U, 2U}) {
+                    ASSERT_EQ(IsNewer(files_, later, earlier, precision), apart > precision)
+                        << year << " " << second << " " << apart << " " << precision;
+                    ASSERT_FALSE(IsNewer(files_, earlier, later, precision));
+                }
+            }
+        }
+    }
 }
 
 TEST_F(WindowsFileSystemTest, TimeThatCannotBeConvertedIsDateZero) {

@@ -59,6 +59,11 @@ TEST(RemoveCopyMarkers, TakesOnlyTheNumberAsItIsPrintedBack) {
                                    {L"コピー (4294967298) コピー (2) ～ x", L"コピー (4294967298) x"}});
 }
 
+TEST(RemoveCopyMarkers, FindsNoNumberBehindABlankInFront) {
+    ExpectEach(RemoveCopyMarkers, {{L" コピー (2) ～ memo", L" コピー (2) ～ memo"},
+                                   {L"　コピー (2) ～ memo", L"　コピー (2) ～ memo"}});
+}
+
 TEST(RemoveCopyMarkers, StopsAfterTenNumberedMarkersInFront) {
     std::wstring markers;
     for (const wchar_t* number : {L"1", L"2", L"3", L"4", L"5", L"6", L"7", L"8", L"9", L"10"}) {
@@ -87,6 +92,19 @@ TEST(RemoveCopyMarkers, LeavesTheNumberBehindANameWithWhiteSpace) {
                                    {L" data - コピー (2)", L" data"},
                                    // The hyphen is the first word here.
                                    {L" - コピー (2)", L" (2)"}});
+}
+
+TEST(RemoveCopyMarkers, TakesTheNumberBehindANameOnlyAsItIsPrintedBack) {
+    ExpectEach(RemoveCopyMarkers, {{L"data - コピー (2147483647)", L"data"},
+                                   {L"data - コピー (2147483648)", L"data (2147483648)"},
+                                   {L"data - コピー (4294967299)", L"data (4294967299)"},
+                                   {L"data - コピー (03)", L"data (03)"},
+                                   {L"data - コピー (+3)", L"data (+3)"},
+                                   {L"data - コピー ( 3)", L"data ( 3)"},
+                                   {L"data - コピー (3 )", L"data (3 )"},
+                                   {L"data - コピー(3)", L"data(3)"},
+                                   {L"data - コピー (３)", L"data (３)"},
+                                   {L"data - コピー (0)", L"data"}});
 }
 
 TEST(RemoveCopyMarkers, TakesSeveralNumberedMarkersBehindTheName) {

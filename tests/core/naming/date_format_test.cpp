@@ -46,6 +46,8 @@ TEST(FormatDateTime, KnowsTheOtherConversionsOfC90) {
                                                                                   {L"%j", L"122"},
                                                                                   {L"100%%", L"100%"},
                                                                                   {L"%%Y", L"%Y"},
+                                                                                  {L"%%%Y%%", L"%2024%"},
+                                                                                  {L"%d%d", L"0101"},
                                                                                   {L"%X", L"15:04:09"},
                                                                                   {L"%x", L"05/01/24"}});
     EXPECT_NE(Format(kMayDay, L"%c").find(L"15:04:09"), std::wstring::npos);

@@ -180,6 +180,12 @@ TEST_F(ItemEngineTest, TheSamePathStopsTheRunWithAMessageUnderEveryPolicyButFour
     }
 }
 
+TEST_F(ItemEngineTest, TheSamePathIsRefusedAlsoWhenNothingStandsThereAnyMore) {
+    world.Files.Detach(kSource);
+    EXPECT_EQ(Handle(3, kSource, kSource), ItemResult::Stop);
+    EXPECT_EQ(world.Log, (Lines{L"ShowError 6269"}));
+}
+
 TEST_F(ItemEngineTest, TheSamePathUnderPolicyFourStillOpensTheRenameDialog) {
     names = {{kEndOk, L"b.txt"}};
     EXPECT_EQ(Handle(4, kSource, kSource), ItemResult::Continue);
@@ -206,6 +212,30 @@ TEST_F(ItemEngineTest, AFileAboveTenMebibytesShowsTheShellsProgressAndTheNextSma
     }
 }
 
+TEST_F(ItemEngineTest, AFileOfUnknownSizeCountsAsSmall) {
+    world.Files.At(kSource)->ExtraSize = kSilentSizeLimit;
+    Handle(3);
+    EXPECT_EQ(world.Log.back(), L"Copy C:\\src\\a.txt > D:\\out\\ flags 2A10 asked");
+    Fail(L"FileSize", Fault::Fail);
+    Handle(3);
+    EXPECT_EQ(world.Log.back(), L"Copy C:\\src\\a.txt > D:\\out\\ flags 2A14 asked");
+}
+
+TEST_F(ItemEngineTest, TheShellsProgressOfALargeFileGoesOnForFilesThatGetAnotherName) {
+    const std::pair<std::uint32_t, const wchar_t*> cases[] = {
+        {4, L"Copy C:\\src\\a.txt > D:\\out\\ as n flags 2A00"},
+        {5, L"Copy C:\\src\\a.txt > D:\\out\\ as a.txt flags 2A00"},
+        {6, L"Copy C:\\src\\a.txt > D:\\out\\ flags 2A08"},
+    };
+    world.Files.At(kSource)->ExtraSize = kSilentSizeLimit;
+    Handle(3);
+    for (const auto& [policy, expected] : cases) {
+        names = {{kEndOk, policy == 4 ? L"n" : L"old"}};
+        Handle(policy);
+        EXPECT_EQ(world.Log.back(), expected);
+    }
+}
+
 TEST_F(ItemEngineTest, ARunStopsOnlyWhenThereIsNoOperationOrOneWasAborted) {
     const std::pair<Fault, ItemResult> cases[] = {{Fault::NoObject, ItemResult::Stop},
                                                   {Fault::Cancel, ItemResult::Stop},
@@ -226,6 +256,16 @@ TEST_F(ItemEngineTest, PolicySixLeavesTheNameToTheShellForTheRestOfTheRun) {
     Handle(3);
     EXPECT_EQ(world.Log.back(), L"Copy C:\\src\\a.txt > D:\\out\\ flags 2A1C asked");
     EXPECT_EQ(ContentAt(kTarget), "existing");
+}
+
+TEST_F(ItemEngineTest, OnceTheShellPickedANameItMayDoSoForTypedNamesToo) {
+    PutExisting();
+    Handle(6);
+    names = {{kEndOk, L"n"}, {kEndOk, L"old"}};
+    Handle(4);
+    EXPECT_EQ(world.Log.back(), L"Copy C:\\src\\a.txt > D:\\out\\ as n flags 2A0C");
+    Handle(5);
+    EXPECT_EQ(world.Log.back(), L"Copy C:\\src\\a.txt > D:\\out\\ as a.txt flags 2A0C");
 }
 
 TEST_F(ItemEngineTest, PolicySixGoesOnWhateverTheShellSays) {

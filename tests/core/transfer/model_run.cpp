@@ -132,16 +132,20 @@ void HarmCheck::CheckOverwrites() {
 
 void HarmCheck::CheckPlaces() {
     for (const Transferred& transfer : run_.Shared.Transfers) {
-        const std::wstring target = TargetOf(transfer.Source);
+        const std::vector<std::wstring> targets = TargetsOf(transfer.Source);
         const bool mayBeRenamed = (transfer.Flags & kFlagRenameOnCollision) != 0 ||
                                   (transfer.Policy == 4 && transfer.TargetWasSeen);
-        if (!IsRequested(transfer.Source))
+        if (targets.empty())
             Report("transferred though nobody asked for it", transfer.Source);
         if (WasHandedOver(transfer.Source))
             continue;
-        if (FolderOf(transfer.Target) != FolderOf(target))
+        const auto isItsFolder = [&](const auto& target) {
+            return FolderOf(transfer.Target) == FolderOf(target);
+        };
+        if (std::ranges::none_of(targets, isItsFolder))
             Report("landed in another folder", transfer.Target);
-        if (!mayBeRenamed && NameOf(transfer.Target) != NameOf(target))
+        const auto isItsName = [&](const auto& target) { return NameOf(transfer.Target) == NameOf(target); };
+        if (!mayBeRenamed && std::ranges::none_of(targets, isItsName))
             Report("landed under another name", transfer.Target);
     }
 }
@@ -177,16 +181,16 @@ void HarmCheck::CheckSkippedFiles() {
     std::set<std::wstring> moved;
     for (const Transferred& transfer : run_.Shared.Transfers) {
         if (!transfer.SourceStays)
-            moved.insert(transfer.Source);
+            moved.insert(base::SmallLetters(transfer.Source));
     }
     const auto lines = run_.Shared.Files.Snapshot(L"C:\\src");
     for (const auto& [path, content] : sourceFiles_) {
         const Node* const node = run_.Shared.Files.At(path);
         const auto line = lines.find(path);
-        if (!moved.contains(path) && !IsDisturbed(path) &&
-            (line == lines.end() || line->second != sourceLines_.at(path)))
+        const bool hasMoved = moved.contains(base::SmallLetters(path));
+        if (!hasMoved && !IsDisturbed(path) && (line == lines.end() || line->second != sourceLines_.at(path)))
             Report("source file gone or changed though it was not moved", path);
-        if (moved.contains(path) && !IsDisturbed(path) && node != nullptr)
+        if (hasMoved && !IsDisturbed(path) && node != nullptr)
             Report("source file still there though it was moved", path);
     }
 }
@@ -212,7 +216,10 @@ void HarmCheck::CheckFolders(bool finished) {
     if (!finished && removed.size() != run_.View.FoldersRemovedAtRange)
         Report("folder removed by a run that was stopped", removed.back());
     for (const std::wstring& folder : folders_) {
-        const bool wasRemoved = std::ranges::find(removed, folder) != removed.end() || WasHandedOver(folder);
+        const auto isIt = [&](const auto& path) {
+            return base::SmallLetters(path) == base::SmallLetters(folder);
+        };
+        const bool wasRemoved = std::ranges::any_of(removed, isIt) || WasHandedOver(folder);
         if (!wasRemoved && !IsDisturbed(folder) && run_.Shared.Files.At(folder) == nullptr)
             Report("folder vanished", folder);
     }
@@ -223,18 +230,22 @@ void HarmCheck::CheckRemovedFolders() {
     for (const std::wstring& folder : run_.Shared.RemovedFolders)
         removed.insert(base::SmallLetters(folder));
     for (const std::wstring& folder : run_.Shared.RemovedFolders) {
-        const std::wstring target = TargetOf(folder);
+        if (!IsBelow(folder, kSourceRoot))
+            Report("folder removed that was no source", folder);
+        if (!HasCounterpart(folder, removed))
+            Report("folder removed without a counterpart", folder);
+    }
+}
+
+bool HarmCheck::HasCounterpart(const std::wstring& folder, const std::set<std::wstring>& removed) const {
+    return std::ranges::any_of(TargetsOf(folder), [&](const std::wstring& target) {
         const Node* const counterpart = run_.Shared.Files.At(target);
         // A counterpart within a later source may have moved on; then it is judged in its turn.
         const bool movedOn = overlaps_ && removed.contains(base::SmallLetters(target)) &&
                              base::SmallLetters(target) != base::SmallLetters(folder);
-        const bool excused =
-            movedOn || IsDisturbed(target) || IsAtOrBelowAny(target, run_.Shared.RenamedAway);
-        if (!IsBelow(folder, kSourceRoot))
-            Report("folder removed that was no source", folder);
-        if (!excused && (counterpart == nullptr || !counterpart->IsFolder))
-            Report("folder removed without a counterpart", folder);
-    }
+        return movedOn || IsDisturbed(target) || IsAtOrBelowAny(target, run_.Shared.RenamedAway) ||
+               (counterpart != nullptr && counterpart->IsFolder);
+    });
 }
 
 void HarmCheck::CheckHandedOverFolders() {
@@ -285,15 +296,15 @@ bool HarmCheck::WasHandedOver(const std::wstring& path) const {
     return IsAtOrBelowAny(path, run_.Shared.FoldersHandedOver);
 }
 
-bool HarmCheck::IsRequested(const std::wstring& path) const {
-    return std::ranges::any_of(run_.Request.Sources, [&](std::wstring_view source) {
-        return base::SmallLetters(path) == base::SmallLetters(source) ||
-               IsBelow(path, std::wstring(source) + L'\\');
-    });
-}
-
-std::wstring HarmCheck::TargetOf(const std::wstring& path) const {
-    return run_.Request.Destination + path.substr(kSourceRoot.size());
+/// One for every source that `path` is, or lies below.
+std::vector<std::wstring> HarmCheck::TargetsOf(const std::wstring& path) const {
+    std::vector<std::wstring> targets;
+    for (const std::wstring_view source : run_.Request.Sources) {
+        if (base::SmallLetters(path) == base::SmallLetters(source) ||
+            IsBelow(path, std::wstring(source) + L'\\'))
+            targets.push_back(run_.Request.Destination + path.substr(source.rfind(L'\\') + 1));
+    }
+    return targets;
 }
 
 bool HarmCheck::IsMove() const {

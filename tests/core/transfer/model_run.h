@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -54,8 +55,8 @@ private:
     void Report(const std::string& what, const std::wstring& path);
     bool IsDisturbed(const std::wstring& path) const;
     bool WasHandedOver(const std::wstring& path) const;
-    bool IsRequested(const std::wstring& path) const;
-    std::wstring TargetOf(const std::wstring& path) const;
+    std::vector<std::wstring> TargetsOf(const std::wstring& path) const;
+    bool HasCounterpart(const std::wstring& folder, const std::set<std::wstring>& removed) const;
     bool IsMove() const;
 
     ModelRun& run_;

@@ -139,7 +139,11 @@ ShellOutcome ModelShell::Place(const Placing& placing) {
     record.Flags = transfer.Flags;
     record.PersonAgreed = placing.PersonAgreed;
     record.TargetWasSeen = world_.TargetWasSeen.value_or(false);
-    record.IsInRenamedPlace = world_.ToldRenamed.contains(base::SmallLetters(record.Target));
+    // The shell may have picked a name beside the one that it was given.
+    const std::wstring asked =
+        std::wstring(transfer.TargetFolder)
+            .append(transfer.NewName.empty() ? placing.Name : TakenName(transfer.NewName));
+    record.IsInRenamedPlace = world_.ToldRenamed.contains(base::SmallLetters(asked));
     record.WasDeclined = world_.HasDeclined;
     record.SourceStays = transfer.Function == kFunctionCopy || isHalf || placing.What == Fault::KeepSource;
     record.Policy = world_.EffectivePolicy();

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <string>
+#include <vector>
 
 #include "base/case_order.h"
 
@@ -48,6 +49,27 @@ void SetUpDestination(ModelRun& run, Dice& dice) {
     }
 }
 
+/// What a person chooses in C:\\src: most of what lies there, and now and then, as from a list of search
+/// results, an item twice, in another spelling, or one that lies below another.
+std::vector<std::wstring> RandomSources(World& world, Dice& dice) {
+    std::vector<std::wstring> sources;
+    for (const auto& child : world.Files.At(L"C:\\src")->Children) {
+        if (!dice.OneIn(6))
+            sources.push_back(L"C:\\src\\" + child->Name);
+    }
+    std::vector<std::wstring> all;
+    world.Files.ForEach([&all](const std::wstring& path, const Node&) {
+        if (path.starts_with(L"C:\\src\\"))
+            all.push_back(path);
+    });
+    while (!all.empty() && dice.OneIn(3)) {
+        const std::wstring again = dice.Pick(all);
+        const auto place = dice.Below(static_cast<std::uint32_t>(sources.size()) + 1);
+        sources.insert(sources.begin() + place, dice.OneIn(2) ? again : base::SmallLetters(again));
+    }
+    return sources;
+}
+
 void SetUpTrees(ModelRun& run, Dice& dice) {
     World& world = run.Shared;
     world.Files.AddFolder(L"C:\\src");
@@ -55,10 +77,8 @@ void SetUpTrees(ModelRun& run, Dice& dice) {
     run.Request.Destination = RandomDestination(dice);
     world.AddUniqueFile(L"C:\\kept", kBaseTime);
     world.AddUniqueFile(L"E:\\other\\a", kBaseTime);
-    for (const auto& child : world.Files.At(L"C:\\src")->Children) {
-        if (!dice.OneIn(6))
-            run.Request.Sources.Append(L"C:\\src\\" + child->Name);
-    }
+    for (const std::wstring& source : RandomSources(world, dice))
+        run.Request.Sources.Append(source);
     SetUpDestination(run, dice);
 }
 
