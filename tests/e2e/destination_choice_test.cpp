@@ -70,6 +70,17 @@ protected:
         return nullptr;
     }
 
+    /// The same, as often as it takes: Wine's browser does not always begin where it is told to, and a
+    /// person would open it again.
+    HWND OpenBrowserPatientlyAt(const std::wstring& folder) const {
+        constexpr int kTries = 10;
+        HWND browser = nullptr;
+        for (int attempt = 0; attempt < kTries && browser == nullptr; ++attempt) {
+            browser = OpenBrowserAt(folder);
+        }
+        return browser;
+    }
+
     std::wstring first_, second_;
 };
 INSTANTIATE_TEST_SUITE_P(Mode, DestinationChoice, testing::Bool(), ModeName);
@@ -136,18 +147,25 @@ TEST_P(DestinationChoice, ByAMessageOfTheHostAlsoWhileTheListIsOpen) {
 TEST_P(DestinationChoice, ByTheFolderBrowser) {
     ASSERT_TRUE(OpenToMove());
     for (const std::wstring& folder : {first_, second_}) {
-        // Wine's browser does not always begin where it is told to; a person would open it again.
-        constexpr int kTries = 10;
-        HWND browser = nullptr;
-        for (int attempt = 0; attempt < kTries && browser == nullptr; ++attempt) {
-            browser = OpenBrowserAt(folder);
-        }
+        const HWND browser = OpenBrowserPatientlyAt(folder);
         ASSERT_NE(browser, nullptr);
         Dialog().SetDestination(L"");
         PostMessageW(browser, WM_COMMAND, IDOK, 0);
         ASSERT_TRUE(DestinationBecomes(folder + L"\\"));
+        const std::pair whole(0, static_cast<int>(folder.size()) + 1);
+        EXPECT_TRUE(WaitUntil([&] { return Dialog().DestinationSelection() == whole; }));
     }
     ASSERT_TRUE(MovesToTheSecond());
+}
+
+TEST_P(DestinationChoice, ACancelledFolderBrowserChangesNothing) {
+    ASSERT_TRUE(OpenToMove());
+    const HWND browser = OpenBrowserPatientlyAt(first_);
+    ASSERT_NE(browser, nullptr);
+    Dialog().SetDestination(L"D:\\typed");
+    PostMessageW(browser, WM_COMMAND, IDCANCEL, 0);
+    ASSERT_TRUE(WaitUntil([&] { return !IsWindow(browser); }));
+    EXPECT_TRUE(StaysClosedWith(L"D:\\typed"));
 }
 
 }  // namespace

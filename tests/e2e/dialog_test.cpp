@@ -194,6 +194,42 @@ TEST_F(ConfirmationDialog, EachModeShowsItsOwnControls) {
     EXPECT_TRUE(ShowsOnlyTheControlsOf(kBatch));
 }
 
+TEST_F(ConfirmationDialog, TheArrowsChangeTheModeAndWithItTheControls) {
+    ASSERT_TRUE(OpenWith({}));
+    ASSERT_TRUE(Dialog().Focus(Dialog().Control(kBatch)));
+    PressKey(VK_DOWN);
+    EXPECT_TRUE(ShowsOnlyTheControlsOf(kIndividual));
+    EXPECT_TRUE(Dialog().IsChecked(kIndividual));
+    PressKey(VK_UP);
+    EXPECT_TRUE(ShowsOnlyTheControlsOf(kBatch));
+    EXPECT_TRUE(Dialog().IsChecked(kBatch));
+}
+
+TEST_F(ConfirmationDialog, TheModeOfTheLastRunShowsItsControlsAtStart) {
+    for (const int mode : {kIndividual, kBatch}) {
+        WriteNumber(kProgramKey, L"Mode", mode == kIndividual ? 1 : 0);
+        ASSERT_TRUE(OpenWith({}));
+        EXPECT_TRUE(ShowsOnlyTheControlsOf(mode));
+    }
+}
+
+TEST_F(ConfirmationDialog, EveryKeyThatMovesInTheListOfTabsChoosesThatFolder) {
+    ASSERT_TRUE(OpenWith({L"/t", L"/f=1"}, {L"D:\\a", L"D:\\R&D", L"E:\\", L"D:\\z"}));
+    ASSERT_TRUE(TakeForeground(Dialog().Window()));
+    ASSERT_TRUE(HasTabListFocus());
+    const std::pair<WORD, const wchar_t*> steps[] = {{VK_END, L"D:\\z\\"},
+                                                     {VK_UP, L"E:\\"},
+                                                     {VK_UP, L"D:\\R&D\\"},
+                                                     {VK_HOME, L"D:\\a\\"},
+                                                     {VK_NEXT, L"D:\\z\\"}};
+    for (const auto& [key, expected] : steps) {
+        SCOPED_TRACE(key);
+        PressKey(key);
+        EXPECT_TRUE(WaitUntil([&] { return Dialog().Destination() == expected; }));
+    }
+    EXPECT_TRUE(HasTabListFocus());
+}
+
 TEST_F(ConfirmationDialog, WithoutOtherTabsTheirButtonSaysSo) {
     ASSERT_TRUE(OpenWith({}, {}));
     Dialog().Click(kTabFoldersButton);

@@ -94,6 +94,19 @@ TEST_P(DestinationHistory, DropsTheOldestOfTwentyEntries) {
     EXPECT_EQ(Stored(), entries);
 }
 
+// The host's programs read settings without asking for their type.
+TEST_P(DestinationHistory, AValueOfAnotherTypeCountsByItsBytesAndIsStoredAsText) {
+    Store({L"D:\\a", L"", L"D:\\c"});
+    WriteValue(kProgramKey, ValueName(1), {REG_BINARY, {'D', 0, ':', 0}});
+    ASSERT_TRUE(OpenDialog());
+    EXPECT_TRUE(WaitUntil([&] { return Dialog().DestinationListCount() == 3; }));
+    ASSERT_TRUE(CancelWith(L"D:\\new"));
+    EXPECT_EQ(Stored(), Slots({L"D:\\new", L"D:\\a", L"D:", L"D:\\c"}));
+    for (const auto& [name, value] : ReadValues(kProgramKey)) {
+        EXPECT_TRUE(!name.starts_with(L"Ferry") || value.Type == REG_SZ);
+    }
+}
+
 TEST_P(DestinationHistory, TellsEntriesApartByCaseAndSeparator) {
     Store({L"C:\\Data"});
     ASSERT_TRUE(OpenDialog());

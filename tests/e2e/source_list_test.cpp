@@ -71,6 +71,33 @@ TEST_F(SourceList, TheSameKeyStepsThroughTheNamesAndAroundTheEnd) {
     EXPECT_TRUE(Becomes(L"Banana"));
 }
 
+TEST_F(SourceList, AMoreExactTextKeepsAnItemThatStillMatches) {
+    PressKey('C');
+    ASSERT_TRUE(Becomes(L"cherry 1"));
+    PressKey('H');
+    Settle();
+    EXPECT_EQ(Current(), L"cherry 1");
+    PressKey(VK_HOME);
+    PressKey('C');
+    PressKey('C');
+    ASSERT_TRUE(Becomes(L"CHERRY 2"));
+    PressKey('H');
+    Settle();
+    EXPECT_EQ(Current(), L"CHERRY 2");
+}
+
+TEST_F(SourceList, AFirstKeyKeepsTheFocusedItemWhenThatMatches) {
+    PressKey('B');
+    PressKey('B');
+    ASSERT_TRUE(Becomes(L"berry"));
+    Sleep(1300);
+    PressKey('B');
+    Settle();
+    EXPECT_EQ(Current(), L"berry");
+    PressKey('B');
+    EXPECT_TRUE(Becomes(L"bee"));
+}
+
 TEST_F(SourceList, DigitsAreTypedToo) {
     PressKey('2');
     PressKey('0');

@@ -8,6 +8,7 @@ set_target_properties(e2e_planted PROPERTIES PREFIX "")
 
 ferry_test(ferry_e2e
     SOURCES
+        arrival_test.cpp
         batch_test.cpp
         command_line_test.cpp
         completion_keys_test.cpp
@@ -15,6 +16,8 @@ ferry_test(ferry_e2e
         decide_test.cpp
         delivery_test.cpp
         destination_choice_test.cpp
+        destination_limit_test.cpp
+        destination_typing_test.cpp
         dialog_keyboard_test.cpp
         dialog_test.cpp
         drop_test.cpp

@@ -214,6 +214,13 @@ TEST_F(ComplementComboBoxTest, ASingleMatchGoesIntoTheFieldAtOnce) {
     EXPECT_FALSE(IsOpen());
 }
 
+TEST_F(ComplementComboBoxTest, ASingleFileGoesIntoTheFieldWithoutASeparator) {
+    lookup_.Items = {{L"read me.txt", false}};
+    Type(L"C:\\re");
+    EXPECT_TRUE(Press(VK_TAB));
+    EXPECT_EQ(Text(), L"C:\\read me.txt");
+}
+
 TEST_F(ComplementComboBoxTest, NoMatchLeavesTheTextAndAnEmptyList) {
     OpenList();
     EXPECT_TRUE(Press(VK_ESCAPE));

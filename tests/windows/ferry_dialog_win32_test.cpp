@@ -83,6 +83,21 @@ TEST_F(OpeningAndClosing, LeavesNoHandleNoWindowNoDrawingObjectAndNoThread) {
     EXPECT_GT(closedWhileLoading, 0);
 }
 
+class ThePrecision : public FerryDialogTest {};
+
+TEST_F(ThePrecision, IsExactOrLeavesOneOrTwoSeconds) {
+    Open({});
+    const HWND box = GetDlgItem(Window(), IDC_PRECISION);
+    std::vector<std::wstring> items;
+    for (WPARAM index = 0; index < 4; ++index) {
+        wchar_t text[64] = {};
+        if (SendMessageW(box, CB_GETLBTEXT, index, reinterpret_cast<LPARAM>(text)) != CB_ERR) {
+            items.emplace_back(text);
+        }
+    }
+    EXPECT_EQ(items, (std::vector<std::wstring>{L"標準", L"±1秒は同一とみなす", L"±2秒は同一とみなす"}));
+}
+
 class Icons : public FerryDialogTest {};
 
 TEST_F(Icons, OfNetworkFoldersFollowFromTheirAttributes) {

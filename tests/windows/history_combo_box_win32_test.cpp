@@ -126,6 +126,37 @@ TEST_F(HistoryComboBoxTest, ClearingEmptiesListSlotsAndStoreAtOnce) {
     EXPECT_EQ(Text(), L"C:\\x");
 }
 
+TEST_F(HistoryComboBoxTest, ClearingUnderTheOpenListLeavesNothingToChoose) {
+    PumpCommands();
+    Type(L"C:\\x");
+    EXPECT_TRUE(Press(VK_UP));
+    EXPECT_TRUE(Press(VK_DOWN));
+    ASSERT_EQ(Text(), L"C:\\one");
+    SendMessageW(Control(), WM_APP + 5, 0, 0);
+    EXPECT_EQ(Shown(), Texts{});
+    EXPECT_EQ(box_.Candidates(), Texts{});
+    EXPECT_EQ(Stored(), Slots({}));
+    Press(VK_RETURN);
+    EXPECT_FALSE(IsOpen());
+    EXPECT_EQ(Text(), L"C:\\x");
+    EXPECT_EQ(box_.ChosenText(), L"");
+}
+
+TEST_F(HistoryComboBoxTest, LoadingUnderTheOpenListOfASearchKeepsWhatIsShownAndChosenTheSame) {
+    lookup_.Items = {{L"a", true}, {L"b", true}};
+    Type(L"C:\\x\\");
+    EXPECT_TRUE(Press(VK_DOWN));
+    EXPECT_TRUE(Press(VK_DOWN));
+    PumpCommands();
+    EXPECT_EQ(box_.Candidates(), Shown());
+    if (IsOpen()) {
+        Press(VK_ESCAPE);
+    }
+    EXPECT_EQ(Text(), L"C:\\x\\");
+    EXPECT_TRUE(Press(VK_UP));
+    EXPECT_EQ(Shown(), (Texts{L"C:\\one", L"C:\\two", L"C:\\three"}));
+}
+
 TEST_F(HistoryComboBoxTest, StaysWhenTheQuestionIsAnsweredWithNo) {
     PumpCommands();
     Type(L"C:\\x");

@@ -29,6 +29,7 @@ ferry_test(ferry_dialogs_test
         dialog_templates_win32_test.cpp
         dialog_world_win32.cpp
         dialogs.rc
+        ferry_dialog_menu_win32_test.cpp
         ferry_dialog_raise_win32_test.cpp
         ferry_dialog_win32_test.cpp
         input_dialog_edits_win32_test.cpp

@@ -54,10 +54,38 @@ TEST(SearchPattern, LooksForNamesThatContainTwoOrMoreTypedUnits) {
         {L"\\\\srv\\share\\", L"\\\\srv\\share\\*"},
         {L"\\\\srv\\share\\夏休み", L"\\\\srv\\share\\*夏休み*"},
         {L"\\\\", L"\\\\*"},
+        {L"\\\\s", L"\\\\s*"},
+        {L"\\\\srv", L"\\\\*srv*"},
+        {L"\\\\srv\\", L"\\\\srv\\*"},
+        {L"\\\\srv\\s", L"\\\\srv\\s*"},
+        {L"\\\\srv\\share", L"\\\\srv\\*share*"},
+        {L"C:\\.", L"C:\\.*"},
+        {L"C:\\..", L"C:\\*..*"},
+        {L"C:\\a.", L"C:\\*a.*"},
+        {L"C:\\dir.\\a", L"C:\\dir.\\a*"},
+        // One character outside the basic plane is two units.
+        {L"C:\\\xD842\xDFB7", L"C:\\*\xD842\xDFB7*"},
     };
     for (const auto& [text, expected] : cases) {
         SCOPED_TRACE(base::ToUtf8(text));
         EXPECT_EQ(SearchPattern(text), expected);
+    }
+}
+
+TEST(FindCandidates, StandBesideTheTypedPartOfANetworkPath) {
+    FakeLookup lookup;
+    lookup.Items = {{L"found", true}};
+    const std::pair<std::wstring_view, std::wstring_view> cases[] = {
+        {L"\\\\", L"\\\\found\\"},
+        {L"\\\\fo", L"\\\\found\\"},
+        {L"\\\\srv\\", L"\\\\srv\\found\\"},
+        {L"\\\\srv\\fo", L"\\\\srv\\found\\"},
+        {L"\\\\srv\\share\\f", L"\\\\srv\\share\\found\\"},
+        {L"C:\\a.b\\fo.", L"C:\\a.b\\found\\"},
+    };
+    for (const auto& [text, expected] : cases) {
+        SCOPED_TRACE(base::ToUtf8(text));
+        EXPECT_EQ(FindCandidates(lookup, text, true), Texts{std::wstring(expected)});
     }
 }
 
