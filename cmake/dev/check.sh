@@ -31,7 +31,7 @@ command_check() {
     configure native
     judge "lint (clang-tidy)" check_lint
     judge "the executable's flags and imports" check_executable
-    judge "a short fuzz run" fuzz_all 5
+    judge "a short fuzz run" fuzz_all 3
     [ "$check_failed" = 0 ] || fail "a check failed; see the lines with FAILED above"
     say "all checks passed"
 }
