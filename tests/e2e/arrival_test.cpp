@@ -15,9 +15,6 @@ protected:
     bool SendDestination(std::uint64_t tag, const std::wstring& path) const {
         return Send(tag, samplehost::TextPayload(path));
     }
-    bool DestinationBecomes(const std::wstring& text) const {
-        return WaitUntil([&] { return Dialog().Destination() == text; });
-    }
 
     /// Drops the file and waits until it is the one source.
     bool DropFile() const {

@@ -31,9 +31,6 @@ protected:
     /// Types `text` into the empty destination field.
     bool Type(const std::wstring& text) const { return Dialog().TypeDestination(text); }
 
-    bool DestinationBecomes(const std::wstring& text) const {
-        return WaitUntil([&] { return Dialog().Destination() == text; });
-    }
     bool ListBecomes(bool isOpen) const {
         return WaitUntil([&] { return Dialog().IsDestinationListOpen() == isOpen; });
     }

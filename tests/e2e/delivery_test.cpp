@@ -43,7 +43,7 @@ TEST_F(Delivery, EachDestinationTagSetsAndSelectsTheDestination) {
         SCOPED_TRACE(tag);
         const std::wstring path = L"D:\\行き先 " + std::to_wstring(tag);
         ASSERT_TRUE(SendText(tag, path));
-        EXPECT_TRUE(WaitUntil([&] { return Dialog().Destination() == path + L"\\"; }));
+        EXPECT_TRUE(DestinationBecomes(path + L"\\"));
         EXPECT_TRUE(WaitUntil([&] { return IsDestinationSelected(); }));
     }
 }
@@ -51,7 +51,7 @@ TEST_F(Delivery, EachDestinationTagSetsAndSelectsTheDestination) {
 TEST_F(Delivery, ADestinationKeepsItsOwnTrailingSeparator) {
     ASSERT_TRUE(Open(Plan({L"C:\\Work\\a.txt"})));
     ASSERT_TRUE(SendText(100, L"D:\\"));
-    EXPECT_TRUE(WaitUntil([&] { return Dialog().Destination() == L"D:\\"; }));
+    EXPECT_TRUE(DestinationBecomes(L"D:\\"));
 }
 
 TEST_F(Delivery, AnotherTagChangesNothing) {
@@ -102,7 +102,7 @@ protected:
         if (!Dialog().WaitForFocus(Dialog().DestinationEdit()))
             return testing::AssertionFailure() << "the focus is elsewhere";
         TypeText(L"x");
-        if (!WaitUntil([&] { return Dialog().Destination() == L"D:\\Backup\\x"; }))
+        if (!DestinationBecomes(L"D:\\Backup\\x"))
             return testing::AssertionFailure() << "the key went elsewhere";
         if (!Stays([&] { return GetForegroundWindow() == Dialog().Window(); }))
             return testing::AssertionFailure() << "it fell back behind " << GetForegroundWindow();
@@ -164,7 +164,7 @@ TEST_F(DeliveryFromBehind, GivesTheFocusToTheListOfFoldersWhereThatIsAskedFor) {
     ASSERT_TRUE(WaitUntil([&] { return GetForegroundWindow() == Dialog().Window(); }));
     ASSERT_TRUE(Dialog().WaitForFocus(Dialog().Control(kTabFoldersList)));
     PressKey(VK_DOWN);
-    EXPECT_TRUE(WaitUntil([&] { return Dialog().Destination() == L"D:\\b\\"; }));
+    EXPECT_TRUE(DestinationBecomes(L"D:\\b\\"));
 }
 
 }  // namespace

@@ -20,10 +20,6 @@ protected:
         return Tree().MakeFolder(upper + L"\\" + std::wstring(length - used, L'd'));
     }
 
-    bool DestinationBecomes(const std::wstring& text) const {
-        return WaitUntil([&] { return Dialog().Destination() == text; });
-    }
-
     /// The destination is `text`, the start refuses it, and the next start with a shorter one works.
     testing::AssertionResult IsRefused(const std::wstring& text) {
         if (!DestinationBecomes(text))

@@ -84,11 +84,11 @@ TEST_F(ConfirmationDialog, BlocksAddUpUntilADropReplacesThem) {
 TEST_F(ConfirmationDialog, ThePresetOfABlockAndOfADropCountsAroundAllFolders) {
     ASSERT_TRUE(OpenWithoutHost({L"/t", L"/s=7"}));
     ASSERT_TRUE(SendBlock({L"C:\\Work\\a.txt"}, {L"D:\\0", L"D:\\1", L"D:\\2"}));
-    ASSERT_TRUE(WaitUntil([&] { return Dialog().Destination() == L"D:\\1\\"; })) << "7 modulo 3";
+    ASSERT_TRUE(DestinationBecomes(L"D:\\1\\")) << "7 modulo 3";
     ASSERT_TRUE(Drop({Tree().WriteFile(L"a.txt", "a")}));
     ASSERT_TRUE(WaitUntil([&] { return Dialog().SourceText(0) == L"a.txt"; }));
     ASSERT_TRUE(Drop({L"D:\\3", L"D:\\4"}));
-    EXPECT_TRUE(WaitUntil([&] { return Dialog().Destination() == L"D:\\2\\"; })) << "7 modulo 5";
+    EXPECT_TRUE(DestinationBecomes(L"D:\\2\\")) << "7 modulo 5";
     EXPECT_EQ(Dialog().TabFolders().size(), 5U);
     EXPECT_EQ(SendMessageW(Dialog().Control(kTabFoldersList), LB_GETCURSEL, 0, 0), 2);
 }
@@ -225,7 +225,7 @@ TEST_F(ConfirmationDialog, EveryKeyThatMovesInTheListOfTabsChoosesThatFolder) {
     for (const auto& [key, expected] : steps) {
         SCOPED_TRACE(key);
         PressKey(key);
-        EXPECT_TRUE(WaitUntil([&] { return Dialog().Destination() == expected; }));
+        EXPECT_TRUE(DestinationBecomes(expected));
     }
     EXPECT_TRUE(HasTabListFocus());
 }

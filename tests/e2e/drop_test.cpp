@@ -36,14 +36,14 @@ TEST_F(Dropping, ADropOfNothingDoesNotCountSoTheNextOneIsTheSelection) {
     EXPECT_EQ(Dialog().Destination(), L"");
     ASSERT_TRUE(Drop({}));
     ASSERT_TRUE(Drop({folder_}));
-    EXPECT_TRUE(WaitUntil([&] { return Dialog().Destination() == folder_ + L"\\"; }));
+    EXPECT_TRUE(DestinationBecomes(folder_ + L"\\"));
 }
 
 TEST_F(Dropping, TheSecondDropGivesTheDestination) {
     ASSERT_TRUE(OpenWithoutHost());
     ASSERT_TRUE(DropSelection());
     ASSERT_TRUE(Drop({folder_, other_}));
-    EXPECT_TRUE(WaitUntil([&] { return Dialog().Destination() == folder_ + L"\\"; }));
+    EXPECT_TRUE(DestinationBecomes(folder_ + L"\\"));
     EXPECT_TRUE(Dialog().IsEnabled(kStart));
     EXPECT_EQ(Dialog().SourceCount(), 2);
 }
@@ -52,7 +52,7 @@ TEST_F(Dropping, TheSecondDropHonoursThePresetIndexAndFillsTheList) {
     ASSERT_TRUE(OpenWithoutHost({L"/t", L"/s=3"}));
     ASSERT_TRUE(DropSelection());
     ASSERT_TRUE(Drop({folder_, other_}));
-    EXPECT_TRUE(WaitUntil([&] { return Dialog().Destination() == other_ + L"\\"; }));
+    EXPECT_TRUE(DestinationBecomes(other_ + L"\\"));
     EXPECT_EQ(Dialog().TabFolders(), (std::vector<std::wstring>{folder_, other_}));
 }
 
@@ -60,7 +60,7 @@ TEST_F(Dropping, TheThirdDropIsIgnored) {
     ASSERT_TRUE(OpenWithoutHost());
     ASSERT_TRUE(DropSelection());
     ASSERT_TRUE(Drop({folder_}));
-    ASSERT_TRUE(WaitUntil([&] { return Dialog().Destination() == folder_ + L"\\"; }));
+    ASSERT_TRUE(DestinationBecomes(folder_ + L"\\"));
     ASSERT_TRUE(Drop({other_}));
     EXPECT_TRUE(
         Stays([&] { return Dialog().Destination() == folder_ + L"\\" && Dialog().SourceCount() == 2; }));

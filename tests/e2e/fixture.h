@@ -54,6 +54,11 @@ protected:
     /// Drops `paths` on the dialog.
     bool Drop(const std::vector<std::wstring>& paths) const;
 
+    /// Waits until the destination field shows `text`.
+    bool DestinationBecomes(const std::wstring& text) const {
+        return WaitUntil([&] { return dialog_.Destination() == text; });
+    }
+
     /// Writes the destination, clicks "開始" and waits for the end of the process.
     testing::AssertionResult Transfer(const std::wstring& destination);
 

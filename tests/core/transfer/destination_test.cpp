@@ -34,8 +34,8 @@ TEST(WorkingDestination, IsTheTrimmedTextWithOneSeparatorAtItsEnd) {
 
 TEST(WorkingDestination, ATextWithASlashAnywhereGetsItsOwnSeparatorInsteadOfABackslash) {
     const std::pair<std::wstring, std::wstring> cases[] = {
-        {L"D:/work", L"D:/work\x008B"},     {L"D:/work/", L"D:/work/\x008B"},
-        {L"D:\\a/b\\", L"D:\\a/b\\\x008B"}, {L"D:/work\x008B", L"D:/work\x008B"},
+        {L"D:/docs", L"D:/docs\x008B"},     {L"D:/docs/", L"D:/docs/\x008B"},
+        {L"D:\\a/b\\", L"D:\\a/b\\\x008B"}, {L"D:/docs\x008B", L"D:/docs\x008B"},
         {L"\\\\/", L"\\\\/\x008B"},
     };
     for (const auto& [typed, expected] : cases) {

@@ -29,9 +29,7 @@ protected:
     void UseMove() { run.Request.What = Operation::Move; }
     bool Exists(std::wstring_view path) const { return run.Shared.Files.At(path) != nullptr; }
     std::uint32_t AttributesOf(std::wstring_view path) const { return run.Shared.Files.At(path)->Attributes; }
-    std::string ContentAt(std::wstring_view path) const {
-        return Exists(path) ? run.Shared.Files.At(path)->Content : "nothing";
-    }
+    std::string ContentAt(std::wstring_view path) const { return run.Shared.Files.ContentAt(path); }
     const Lines& Log() const { return run.Shared.Log; }
 
     /// Answers the questions of the collision dialog one after the other.

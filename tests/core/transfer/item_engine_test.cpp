@@ -42,10 +42,7 @@ protected:
         return engine->Handle(item, policy);
     }
 
-    std::string ContentAt(std::wstring_view path) const {
-        const model::Node* const node = world.Files.At(path);
-        return node == nullptr ? "nothing" : node->Content;
-    }
+    std::string ContentAt(std::wstring_view path) const { return world.Files.ContentAt(path); }
 
     void Fail(std::wstring_view portName, Fault fault, int times = 1) {
         world.Faults = [=](std::size_t, std::wstring_view port) mutable {

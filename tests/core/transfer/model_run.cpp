@@ -216,9 +216,7 @@ void HarmCheck::CheckFolders(bool finished) {
     if (!finished && removed.size() != run_.View.FoldersRemovedAtRange)
         Report("folder removed by a run that was stopped", removed.back());
     for (const std::wstring& folder : folders_) {
-        const auto isIt = [&](const auto& path) {
-            return base::SmallLetters(path) == base::SmallLetters(folder);
-        };
+        const auto isIt = [&](const auto& path) { return base::EqualsIgnoringCase(path, folder); };
         const bool wasRemoved = std::ranges::any_of(removed, isIt) || WasHandedOver(folder);
         if (!wasRemoved && !IsDisturbed(folder) && run_.Shared.Files.At(folder) == nullptr)
             Report("folder vanished", folder);
@@ -242,7 +240,7 @@ bool HarmCheck::HasCounterpart(const std::wstring& folder, const std::set<std::w
         const Node* const counterpart = run_.Shared.Files.At(target);
         // A counterpart within a later source may have moved on; then it is judged in its turn.
         const bool movedOn = overlaps_ && removed.contains(base::SmallLetters(target)) &&
-                             base::SmallLetters(target) != base::SmallLetters(folder);
+                             !base::EqualsIgnoringCase(target, folder);
         return movedOn || IsDisturbed(target) || IsAtOrBelowAny(target, run_.Shared.RenamedAway) ||
                (counterpart != nullptr && counterpart->IsFolder);
     });
@@ -300,8 +298,7 @@ bool HarmCheck::WasHandedOver(const std::wstring& path) const {
 std::vector<std::wstring> HarmCheck::TargetsOf(const std::wstring& path) const {
     std::vector<std::wstring> targets;
     for (const std::wstring_view source : run_.Request.Sources) {
-        if (base::SmallLetters(path) == base::SmallLetters(source) ||
-            IsBelow(path, std::wstring(source) + L'\\'))
+        if (base::EqualsIgnoringCase(path, source) || IsBelow(path, std::wstring(source) + L'\\'))
             targets.push_back(run_.Request.Destination + path.substr(source.rfind(L'\\') + 1));
     }
     return targets;

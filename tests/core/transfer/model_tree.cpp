@@ -97,6 +97,11 @@ const Node* Tree::At(std::wstring_view path) const {
     return const_cast<Tree*>(this)->At(path);
 }
 
+std::string Tree::ContentAt(std::wstring_view path) const {
+    const Node* const node = At(path);
+    return node == nullptr ? "nothing" : node->Content;
+}
+
 Node* Tree::ParentOf(std::wstring_view path) {
     const std::wstring plain = PlainPath(WithoutTrailingSeparator(path));
     const std::size_t end = plain.rfind(L'\\');

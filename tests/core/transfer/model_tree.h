@@ -43,6 +43,9 @@ public:
     Node* At(std::wstring_view path);
     const Node* At(std::wstring_view path) const;
 
+    /// What the file at `path` holds; "nothing" where nothing is.
+    std::string ContentAt(std::wstring_view path) const;
+
     /// The folder that holds the last component of `path`; null when it is no folder.
     Node* ParentOf(std::wstring_view path);
 

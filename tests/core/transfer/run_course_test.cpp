@@ -43,10 +43,7 @@ protected:
         run.Person.Collision = [this, answers] { return answers.at(questions++); };
     }
 
-    std::string ContentAt(std::wstring_view path) const {
-        const model::Node* const node = run.Shared.Files.At(path);
-        return node == nullptr ? "nothing" : node->Content;
-    }
+    std::string ContentAt(std::wstring_view path) const { return run.Shared.Files.ContentAt(path); }
 
     /// How many files hold `content`, wherever they are.
     std::size_t FilesWith(const std::string& content) const {
@@ -127,9 +124,7 @@ TEST_F(RunCourse, AFolderThatIsListedTwiceIsMovedOnceAndNothingOfItIsLost) {
         twice.Request.Settings.Policy = policy;
         EXPECT_TRUE(twice.Run());
         EXPECT_EQ(twice.Shared.Files.At(L"C:\\src\\dir"), nullptr);
-        const model::Node* const moved = twice.Shared.Files.At(L"D:\\out\\dir\\sub\\f");
-        ASSERT_NE(moved, nullptr);
-        EXPECT_EQ(moved->Content, "bytes");
+        EXPECT_EQ(twice.Shared.Files.ContentAt(L"D:\\out\\dir\\sub\\f"), "bytes");
     }
 }
 
