@@ -2,7 +2,7 @@
 load build wine
 
 passed=0 failed=0 skipped=0
-shard_processes=()
+shard_processes=() failed_logs=()
 
 # count_results LOG: adds up the GoogleTest results in it. A program that ended before its closing
 # line lost the test it was in, and counts as one failure more; the same goes for no result at all.
@@ -42,8 +42,24 @@ judge_log() {
         failed=$((failed + 1)) last_bad=1
         printf '%s ended with status %s after its tests\n' "$1" "$status" >>"$2"
     fi
-    [ "$last_bad" = 0 ] || tail -n 400 "$2" | tr -d '\r'
+    if [ "$last_bad" != 0 ]; then
+        tail -n 400 "$2" | tr -d '\r'
+        failed_logs+=("$2")
+    fi
     report_program "$1"
+}
+
+# recall_failures: what the failed checks said, once more, so that the end of a long output tells it.
+recall_failures() {
+    local log
+    for log in "${failed_logs[@]}"; do
+        say "failed in $(basename "$log" .log)"
+        tr -d '\r' <"$log" | awk '
+            /^\[ RUN      \] / { running = $0 }
+            /: Failure$/ || /: error: / { print running; left = 12 }
+            /^\[/ { left = 0 }
+            left > 0 && shown < 80 { print; left--; shown++ }'
+    done
 }
 
 test_programs() { find "$@" -name 'core_*.exe' -o -name '*test*.exe' -o -name 'ferry_e2e.exe' 2>/dev/null | sort; }
@@ -167,6 +183,7 @@ command_test() {
     at_end stop_shards
     local ring
     for ring in "${rings[@]}"; do "test_$ring"; done
+    recall_failures
     printf '%d passed, %d failed, %d skipped\n' "$passed" "$failed" "$skipped"
     [ "$failed" = 0 ] && [ "$passed" -gt 0 ]
 }
