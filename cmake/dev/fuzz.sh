@@ -19,17 +19,31 @@ run_fuzz() {
     fi
 }
 
-# fuzz_all SECONDS: every target for that long; the result says whether all held.
+# fuzz_one TARGET SECONDS
+fuzz_one() {
+    run_fuzz "$@" && return
+    say "${1##*/} found something; its input is in build/fuzz/found"
+    return 1
+}
+
+# fuzz_all SECONDS: every target for that long, as many at a time as there are processors; the result
+# says whether all held.
 fuzz_all() {
-    local target found=0 bad=0
+    local targets target running=0 bad=0
     need fuzz
     build_preset fuzz
     say "fuzzing, $1 s for each target"
-    while IFS= read -r target; do
-        found=1
-        run_fuzz "$target" "$1" || { bad=1; say "${target##*/} found something; its input is in build/fuzz/found"; }
-    done < <(find "$build/fuzz" -type f -name 'fuzz_*' -perm -u+x | sort)
-    [ "$found" = 1 ] || { say "there is no fuzz target below build/fuzz"; return 1; }
+    mapfile -t targets < <(find "$build/fuzz" -type f -name 'fuzz_*' -perm -u+x | sort)
+    [ "${#targets[@]}" -gt 0 ] || { say "there is no fuzz target below build/fuzz"; return 1; }
+    for target in "${targets[@]}"; do
+        if [ "$running" -ge "$(jobs)" ]; then
+            wait -n || bad=1
+            running=$((running - 1))
+        fi
+        fuzz_one "$target" "$1" &
+        running=$((running + 1))
+    done
+    for ((; running > 0; --running)); do wait -n || bad=1; done
     [ "$bad" = 0 ]
 }
 

@@ -2,7 +2,8 @@
 load build wine
 
 passed=0 failed=0 skipped=0
-shard_processes=() failed_logs=()
+failed_logs=()
+second_worker= second_wine_dir=$build/wine-1
 
 # count_results LOG: adds up the GoogleTest results in it. A program that ended before its closing
 # line lost the test it was in, and counts as one failure more; the same goes for no result at all.
@@ -21,7 +22,8 @@ count_results() {
     last_ok=$ok last_bad=$bad last_skip=$skip
 }
 
-report_program() { printf '   %-44s %5d passed, %d failed, %d skipped\n' "$1" "$last_ok" "$last_bad" "$last_skip"; }
+# report_program NAME PASSED FAILED SKIPPED
+report_program() { printf '   %-44s %5d passed, %d failed, %d skipped\n' "$@"; }
 
 # run_to_log EXE LOG: a Windows test program; its output and what it ended with.
 run_to_log() {
@@ -46,7 +48,6 @@ judge_log() {
         tail -n 400 "$2" | tr -d '\r'
         failed_logs+=("$2")
     fi
-    report_program "$1"
 }
 
 # recall_failures: what the failed checks said, once more, so that the end of a long output tells it.
@@ -62,66 +63,108 @@ recall_failures() {
     done
 }
 
-test_programs() { find "$@" -name 'core_*.exe' -o -name '*test*.exe' -o -name 'ferry_e2e.exe' 2>/dev/null | sort; }
+# The Windows test programs to run, a line each: label, parts, path. A program is cut into parts that
+# can run beside each other.
+plan=()
 
-shard_log() { echo "$build/logs/$1-$(basename "$2" .exe).$3.log"; }
+# parts_of EXE: the long programs in parts, so that no worker waits long for the last one.
+parts_of() {
+    [ "$filter" = '*' ] || { echo 1; return; }
+    case $(basename "$1" .exe) in
+        ferry_e2e) echo 12 ;;
+        ferry_dialogs_test) echo 4 ;;
+        *) echo 1 ;;
+    esac
+}
 
-# run_shard INDEX LABEL FOLDER...: this part of every test program below the folders, in the Wine prefix
-# that is open.
-run_shard() {
-    local index=$1 label=$2 exe
-    shift 2
-    export GTEST_SHARD_INDEX=$index GTEST_TOTAL_SHARDS=$shards
+# plan_programs LABEL FOLDER...: every test program below the folders.
+plan_programs() {
+    local label=$1 exe found=0
+    shift
     while IFS= read -r exe; do
-        run_to_log "$exe" "$(shard_log "$label" "$exe" "$index")"
-    done < <(test_programs "$@")
+        found=1
+        plan+=("$label $(parts_of "$exe") $exe")
+    done < <(find "$@" -name 'core_*.exe' -o -name '*test*.exe' -o -name 'ferry_e2e.exe' 2>/dev/null | sort)
+    [ "$found" = 1 ] || { failed=$((failed + 1)); say "there is no test program in: $*"; }
+}
+
+# part_log LABEL EXE PART
+part_log() { echo "$build/logs/$1-$(basename "$2" .exe).$3.log"; }
+
+# next_part: the number of the part that is to run next, for one worker only.
+next_part() {
+    (
+        flock 8
+        number=$(cat "$build/logs/next")
+        echo $((number + 1)) >"$build/logs/next"
+        echo "$number"
+    ) 8>"$build/logs/next.lock"
+}
+
+# work: runs one part after the other in the Wine prefix that is open, until none is left.
+work() {
+    local lines=() line number label parts exe part
+    for line in "${plan[@]}"; do
+        read -r label parts exe <<<"$line"
+        for ((part = 0; part < parts; ++part)); do lines+=("$part $line"); done
+    done
+    while number=$(next_part) && [ "$number" -lt "${#lines[@]}" ]; do
+        read -r part label parts exe <<<"${lines[$number]}"
+        export GTEST_SHARD_INDEX=$part GTEST_TOTAL_SHARDS=$parts
+        run_to_log "$exe" "$(part_log "$label" "$exe" "$part")"
+    done
     unset GTEST_SHARD_INDEX GTEST_TOTAL_SHARDS
 }
 
-# start_shard INDEX LABEL FOLDER...: the same beside us, in a prefix and on a display of its own.
-start_shard() {
+# start_second_worker: works beside us, in a prefix and on a display of its own.
+start_second_worker() {
     (
         exit_actions=() xvfb_pid=
         trap run_exit_actions EXIT
         trap 'exit 143' TERM
-        use_wine_dir "$build/wine-$1"
+        use_wine_dir "$second_wine_dir"
         open_wine virtual
-        [ "$2" != e2e ] || install_for_tests
-        run_shard "$@"
+        install_for_tests
+        work
     ) &
-    shard_processes+=($!)
+    second_worker=$!
 }
 
-# A shard hears of its end only when the program that it runs has ended; so the programs go, too.
-stop_shards() {
-    local index
-    [ "${#shard_processes[@]}" -gt 0 ] || return 0
-    kill "${shard_processes[@]}" 2>/dev/null
-    for ((index = 1; index < shards; ++index)); do stop_wine "$build/wine-$index/prefix"; done
-    wait "${shard_processes[@]}" 2>/dev/null
+# The worker hears of its end only when the program that it runs has ended; so the program goes, too.
+stop_second_worker() {
+    [ -n "$second_worker" ] || return 0
+    kill "$second_worker" 2>/dev/null
+    stop_wine "$second_wine_dir/prefix"
+    wait "$second_worker" 2>/dev/null
 }
 
-# run_test_programs LABEL FOLDER...: every test program below the folders. One that drives windows spends
-# most of its time waiting for them, so two share two processors well.
-run_test_programs() {
-    local label=$1 index exe name found=0
-    shift
-    shards=1
-    if [ "$filter" = '*' ] && [ "$(jobs)" -ge 2 ]; then shards=2; fi
-    rm -f "$build/logs/$label"-*
-    for ((index = 1; index < shards; ++index)); do start_shard "$index" "$label" "$@"; done
-    run_shard 0 "$label" "$@"
-    [ "${#shard_processes[@]}" = 0 ] || wait "${shard_processes[@]}" || true
-    shard_processes=()
-    while IFS= read -r exe; do
-        found=1
-        for ((index = 0; index < shards; ++index)); do
-            name=$(basename "$exe" .exe)
-            [ "$shards" = 1 ] || name="$name, part $((index + 1))"
-            judge_log "$name" "$(shard_log "$label" "$exe" "$index")"
+# run_plan: a program that drives windows spends most of its time waiting for them, so two share two
+# processors well.
+run_plan() {
+    [ "${#plan[@]}" -gt 0 ] || return 0
+    say "the programs for Windows, under Wine"
+    rm -f "$build/logs"/{core,windows,e2e}-*
+    echo 0 >"$build/logs/next"
+    [ "$filter" != '*' ] || [ "$(jobs)" -lt 2 ] || start_second_worker
+    install_for_tests
+    work
+    [ -z "$second_worker" ] || wait "$second_worker" || true
+    second_worker=
+    report_plan
+}
+
+# report_plan: a line for each program.
+report_plan() {
+    local line label parts exe part name ok bad skip
+    for line in "${plan[@]}"; do
+        read -r label parts exe <<<"$line"
+        name=$(basename "$exe" .exe) ok=0 bad=0 skip=0
+        for ((part = 0; part < parts; ++part)); do
+            judge_log "$name, part $((part + 1))" "$(part_log "$label" "$exe" "$part")"
+            ok=$((ok + last_ok)) bad=$((bad + last_bad)) skip=$((skip + last_skip))
         done
-    done < <(test_programs "$@")
-    [ "$found" = 1 ] || { failed=$((failed + 1)); say "there is no test program in: $*"; }
+        report_program "$name" "$ok" "$bad" "$skip"
+    done
 }
 
 # The portable code under the sanitizers, one CTest entry for each program.
@@ -135,7 +178,7 @@ test_core_native() {
         --output-on-failure --no-tests=error --timeout 900) || status=$?
     [ -f "$log" ] && count_results "$log" || last_ok=0 last_bad=0 last_skip=0
     if [ "$status" != 0 ] && [ "$last_bad" = 0 ]; then failed=$((failed + 1)) last_bad=1; fi
-    report_program "all programs"
+    report_program "all programs" "$last_ok" "$last_bad" "$last_skip"
 }
 
 # The Windows programs, tests included, and a prefix to run them in.
@@ -148,14 +191,12 @@ prepare_windows() {
 test_core() {
     test_core_native
     prepare_windows
-    say "the same tests on Windows text, under Wine"
-    run_test_programs core "$build/mingw/tests/core"
+    plan_programs core "$build/mingw/tests/core"
 }
 
 test_windows() {
     prepare_windows
-    say "adapters, dialogs and tools, under Wine"
-    run_test_programs windows "$build/mingw/tests/windows" "$build/mingw/tools"
+    plan_programs windows "$build/mingw/tests/windows" "$build/mingw/tools"
 }
 
 install_for_tests() {
@@ -167,9 +208,7 @@ install_for_tests() {
 
 test_e2e() {
     prepare_windows
-    say "the installed program from outside, under Wine"
-    install_for_tests
-    run_test_programs e2e "$build/mingw/tests/e2e"
+    plan_programs e2e "$build/mingw/tests/e2e"
 }
 
 command_test() {
@@ -180,9 +219,10 @@ command_test() {
     [ $# -le 1 ] || fail "usage: ./dev test [core|windows|e2e] [FILTER]"
     filter=${1:-*}
     mkdir -p "$build/logs"
-    at_end stop_shards
+    at_end stop_second_worker
     local ring
     for ring in "${rings[@]}"; do "test_$ring"; done
+    run_plan
     recall_failures
     printf '%d passed, %d failed, %d skipped\n' "$passed" "$failed" "$skipped"
     [ "$failed" = 0 ] && [ "$passed" -gt 0 ]

@@ -107,8 +107,12 @@ testing::AssertionResult IsAliveAndUsable(FerryRun& run, const RemoteDialog& dia
     DWORD_PTR answer = 0;
     if (SendMessageTimeoutW(dialog.Window(), WM_NULL, 0, 0, SMTO_NORMAL, kPatienceMs, &answer) == 0)
         return testing::AssertionFailure() << "the dialog does not answer";
-    dialog.SetDestination(L"C:\\use");
-    if (dialog.Destination() != L"C:\\use")
+    // Keys that were pressed before may still be on their way and write something else.
+    const auto writes = [&] {
+        dialog.SetDestination(L"C:\\use");
+        return dialog.Destination() == L"C:\\use";
+    };
+    if (!WaitUntil(writes))
         return testing::AssertionFailure() << "the destination cannot be written";
     if (!run.CancelAndWait())
         return testing::AssertionFailure() << "Cancel does not end it";

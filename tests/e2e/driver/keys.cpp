@@ -71,6 +71,11 @@ bool TakeForeground(HWND window) {
         if (GetForegroundWindow() == window)
             return true;
         SetForegroundWindow(window);
+        // The window that loses the foreground and the one that gains it are told by messages. A dialog
+        // that comes to the front by itself meanwhile would lose its focus to them for a moment, and
+        // keys with it; once it answers, it has heard them all.
+        DWORD_PTR answer = 0;
+        SendMessageTimeoutW(window, WM_NULL, 0, 0, SMTO_NORMAL, kPatienceMs, &answer);
         return false;
     });
 }
