@@ -37,6 +37,21 @@ protected:
     RemoteDialog dialog_;
 };
 
+TEST_F(Driver, SeesWhetherAProcessHasGraphics) {
+    EXPECT_TRUE(HasGraphics(run_->FerryId()));
+    EXPECT_FALSE(run_->LacksGraphics());
+    std::wstring line = OwnFolder() + L"\\practice_dialog.exe";
+    STARTUPINFOW start = {};
+    start.cb = sizeof(start);
+    PROCESS_INFORMATION info = {};
+    ASSERT_TRUE(CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, CREATE_SUSPENDED, nullptr,
+                               nullptr, &start, &info));
+    EXPECT_FALSE(HasGraphics(info.dwProcessId)) << "none of its code has run";
+    TerminateProcess(info.hProcess, 0);
+    CloseHandle(info.hThread);
+    CloseHandle(info.hProcess);
+}
+
 TEST_F(Driver, DropsPathsAndReadsTheList) {
     const std::vector<std::wstring> paths = {L"C:\\一.txt", L"C:\\two words.txt"};
     ASSERT_TRUE(samplehost::DropPaths(dialog_.Window(), paths));

@@ -72,6 +72,8 @@ protected:
     const TempTree& Tree() const { return tree_; }
 
 private:
+    void StartRun(const RunPlan& plan);
+
     SettingsGuard settings_;
     TempTree tree_;
     std::wstring fileOpLog_;

@@ -1,7 +1,15 @@
 #include "e2e/driver/child_process.h"
 
+#include <winternl.h>
+
+#include <cstddef>
+#include <cstdint>
+
 namespace ferry::e2e {
 namespace {
+
+/// Where the process block of a 64-bit process holds the address of the table of graphics objects.
+constexpr std::uintptr_t kGraphicsTableOffset = 0xF8;
 
 std::wstring Quoted(const std::wstring& argument) {
     std::wstring text = L"\"";
@@ -66,6 +74,19 @@ void WaitForIdleProcess(DWORD processId, int timeoutMs) {
     const base::ProcessHandle process(OpenProcess(SYNCHRONIZE | PROCESS_QUERY_INFORMATION, FALSE, processId));
     // Best effort: it only spares the tests the messages that a dialog posts to itself at its start.
     WaitForInputIdle(process.Get(), static_cast<DWORD>(timeoutMs));
+}
+
+bool HasGraphics(DWORD processId) {
+    const base::ProcessHandle process(
+        OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, processId));
+    PROCESS_BASIC_INFORMATION information = {};
+    if (!process || NtQueryInformationProcess(process.Get(), ProcessBasicInformation, &information,
+                                              sizeof(information), nullptr) < 0)
+        return false;
+    const auto* const place =
+        reinterpret_cast<const std::byte*>(information.PebBaseAddress) + kGraphicsTableOffset;
+    void* table = nullptr;
+    return ReadProcessMemory(process.Get(), place, &table, sizeof(table), nullptr) && table != nullptr;
 }
 
 bool WaitForProcess(DWORD processId, int timeoutMs) {

@@ -38,6 +38,11 @@ private:
 /// Waits until the process has handled what was in its message queue at its start.
 void WaitForIdleProcess(DWORD processId, int timeoutMs);
 
+/// Whether the process has its table of graphics objects, which every process with windows gets before its
+/// own code runs. Once in thousands of starts Wine fails to load its graphics library into a process: that
+/// one can show nothing, and how it ends says nothing about the program.
+bool HasGraphics(DWORD processId);
+
 /// Waits until the process has ended. True when it has.
 bool WaitForProcess(DWORD processId, int timeoutMs);
 

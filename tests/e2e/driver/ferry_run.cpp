@@ -55,6 +55,7 @@ bool FerryRun::WaitForStart() {
         return true;
     }
     return WaitUntil([this] {
+        hostHasGraphics_ = hostHasGraphics_ || HasGraphics(process_.Id());
         const auto line = HostLine(L"STARTED");
         ferryId_ = line ? std::stoul((*line)[1]) : 0;
         return line.has_value();
@@ -65,7 +66,11 @@ RemoteDialog FerryRun::WaitForDialog() {
     if (ferryId_ == 0 && !WaitForStart())
         return {};
     HWND window = nullptr;
-    WaitUntil([&] { return (window = samplehost::FindFerryDialog(ferryId_)) != nullptr; });
+    WaitUntil([&] {
+        ferryHasGraphics_ = ferryHasGraphics_ || HasGraphics(ferryId_);
+        window = samplehost::FindFerryDialog(ferryId_);
+        return window != nullptr || !IsRunning();
+    });
     WaitForIdleProcess(ferryId_, kPatienceMs);
     dialog_ = RemoteDialog(window);
     return dialog_;

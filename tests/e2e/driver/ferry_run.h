@@ -45,6 +45,9 @@ public:
     /// Waits for the confirmation dialog; a closed one when it did not come.
     RemoteDialog WaitForDialog();
 
+    /// Whether no dialog can come, since the host or Ferry itself was started without graphics.
+    bool LacksGraphics() const noexcept { return ferryId_ == 0 ? !hostHasGraphics_ : !ferryHasGraphics_; }
+
     /// Waits until Ferry, and the host with it, have ended.
     bool WaitForEnd(int timeoutMs = kPatienceMs);
 
@@ -73,6 +76,8 @@ private:
     RunPlan plan_;
     ChildProcess process_;
     DWORD ferryId_ = 0;
+    bool hostHasGraphics_ = false;
+    bool ferryHasGraphics_ = false;
     RemoteDialog dialog_;
 };
 
