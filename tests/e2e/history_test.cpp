@@ -76,6 +76,7 @@ TEST_P(DestinationHistory, AnEntryThatIsUsedAgainMovesToTheTop) {
     }
     ASSERT_TRUE(SelectionBecomes(2));
     PressKey(VK_RETURN);
+    ASSERT_TRUE(ListBecomes(false));
     ASSERT_TRUE(DestinationBecomes(L"D:\\c"));
     ASSERT_TRUE(Run().CancelAndWait());
     EXPECT_EQ(Stored(), Slots({L"D:\\c", L"D:\\a", L"D:\\b", L"D:\\d"}));
