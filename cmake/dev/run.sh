@@ -36,7 +36,8 @@ take_picture() {
     rm -f "$before"
 }
 
-# drive ARGUMENTS...: runs the driver and takes a picture wherever it pauses, as PICTURES-name.png.
+# drive ARGUMENTS...: runs the driver and takes a picture wherever it pauses, as PICTURES-name.png. It fails
+# with a Ferry that does not end well, and with whatever else crashes.
 drive() {
     local line status=0
     mkdir -p "$build/screenshots"
@@ -49,12 +50,15 @@ drive() {
             'PAUSE '*)
                 take_picture "$build/screenshots/$pictures-${line#PAUSE }.png"
                 echo >&8 ;;
+            *'Unhandled exception'*|*'Unhandled page fault'*)
+                printf '   %s\n' "$line"
+                status=1 ;;
             *$'\t'*) ;; # the sample host's log
             *) printf '   %s\n' "$line" ;;
         esac
     done
     exec 7<&- 8>&-
-    wait "$process" || status=$?
+    wait "$process" || status=1
     return "$status"
 }
 
@@ -135,7 +139,10 @@ run_watched() {
     for item in "${items[@]}"; do arguments+=(--item "$(windows_path "$item")"); done
     say "the dialog is on display $DISPLAY; choose $(windows_path "$destination") and press 開始"
     run_wine "$samplehost" --ferry 'C:\Ferry\Command\Ferry\Ferry.exe' "${arguments[@]}" \
-        --tab "$(windows_path "$destination")" -- "$([ "$operation" = move ] && echo /m || echo /c)"
+        --tab "$(windows_path "$destination")" -- "$([ "$operation" = move ] && echo /m || echo /c)" |
+        tr -d '\r' | tee "$build/run/host.log"
+    # An exit code does not come through whole; what the host writes down does.
+    grep -qx $'ENDED\t0' "$build/run/host.log" || { say "Ferry ended badly: $(grep ^ENDED "$build/run/host.log")"; return 1; }
 }
 
 run_driven() {
@@ -158,7 +165,7 @@ command_run() {
     remember "${items[@]}"
     say "Ferry: $operation ${#items[@]} item(s) to $destination"
     if [ "$watch" = 1 ]; then
-        run_watched || fail "the sample host ended with an error"
+        run_watched || fail "the sample host or Ferry ended with an error"
     else
         run_driven || fail "Ferry did not finish; the pictures build/screenshots/run-*.png show where it stood"
         say "the dialog as it was started: build/screenshots/run-filled.png"

@@ -2,34 +2,39 @@
 load build wine
 
 passed=0 failed=0 skipped=0
-failed_logs=()
-second_worker= second_wine_dir=$build/wine-1
+failures=() skips=() failed_logs=()
+second_worker='' second_wine_dir=$build/wine-1
 
-# count_results LOG: adds up the GoogleTest results in it. A program that ended before its closing
-# line lost the test it was in, and counts as one failure more; the same goes for no result at all.
+# How long a program, and one test of it, may take. What takes longer hangs.
+program_seconds=${FERRY_PROGRAM_SECONDS:-900}
+export FERRY_TEST_SECONDS=${FERRY_TEST_SECONDS:-300}
+
+# count_results NAME LOG [STATUS]: adds up the results in a log; what is wrong is remembered by name.
 count_results() {
-    local counts
-    counts=$(tr -d '\r' <"$1" | awk '
-        /^\[       OK \] .*\([0-9]+ ms\)$/ { ok++ }
-        /^\[  FAILED  \] .*\([0-9]+ ms\)$/ { bad++ }
-        /^\[  SKIPPED \] .*\([0-9]+ ms\)$/ { skip++ }
-        /^\[==========\] Running / { begun++ }
-        /^\[==========\] .* ran\./ { ended++ }
-        END { print ok + 0, bad + begun - ended, skip + 0 }')
-    local ok bad skip
-    read -r ok bad skip <<<"$counts"
-    passed=$((passed + ok)) failed=$((failed + bad)) skipped=$((skipped + skip))
-    last_ok=$ok last_bad=$bad last_skip=$skip
+    local line word
+    last_ok=0 last_bad=0 last_skip=0
+    while IFS= read -r line; do
+        word=${line%% *} line=${line#* }
+        case $word in
+            counts) read -r last_ok last_bad last_skip <<<"$line" ;;
+            failed) failures+=("$1: $line") ;;
+            skipped) skips+=("$line") ;;
+        esac
+    done < <(awk -v excused="$dev_scripts/excused_skips.txt" -v status="${3:-}" -f "$dev_scripts/judge.awk" "$2")
+    passed=$((passed + last_ok)) failed=$((failed + last_bad)) skipped=$((skipped + last_skip))
 }
 
 # report_program NAME PASSED FAILED SKIPPED
 report_program() { printf '   %-44s %5d passed, %d failed, %d skipped\n' "$@"; }
 
-# run_to_log EXE LOG: a Windows test program; its output and what it ended with.
+# run_to_log EXE LOG: a Windows test program; its output and what it ended with. After one that hung, Wine
+# starts anew, since whatever it started may hang as well.
 run_to_log() {
     local status=0
-    (cd "$(dirname "$1")" && GTEST_FILTER=$filter run_wine "$1" >"$2" 2>&1 </dev/null) || status=$?
+    (cd "$(dirname "$1")" && GTEST_FILTER=$filter run_wine_within "$program_seconds" "$1" >"$2" 2>&1 </dev/null) ||
+        status=$?
     echo "$status" >"$2.status"
+    if [ "$status" = 124 ] || [ "$status" = 137 ]; then restart_wine; fi
 }
 
 # judge_log NAME LOG: counts what is in the log, which is shown only when something is wrong.
@@ -37,30 +42,32 @@ judge_log() {
     local status
     status=$(cat "$2.status" 2>/dev/null) || status=none
     [ -f "$2" ] || : >"$2"
-    count_results "$2"
-    if ! grep -q '^\[==========\] Running ' "$2"; then
-        failed=$((failed + 1)) last_bad=1
-    elif [ "$status" != 0 ] && [ "$last_bad" = 0 ]; then
-        failed=$((failed + 1)) last_bad=1
-        printf '%s ended with status %s after its tests\n' "$1" "$status" >>"$2"
-    fi
-    if [ "$last_bad" != 0 ]; then
-        tail -n 400 "$2" | tr -d '\r'
-        failed_logs+=("$2")
-    fi
+    count_results "$1" "$2" "$status"
+    [ "$last_bad" != 0 ] || return 0
+    tail -n 400 "$2" | tr -d '\r'
+    failed_logs+=("$2")
 }
 
 # recall_failures: what the failed checks said, once more, so that the end of a long output tells it.
 recall_failures() {
     local log
-    for log in "${failed_logs[@]}"; do
+    for log in ${failed_logs[@]+"${failed_logs[@]}"}; do
         say "failed in $(basename "$log" .log)"
         tr -d '\r' <"$log" | awk '
             /^\[ RUN      \] / { running = $0 }
-            /: Failure$/ || /: error: / { print running; left = 12 }
+            /: Failure$/ || /: error: / || /Unhandled exception/ || /: Skipped$/ { print running; left = 12 }
             /^\[/ { left = 0 }
             left > 0 && shown < 80 { print; left--; shown++ }'
     done
+    [ "${#failures[@]}" = 0 ] || printf '   FAILED: %s\n' "${failures[@]}"
+    [ "${#skips[@]}" = 0 ] || printf '   skipped: %s\n' "${skips[@]}"
+}
+
+# print_total: the last line. It names the tests that were skipped.
+print_total() {
+    local names=
+    [ "${#skips[@]}" = 0 ] || names=$(printf ', %s' "${skips[@]%%:*}")
+    printf '%d passed, %d failed, %d skipped%s\n' "$passed" "$failed" "$skipped" "${names:+ (${names#, })}"
 }
 
 # The Windows test programs to run, a line each: label, parts, path. A program is cut into parts that
@@ -85,7 +92,7 @@ plan_programs() {
         found=1
         plan+=("$label $(parts_of "$exe") $exe")
     done < <(find "$@" -name 'core_*.exe' -o -name '*test*.exe' -o -name 'ferry_e2e.exe' 2>/dev/null | sort)
-    [ "$found" = 1 ] || { failed=$((failed + 1)); say "there is no test program in: $*"; }
+    [ "$found" = 1 ] || { failed=$((failed + 1)); failures+=("$label: there is no test program in: $*"); }
 }
 
 # part_log LABEL EXE PART
@@ -175,31 +182,36 @@ test_core_native() {
     say "portable code under the sanitizers"
     rm -f "$log"
     (cd "$root" && GTEST_FILTER=$filter ctest --test-dir build/sanitize -j "$(jobs)" \
-        --output-on-failure --no-tests=error --timeout 900) || status=$?
-    [ -f "$log" ] && count_results "$log" || last_ok=0 last_bad=0 last_skip=0
-    if [ "$status" != 0 ] && [ "$last_bad" = 0 ]; then failed=$((failed + 1)) last_bad=1; fi
+        --output-on-failure --no-tests=error --timeout "$program_seconds") || status=$?
+    [ -f "$log" ] || : >"$log"
+    count_results "portable code" "$log" "$status"
     report_program "all programs" "$last_ok" "$last_bad" "$last_skip"
 }
 
-# The Windows programs, tests included, and a prefix to run them in.
+# The Windows programs and a prefix to run them in. The program under test is the one that ships; the tests
+# and what they hold in their own process trap on undefined behaviour and on failed library assertions.
+windows_is_ready=
 prepare_windows() {
+    [ -z "$windows_is_ready" ] || return 0
     build_app
-    build_preset mingw
+    build_preset mingw-traps
     open_wine virtual
+    windows_is_ready=1
 }
 
 test_core() {
     test_core_native
     prepare_windows
-    plan_programs core "$build/mingw/tests/core"
+    plan_programs core "$build/mingw-traps/tests/core"
 }
 
 test_windows() {
     prepare_windows
-    plan_programs windows "$build/mingw/tests/windows" "$build/mingw/tools"
+    plan_programs windows "$build/mingw-traps/tests/windows" "$build/mingw-traps/tools"
 }
 
 install_for_tests() {
+    add_other_volume
     install_on_c FerryTest
     export FERRY_E2E_APP='C:\FerryTest'
     FERRY_E2E_HOST=$(windows_path "$samplehost")
@@ -208,7 +220,7 @@ install_for_tests() {
 
 test_e2e() {
     prepare_windows
-    plan_programs e2e "$build/mingw/tests/e2e"
+    plan_programs e2e "$build/mingw-traps/tests/e2e"
 }
 
 command_test() {
@@ -224,6 +236,6 @@ command_test() {
     for ring in "${rings[@]}"; do "test_$ring"; done
     run_plan
     recall_failures
-    printf '%d passed, %d failed, %d skipped\n' "$passed" "$failed" "$skipped"
+    print_total
     [ "$failed" = 0 ] && [ "$passed" -gt 0 ]
 }

@@ -165,6 +165,19 @@ register_fileop() {
     printf '%s' "$fileop_dll" >"$registered"
 }
 
+# start_wine: a server that stays, and the services of the prefix, which the first program starts and which
+# hold its output open as long as they live.
+start_wine() {
+    "$wine_server" -p60 9>&- >/dev/null 2>&1 || true
+    run_wine cmd.exe /c exit >/dev/null 2>&1 </dev/null || true
+}
+
+# restart_wine: ends all that runs in the prefix.
+restart_wine() {
+    stop_wine || true
+    start_wine
+}
+
 # open_wine virtual|caller: makes run_wine usable. "virtual" hides every window on a display of
 # our own; "caller" uses the caller's display when there is one.
 open_wine() {
@@ -177,9 +190,7 @@ open_wine() {
     local kind=own
     if [ "$1" = caller ] && [ -n "${DISPLAY:-}" ]; then kind=caller; else start_display; fi
     [ -f "$wine_prefix/system.reg" ] || create_prefix
-    "$wine_server" -p60 9>&- >/dev/null 2>&1 || true
-    # The first program starts the services of the prefix, which hold its output open as long as they live.
-    run_wine cmd.exe /c exit >/dev/null 2>&1 </dev/null || true
+    start_wine
     apply_prefix_settings "$kind"
     register_fileop
     wine_is_open=1
@@ -187,6 +198,28 @@ open_wine() {
 
 # run_wine PROGRAM ARGS...: a Windows program, by a Unix or a Windows path.
 run_wine() { LC_ALL=$wine_locale "$wine_loader" "$@" 9>&-; }
+
+# run_wine_within SECONDS PROGRAM ARGS...: the same, ended when it takes longer; 124 or 137 tells of that.
+run_wine_within() {
+    LC_ALL=$wine_locale timeout -k 10 "$1" "$wine_loader" "${@:2}" 9>&-
+}
+
+# add_other_volume: X: is a folder on another file system than C:, so that what is moved between the two
+# is copied. FERRY_OTHER_VOLUME says where it is, for the tests as X:.
+add_other_volume() {
+    local candidate here there
+    here=$(stat -c %d "$wine_prefix")
+    for candidate in ${FERRY_OTHER_FOLDER:+"$FERRY_OTHER_FOLDER"} /dev/shm /run/shm /tmp /var/tmp /run; do
+        there=$(stat -c %d "$candidate" 2>/dev/null) && [ "$there" != "$here" ] && [ -w "$candidate" ] && break
+        candidate=
+    done
+    [ -n "$candidate" ] || fail "there is no folder on another file system; FERRY_OTHER_FOLDER=... names one"
+    other_volume=$(mktemp -d "$candidate/ferry-XXXXXX") || fail "$candidate cannot be written"
+    at_end remove_other_volume
+    ln -sfn "$other_volume" "$wine_prefix/dosdevices/x:"
+    export FERRY_OTHER_VOLUME='X:'
+}
+remove_other_volume() { rm -rf "$other_volume"; }
 
 command_wine() {
     [ $# -gt 0 ] || fail "which program? ./dev wine PROGRAM [ARGS...]"

@@ -70,7 +70,7 @@ TEST_F(Arrival, ABlockAfterBothDropsLeavesNoTrace) {
     ASSERT_TRUE(DropFile());
     ASSERT_TRUE(DropFolder());
     ASSERT_TRUE(SendBlock({L"C:\\Work\\a.txt"}, {L"D:\\ignored"}));
-    EXPECT_TRUE(Stays([&] { return Dialog().Destination() == folder_ + L"\\"; }));
+    EXPECT_TRUE(StillHolds([&] { return Dialog().Destination() == folder_ + L"\\"; }));
     EXPECT_EQ(Dialog().TabFolders(), std::vector<std::wstring>{folder_});
     EXPECT_EQ(Dialog().SourceCount(), 1);
 }
@@ -88,7 +88,7 @@ TEST_F(Arrival, ADestinationMessageCountsBeforeBetweenAndAfterTheDrops) {
     ASSERT_TRUE(SendDestination(200, L"D:\\after"));
     EXPECT_TRUE(DestinationBecomes(L"D:\\after\\"));
     ASSERT_TRUE(Drop({L"D:\\third"}));
-    EXPECT_TRUE(Stays([&] { return Dialog().Destination() == L"D:\\after\\"; }));
+    EXPECT_TRUE(StillHolds([&] { return Dialog().Destination() == L"D:\\after\\"; }));
 }
 
 TEST_F(Arrival, WhatWasDroppedIsTransferredAndWhatTheHostHandedOverIsNot) {

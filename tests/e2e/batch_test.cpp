@@ -4,7 +4,7 @@
 namespace ferry::e2e {
 namespace {
 
-class BatchTransfer : public FerryTest {};
+class BatchTransfer : public TransferTest {};
 
 TEST_F(BatchTransfer, CopiesATreeByteForByteAndLeavesTheSource) {
     const std::wstring source = Tree().MakeSample(L"元");

@@ -32,7 +32,7 @@ TEST_F(Switches, ListModeShowsTheTabFoldersInPlaceOfTheButton) {
 TEST_F(Switches, ThePresetIndexCountsAroundTheTabFolders) {
     ASSERT_TRUE(OpenWith({L"/t", L"/s=5"}));
     EXPECT_EQ(Dialog().Destination(), L"D:\\c\\");
-    EXPECT_EQ(SendMessageW(Dialog().Control(kTabFoldersList), LB_GETCURSEL, 0, 0), 2);
+    EXPECT_EQ(Ask(Dialog().Control(kTabFoldersList), LB_GETCURSEL), 2);
 }
 
 TEST_F(Switches, TheFocusSwitchPutsTheFocusOnTheList) {

@@ -40,7 +40,8 @@ protected:
 
     /// The field has this text, its list is closed, and both stay so.
     bool StaysClosedWith(const std::wstring& text) const {
-        return Stays([&] { return Dialog().Destination() == text && !Dialog().IsDestinationListOpen(); });
+        return StillHolds(
+            [&] { return Dialog().Destination() == text && !Dialog().IsDestinationListOpen(); });
     }
 
     /// Opens the list of the folders in many_.

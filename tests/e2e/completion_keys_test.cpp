@@ -97,7 +97,7 @@ TEST_P(CompletionKeys, AltDownCompletesAndLeavesTheWindowsMenuAlone) {
     PressChord({VK_MENU, VK_DOWN});
     ASSERT_TRUE(ListBecomes(true));
     EXPECT_EQ(Dialog().DestinationListCount(), 4);
-    EXPECT_TRUE(Stays([&] { return !IsMenuOpen() && Dialog().IsDestinationListOpen(); }));
+    EXPECT_TRUE(StillHolds([&] { return !IsMenuOpen() && Dialog().IsDestinationListOpen(); }));
 }
 
 TEST_P(CompletionKeys, UpWrapsBeforeTheFirstItem) {
@@ -117,7 +117,7 @@ TEST_P(CompletionKeys, ShiftTabBeforeTheFirstItemWrapsToTheLast) {
 }
 
 TEST_P(CompletionKeys, UpOpensTheHistoryWhileTheListIsClosed) {
-    ASSERT_TRUE(Run().CancelAndWait());
+    ASSERT_TRUE(CancelEndsWell());
     WriteText(kProgramKey, L"Ferry000", L"D:\\first");
     WriteText(kProgramKey, L"Ferry001", L"D:\\second");
     ASSERT_TRUE(OpenDialog());
@@ -143,7 +143,7 @@ TEST_P(CompletionKeys, EnterTakesTheSelectedItemAndOnlyThenStarts) {
     EXPECT_TRUE(StaysClosedWith(many_ + L"beta\\"));
     EXPECT_TRUE(Dialog().WaitForFocus(Dialog().DestinationEdit()));
     PressKey(VK_RETURN);
-    ASSERT_TRUE(Run().WaitForEnd());
+    ASSERT_TRUE(EndsWell());
     EXPECT_EQ(ReadBytes(many_ + L"beta\\a.txt"), "a");
 }
 
@@ -165,7 +165,7 @@ TEST_P(CompletionKeys, EscapeClosesTheListGivesTheTypedTextBackAndOnlyThenCancel
     EXPECT_TRUE(Dialog().WaitForFocus(Dialog().DestinationEdit()));
     EXPECT_TRUE(Run().IsRunning());
     PressKey(VK_ESCAPE);
-    EXPECT_TRUE(Run().WaitForEnd());
+    EXPECT_TRUE(EndsWell());
 }
 
 TEST_P(CompletionKeys, KeysOfTheClosedFieldDoNothingToTheTextWhileTheListIsOpen) {
@@ -173,7 +173,7 @@ TEST_P(CompletionKeys, KeysOfTheClosedFieldDoNothingToTheTextWhileTheListIsOpen)
     PressChord({VK_CONTROL, 'K'});
     PressChord({VK_CONTROL, 'L'});
     PressChord({VK_CONTROL, 'H'});
-    EXPECT_TRUE(Stays([&] { return FindMessageBox(Run().FerryId()).Window == nullptr; }));
+    EXPECT_TRUE(StillHolds([&] { return FindMessageBox(Run().FerryId()).Window == nullptr; }));
     PressKey(VK_ESCAPE);
     ASSERT_TRUE(ListBecomes(false));
     EXPECT_TRUE(DestinationBecomes(many_));
@@ -215,7 +215,7 @@ TEST_P(CompletionKeys, ADoubleClickInTheFieldOpensTheList) {
     constexpr int kInsideTheField = 10;
     ClickAt({box.left + kInsideTheField, (box.top + box.bottom) / 2}, 2);
     ASSERT_TRUE(ListBecomes(true));
-    EXPECT_TRUE(Stays([&] { return Dialog().IsDestinationListOpen(); }));
+    EXPECT_TRUE(StillHolds([&] { return Dialog().IsDestinationListOpen(); }));
     EXPECT_EQ(Dialog().DestinationListCount(), 4);
 }
 

@@ -136,7 +136,7 @@ TEST_P(Completion, AFolderThatVanishesDuringTheSearchDoesNoHarm) {
     for (int press = 0; press < 20; ++press) {
         PressKey(VK_DOWN);
         // By a message: without a list, Esc would end the dialog.
-        SendMessageW(Dialog().Control(kDestination), CB_SHOWDROPDOWN, FALSE, 0);
+        Ask(Dialog().Control(kDestination), CB_SHOWDROPDOWN, FALSE, 0);
         Dialog().SetDestination(vanishing);
     }
     remover.join();
@@ -160,7 +160,7 @@ TEST_P(Completion, AFolderThatVanishesUnderTheOpenListLeavesItsNamesToBeChosen) 
     EXPECT_EQ(Dialog().DestinationListCount(), 0);
     // A destination that is missing is made at the start.
     PressKey(VK_RETURN);
-    ASSERT_TRUE(Run().WaitForEnd());
+    ASSERT_TRUE(EndsWell());
     EXPECT_EQ(ReadBytes(many_ + L"beta\\a.txt"), "a");
 }
 

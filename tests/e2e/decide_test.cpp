@@ -40,20 +40,20 @@ TEST_F(Deciding, NamesTheFileAndAsksForEveryCollision) {
     EXPECT_EQ(Collision().Text(1000), L"c.txt");
     ASSERT_TRUE(Answer(2, kStart));
     ASSERT_TRUE(Ends());
-    EXPECT_EQ(At(L"a.txt"), "incoming");
-    EXPECT_EQ(At(L"b.txt"), "incoming");
-    EXPECT_EQ(At(L"c.txt"), "existing");
+    EXPECT_EQ(At(L"a.txt"), Incoming(L"a.txt"));
+    EXPECT_EQ(At(L"b.txt"), Incoming(L"b.txt"));
+    EXPECT_EQ(At(L"c.txt"), Existing(L"c.txt"));
 }
 
 TEST_F(Deciding, TheTimeChoicesCompareTheTwoFiles) {
     for (const int policy : {0, 1}) {
         for (const int age : {-60, 60}) {
             SCOPED_TRACE(std::to_string(policy) + " " + std::to_string(age));
-            Tree().WriteFile(L"先\\a.txt", "existing", 0);
-            ASSERT_TRUE(Start({Tree().WriteFile(L"元\\a.txt", "incoming", age)}, kAskEach));
+            Tree().WriteFile(L"先\\a.txt", Existing(L"a.txt"), 0);
+            ASSERT_TRUE(Start({Tree().WriteFile(L"元\\a.txt", Incoming(L"a.txt"), age)}, kAskEach));
             ASSERT_TRUE(Answer(policy, kStart));
             ASSERT_TRUE(Ends());
-            EXPECT_EQ(At(L"a.txt"), (policy == 0) == (age > 0) ? "incoming" : "existing");
+            EXPECT_EQ(At(L"a.txt"), (policy == 0) == (age > 0) ? Incoming(L"a.txt") : Existing(L"a.txt"));
         }
     }
 }
@@ -65,8 +65,8 @@ TEST_F(Deciding, RenamingTheIncomingFileAsksForItsName) {
     EXPECT_EQ(rename.Title(), L"名前を変更する(R)");
     ASSERT_TRUE(TypeNewName(rename, L"b"));
     ASSERT_TRUE(Ends());
-    EXPECT_EQ(At(L"a.txt"), "existing");
-    EXPECT_EQ(At(L"b.txt"), "incoming");
+    EXPECT_EQ(At(L"a.txt"), Existing(L"a.txt"));
+    EXPECT_EQ(At(L"b.txt"), Incoming(L"a.txt"));
 }
 
 TEST_F(Deciding, RenamingTheExistingFileAsksForItsName) {
@@ -76,15 +76,15 @@ TEST_F(Deciding, RenamingTheExistingFileAsksForItsName) {
     EXPECT_EQ(rename.Title(), L"元ファイルの名前を変更(B)");
     ASSERT_TRUE(TypeNewName(rename, L"b"));
     ASSERT_TRUE(Ends());
-    EXPECT_EQ(At(L"a.txt"), "incoming");
-    EXPECT_EQ(At(L"b.txt"), "existing");
+    EXPECT_EQ(At(L"a.txt"), Incoming(L"a.txt"));
+    EXPECT_EQ(At(L"b.txt"), Existing(L"a.txt"));
 }
 
 TEST_F(Deciding, RenamingAutomaticallyLeavesTheNameToTheShell) {
     ASSERT_TRUE(Start({Colliding(L"a.txt")}, kAskEach));
     ASSERT_TRUE(Answer(6, kStart));
     ASSERT_TRUE(Ends());
-    EXPECT_EQ(At(L"a.txt"), "existing");
+    EXPECT_EQ(At(L"a.txt"), Existing(L"a.txt"));
     EXPECT_EQ(ReadTree(Tree().Path(L"先")).size(), 2U);
 }
 
@@ -93,9 +93,9 @@ TEST_F(Deciding, ForAllHoldsForTheRestOfTheRun) {
     ASSERT_TRUE(Answer(2, kStart));
     ASSERT_TRUE(Answer(3, kForAll));
     ASSERT_TRUE(Ends());
-    EXPECT_EQ(At(L"a.txt"), "existing");
-    EXPECT_EQ(At(L"b.txt"), "incoming");
-    EXPECT_EQ(At(L"c.txt"), "incoming");
+    EXPECT_EQ(At(L"a.txt"), Existing(L"a.txt"));
+    EXPECT_EQ(At(L"b.txt"), Incoming(L"b.txt"));
+    EXPECT_EQ(At(L"c.txt"), Incoming(L"c.txt"));
 }
 
 TEST_F(Deciding, RenamingForAllStillAsksForEachName) {
@@ -112,9 +112,9 @@ TEST_F(Deciding, CancelAndEscapeSkipTheFileAndGoOn) {
     ASSERT_TRUE(Answer(3, kCancel));
     ASSERT_TRUE(PressEscapeIn(Collision()));
     ASSERT_TRUE(Ends());
-    EXPECT_EQ(At(L"a.txt"), "existing");
-    EXPECT_EQ(At(L"b.txt"), "existing");
-    EXPECT_EQ(At(L"c.txt"), "incoming");
+    EXPECT_EQ(At(L"a.txt"), Existing(L"a.txt"));
+    EXPECT_EQ(At(L"b.txt"), Existing(L"b.txt"));
+    EXPECT_EQ(At(L"c.txt"), Incoming(L"c.txt"));
     EXPECT_EQ(NamesBelow(L"元"), L"a.txt b.txt");
 }
 
@@ -122,8 +122,8 @@ TEST_F(Deciding, StopAllEndsTheWholeTransferAtOnce) {
     ASSERT_TRUE(Start({Free(L"a.txt"), Colliding(L"b.txt"), Free(L"c.txt")}, kAskEach));
     ASSERT_TRUE(Answer(3, kStopAll));
     ASSERT_TRUE(Ends());
-    EXPECT_EQ(At(L"a.txt"), "incoming");
-    EXPECT_EQ(At(L"b.txt"), "existing");
+    EXPECT_EQ(At(L"a.txt"), Incoming(L"a.txt"));
+    EXPECT_EQ(At(L"b.txt"), Existing(L"b.txt"));
     EXPECT_FALSE(Exists(Tree().Path(L"先\\c.txt")));
 }
 
@@ -152,7 +152,7 @@ TEST_F(Deciding, WithShiftHeldTheChoiceIsUsedAndNotRemembered) {
             ASSERT_TRUE(Answer(3, button));
         }
         ASSERT_TRUE(Ends());
-        EXPECT_EQ(At(L"a.txt"), "incoming");
+        EXPECT_EQ(At(L"a.txt"), Incoming(L"a.txt"));
         EXPECT_EQ(ReadNumber(kProgramKey, L"AfterSel"), 1U);
     }
 }

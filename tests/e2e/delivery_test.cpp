@@ -13,7 +13,7 @@ protected:
 
     /// The whole destination is selected, so that typing replaces it.
     bool IsDestinationSelected() const {
-        const auto range = static_cast<DWORD>(SendMessageW(Dialog().DestinationEdit(), EM_GETSEL, 0, 0));
+        const auto range = static_cast<DWORD>(Ask(Dialog().DestinationEdit(), EM_GETSEL));
         return LOWORD(range) == 0 && HIWORD(range) == Dialog().Destination().size();
     }
 };
@@ -59,7 +59,7 @@ TEST_F(Delivery, AnotherTagChangesNothing) {
     for (const std::uint64_t tag : {0U, 99U, 101U, 254U, 256U, 301U}) {
         ASSERT_TRUE(SendText(tag, L"E:\\elsewhere"));
     }
-    EXPECT_TRUE(Stays([&] { return Dialog().Destination() == L"D:\\Backup\\"; }));
+    EXPECT_TRUE(StillHolds([&] { return Dialog().Destination() == L"D:\\Backup\\"; }));
     EXPECT_EQ(Dialog().SourceCount(), 1);
 }
 
@@ -69,7 +69,7 @@ TEST_F(Delivery, ABlockAfterADropIsIgnored) {
     ASSERT_TRUE(Drop(dropped));
     ASSERT_TRUE(WaitUntil([&] { return Dialog().SourceCount() == 1; }));
     ASSERT_TRUE(SendBlock({L"C:\\Work\\a.txt", L"C:\\Work\\b.txt"}, {L"D:\\Backup"}));
-    EXPECT_TRUE(Stays([&] { return Dialog().SourceCount() == 1 && Dialog().Destination().empty(); }));
+    EXPECT_TRUE(StillHolds([&] { return Dialog().SourceCount() == 1 && Dialog().Destination().empty(); }));
 }
 
 /// A window of this process: the program that a person works in when the delivery comes.
@@ -104,7 +104,7 @@ protected:
         TypeText(L"x");
         if (!DestinationBecomes(L"D:\\Backup\\x"))
             return testing::AssertionFailure() << "the key went elsewhere";
-        if (!Stays([&] { return GetForegroundWindow() == Dialog().Window(); }))
+        if (!StillHolds([&] { return GetForegroundWindow() == Dialog().Window(); }))
             return testing::AssertionFailure() << "it fell back behind " << GetForegroundWindow();
         return testing::AssertionSuccess();
     }
@@ -147,7 +147,7 @@ TEST_F(DeliveryFromBehind, GivesTheFocusToTheDestinationWhateverHadItBefore) {
 TEST_F(DeliveryFromBehind, OpensAMinimisedDialog) {
     ASSERT_TRUE(OpenWithoutHost());
     const OwnWindow own;
-    ShowWindow(Dialog().Window(), SW_MINIMIZE);
+    ShowWindowAsync(Dialog().Window(), SW_MINIMIZE);
     ASSERT_TRUE(WaitUntil([&] { return IsIconic(Dialog().Window()); }));
     ASSERT_TRUE(TakeForeground(own.Get()));
     ASSERT_TRUE(SendOneFile());

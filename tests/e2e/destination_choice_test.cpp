@@ -28,7 +28,7 @@ protected:
         if (!Dialog().FocusDestination())
             return testing::AssertionFailure() << "no focus";
         PressKey(VK_RETURN);
-        if (!Run().WaitForEnd())
+        if (!Run().WaitForEnd().IsGood())
             return testing::AssertionFailure() << "still running";
         if (ReadBytes(second_ + L"\\a.txt") != "a" || Exists(first_ + L"\\a.txt") || Exists(file_))
             return testing::AssertionFailure() << "the file is not where it should be";

@@ -100,7 +100,7 @@ TEST_F(DestinationLimit, ALongerEntryOfTheHistoryIsRefusedAndKept) {
     PressKey(VK_RETURN);
     ASSERT_TRUE(WaitUntil([&] { return !Dialog().IsDestinationListOpen(); }));
     EXPECT_TRUE(IsRefused(folder));
-    ASSERT_TRUE(Run().WaitForEnd());
+    ASSERT_TRUE(EndsWell());
     EXPECT_EQ(ReadText(kProgramKey, L"Ferry001"), folder);
 }
 

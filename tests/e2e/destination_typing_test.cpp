@@ -8,7 +8,7 @@ class DestinationTyping : public CompletionTest {
 protected:
     /// Starts anew with two entries in the history.
     testing::AssertionResult OpenWithHistory() {
-        if (!Run().CancelAndWait())
+        if (!Run().CancelAndWait().IsGood())
             return testing::AssertionFailure() << "Cancel does not end it";
         WriteText(kProgramKey, L"Ferry000", L"D:\\first");
         WriteText(kProgramKey, L"Ferry001", L"D:\\second");
@@ -25,7 +25,7 @@ TEST_P(DestinationTyping, CharactersOverTheOpenListDisturbNeitherTheTextNorTheDi
         TypeText(L"zz 9");
         PressKey(VK_BACK);
         EXPECT_TRUE(
-            Stays([&] { return Dialog().IsDestinationListOpen() && Dialog().Destination() == many_; }));
+            StillHolds([&] { return Dialog().IsDestinationListOpen() && Dialog().Destination() == many_; }));
         PressKey(key);
         ASSERT_TRUE(ListBecomes(false));
         EXPECT_TRUE(StaysClosedWith(many_));
@@ -70,7 +70,7 @@ TEST_P(DestinationTyping, LeavingTheFieldClosesTheListAndGivesTheTypedTextBack) 
 }
 
 TEST_P(DestinationTyping, AnEntryOfTheHistoryCanBeCompletedFurther) {
-    ASSERT_TRUE(Run().CancelAndWait());
+    ASSERT_TRUE(CancelEndsWell());
     WriteText(kProgramKey, L"Ferry000", Tree().Path(L"single\\"));
     ASSERT_TRUE(OpenDialog());
     ASSERT_TRUE(Type(L""));

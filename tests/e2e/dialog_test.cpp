@@ -90,7 +90,7 @@ TEST_F(ConfirmationDialog, ThePresetOfABlockAndOfADropCountsAroundAllFolders) {
     ASSERT_TRUE(Drop({L"D:\\3", L"D:\\4"}));
     EXPECT_TRUE(DestinationBecomes(L"D:\\2\\")) << "7 modulo 5";
     EXPECT_EQ(Dialog().TabFolders().size(), 5U);
-    EXPECT_EQ(SendMessageW(Dialog().Control(kTabFoldersList), LB_GETCURSEL, 0, 0), 2);
+    EXPECT_EQ(Ask(Dialog().Control(kTabFoldersList), LB_GETCURSEL), 2);
 }
 
 TEST_F(ConfirmationDialog, ThePresetAtStartCountsAroundAllFolders) {
@@ -100,7 +100,7 @@ TEST_F(ConfirmationDialog, ThePresetAtStartCountsAroundAllFolders) {
         ASSERT_TRUE(OpenWith(
             isList ? std::vector<std::wstring>{L"/t", L"/s=7"} : std::vector<std::wstring>{L"/s=7"}, five));
         EXPECT_EQ(Dialog().Destination(), L"D:\\2\\") << "7 modulo 5";
-        EXPECT_EQ(SendMessageW(Dialog().Control(kTabFoldersList), LB_GETCURSEL, 0, 0), isList ? 2 : LB_ERR);
+        EXPECT_EQ(Ask(Dialog().Control(kTabFoldersList), LB_GETCURSEL), isList ? 2 : LB_ERR);
     }
 }
 
@@ -115,7 +115,7 @@ TEST_F(ConfirmationDialog, ANegativePresetIsRefusedAndNotClamped) {
     const RemoteDialog dialog = run.WaitForDialog();
     ASSERT_TRUE(dialog.IsOpen());
     EXPECT_EQ(dialog.Destination(), L"");
-    EXPECT_TRUE(run.CancelAndWait());
+    EXPECT_TRUE(run.CancelAndWait().IsGood());
 }
 
 TEST_F(ConfirmationDialog, ANegativePresetIsRefusedWithEveryDeliveryToo) {
@@ -123,9 +123,11 @@ TEST_F(ConfirmationDialog, ANegativePresetIsRefusedWithEveryDeliveryToo) {
     const HWND window = Dialog().Window();
     samplehost::BlockFields fields;
     fields.Tabs = {L"D:\\a", L"D:\\b"};
-    // The answer waits for the message box.
+    // The answer waits for the message box, which no sender would wait for.
+    constexpr unsigned kSenderPatienceMs = 300;
     EXPECT_FALSE(samplehost::SendData(window, nullptr, samplehost::kBlockTag,
-                                      samplehost::BytesOfUnits(samplehost::BlockUnits(fields)), kCalmMs));
+                                      samplehost::BytesOfUnits(samplehost::BlockUnits(fields)),
+                                      kSenderPatienceMs));
     const ShownBox box = WaitForMessageBox(Run().FerryId());
     EXPECT_EQ(box.Text, L"Encountered an improper argument.");
     ASSERT_TRUE(DismissMessageBox(box));
@@ -173,16 +175,16 @@ TEST_F(ConfirmationDialog, AnotherTimerRaisesNothing) {
     const HWND host = Run().HostWindow();
     ASSERT_TRUE(TakeForeground(host));
     PostMessageW(Dialog().Window(), WM_TIMER, kRaiseTimer + 1, 0);
-    EXPECT_TRUE(Stays([&] { return GetForegroundWindow() == host; }));
+    EXPECT_TRUE(StillHolds([&] { return GetForegroundWindow() == host; }));
     PostMessageW(Dialog().Window(), WM_TIMER, kRaiseTimer, 0);
     EXPECT_TRUE(WaitUntil([&] { return GetForegroundWindow() == Dialog().Window(); }));
 }
 
 TEST_F(ConfirmationDialog, AnswersThatItIsTheOne) {
     ASSERT_TRUE(OpenWith({}));
-    EXPECT_EQ(SendMessageW(Dialog().Window(), kIdentifyMessage, 0, 0), 1);
-    EXPECT_EQ(SendMessageW(Dialog().Window(), kIdentifyMessage, 7, 7), 1);
-    EXPECT_EQ(SendMessageW(Dialog().Window(), kIdentifyMessage + 1, 0, 0), 0);
+    EXPECT_EQ(Ask(Dialog().Window(), kIdentifyMessage), 1);
+    EXPECT_EQ(Ask(Dialog().Window(), kIdentifyMessage, 7, 7), 1);
+    EXPECT_EQ(Ask(Dialog().Window(), kIdentifyMessage + 1), 0);
 }
 
 TEST_F(ConfirmationDialog, EachModeShowsItsOwnControls) {

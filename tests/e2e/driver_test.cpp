@@ -1,10 +1,17 @@
 // The driver, tried on a practice dialog that stands in Ferry's place.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <memory>
+#include <string>
+#include <vector>
+
 #include "e2e/driver/app_copy.h"
+#include "e2e/driver/ask.h"
 #include "e2e/driver/ferry_run.h"
 #include "e2e/driver/keys.h"
 #include "e2e/driver/message_box.h"
+#include "e2e/driver/practice_dialog.h"
 #include "e2e/driver/surroundings.h"
 #include "e2e/driver/temp_tree.h"
 #include "samplehost/delivery_win32.h"
@@ -22,17 +29,25 @@ protected:
         RunPlan plan;
         plan.AppFolder = tree_.Path(L"app");
         plan.LogFile = tree_.Path(L"host.log");
+        plan.Complain = [this](const std::string& complaint) { complaints_.push_back(complaint); };
         run_ = std::make_unique<FerryRun>(plan);
         dialog_ = run_->WaitForDialog();
         ASSERT_TRUE(dialog_.IsOpen());
     }
 
-    void TearDown() override { run_.reset(); }
+    /// Waits for the end; the exit code.
+    DWORD ExitCode() { return run_->WaitForEnd().ExitCode; }
 
-    /// Waits for the end; the exit code, which the host passes on.
-    DWORD ExitCode() { return run_->WaitForEnd() ? run_->ExitCode() : STILL_ACTIVE; }
+    void Order(UINT order, WPARAM value = 0) const { PostMessageW(dialog_.Window(), order, value, 0); }
+
+    /// What is said of the run when the test has done with it.
+    std::vector<std::string> Complaints() {
+        run_.reset();
+        return complaints_;
+    }
 
     TempTree tree_;
+    std::vector<std::string> complaints_;
     std::unique_ptr<FerryRun> run_;
     RemoteDialog dialog_;
 };
@@ -66,7 +81,7 @@ TEST_F(Driver, ChoosesAndSelects) {
     ASSERT_TRUE(dialog_.Choose(kCopy));
     EXPECT_FALSE(dialog_.IsChecked(kMove));
     dialog_.Select(kPrecision, 2);
-    EXPECT_EQ(SendMessageW(dialog_.Control(kPrecision), CB_GETCURSEL, 0, 0), 2);
+    EXPECT_EQ(Ask(dialog_.Control(kPrecision), CB_GETCURSEL), 2);
     EXPECT_EQ(dialog_.Text(kCopy), L"コピー");
 }
 
@@ -100,9 +115,58 @@ TEST_F(Driver, HoldsShiftWhilePressing) {
 
 TEST_F(Driver, CancelsAndSeesTheEnd) {
     EXPECT_TRUE(run_->IsRunning());
-    EXPECT_TRUE(run_->CancelAndWait());
+    EXPECT_TRUE(run_->CancelAndWait().IsGood());
     EXPECT_FALSE(run_->IsRunning());
     EXPECT_EQ(ExitCode(), 0U);
+    EXPECT_THAT(Complaints(), testing::IsEmpty());
+}
+
+TEST_F(Driver, ARunThatIsOpenAtTheEndIsCancelledWithoutAComplaint) {
+    EXPECT_THAT(Complaints(), testing::IsEmpty());
+}
+
+TEST_F(Driver, AnExitCodeIsComplainedOf) {
+    Order(practice::kEnd, 0xC0000005);
+    EXPECT_FALSE(run_->WaitForEnd().IsGood());
+    EXPECT_THAT(Complaints(), testing::ElementsAre("Ferry's end: exit code 0xC0000005"));
+}
+
+TEST_F(Driver, AnExitCodeThatNobodyLookedAtIsComplainedOf) {
+    Order(practice::kEnd, 3);
+    ASSERT_TRUE(WaitUntil([&] { return !dialog_.IsOpen(); }));
+    EXPECT_THAT(Complaints(), testing::ElementsAre("Ferry's end: exit code 0x3"));
+}
+
+TEST_F(Driver, ARunThatWaitsForAnAnswerAtTheEndIsComplainedOf) {
+    dialog_.Click(kStart);
+    ASSERT_NE(WaitForMessageBox(run_->FerryId()).Window, nullptr);
+    EXPECT_THAT(Complaints(), testing::ElementsAre(testing::HasSubstr("waits for an answer")));
+}
+
+TEST_F(Driver, ARunThatWasEndedHardIsExcused) {
+    ASSERT_TRUE(run_->EndHard());
+    EXPECT_FALSE(run_->WaitForEnd().IsGood());
+    EXPECT_THAT(Complaints(), testing::IsEmpty());
+}
+
+TEST_F(Driver, AWindowThatHangsIsGivenUp) {
+    constexpr int kShortPatienceMs = 200;
+    Order(practice::kHang);
+    EXPECT_THROW(Ask(dialog_.Window(), WM_NULL, 0, 0, kShortPatienceMs), NoAnswer);
+    EXPECT_TRUE(run_->EndHard());
+    EXPECT_EQ(Ask(dialog_.Window(), WM_NULL), 0) << "a window that is gone is no hang";
+}
+
+TEST_F(Driver, KnowsWhenAllKeysHaveBeenHandled) {
+    ASSERT_TRUE(dialog_.FocusDestination());
+    for (int round = 0; round < 20; ++round) {
+        SCOPED_TRACE(round);
+        dialog_.SetDestination(L"");
+        Order(practice::kLinger, 20);
+        TypeText(L"abcdefgh");
+        ASSERT_TRUE(HasHandledAll(dialog_.Window()));
+        EXPECT_EQ(dialog_.Destination(), L"abcdefgh");
+    }
 }
 
 }  // namespace

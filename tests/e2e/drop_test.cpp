@@ -63,7 +63,7 @@ TEST_F(Dropping, TheThirdDropIsIgnored) {
     ASSERT_TRUE(DestinationBecomes(folder_ + L"\\"));
     ASSERT_TRUE(Drop({other_}));
     EXPECT_TRUE(
-        Stays([&] { return Dialog().Destination() == folder_ + L"\\" && Dialog().SourceCount() == 2; }));
+        StillHolds([&] { return Dialog().Destination() == folder_ + L"\\" && Dialog().SourceCount() == 2; }));
 }
 
 TEST_F(Dropping, DroppedFilesAreTransferred) {

@@ -1,19 +1,19 @@
 // What stays when the shell's operation fails or is cancelled: no file is lost.
+#include "base/utf16.h"
 #include "e2e/driver/surroundings.h"
 #include "e2e/fixture.h"
 
 namespace ferry::e2e {
 namespace {
 
-class FaultyShell : public FerryTest {
+class FaultyShell : public TransferTest {
 protected:
     void SetUp() override {
+        TransferTest::SetUp();
         for (const wchar_t* name : {L"a.txt", L"b.txt", L"c.txt"}) {
-            items_.push_back(Tree().WriteFile(std::wstring(L"元\\") + name, "content"));
+            items_.push_back(Tree().WriteFile(std::wstring(L"元\\") + name, base::ToUtf8(name)));
         }
     }
-
-    void TearDown() override { SetVariable(L"FERRY_FILEOP_FAULTS", L""); }
 
     /// Moves the three files with these faults, in batch mode (0) or individually (1).
     testing::AssertionResult MoveWithFaults(const std::wstring& faults, DWORD mode) {
@@ -31,8 +31,8 @@ protected:
         std::wstring names;
         for (const wchar_t* name : {L"a", L"b", L"c"}) {
             const std::wstring file = std::wstring(name) + L".txt";
-            const bool isThere = ReadBytes(Tree().Path(L"先\\" + file)) == "content";
-            const bool isHere = ReadBytes(Tree().Path(L"元\\" + file)) == "content";
+            const bool isThere = ReadBytes(Tree().Path(L"先\\" + file)) == base::ToUtf8(file);
+            const bool isHere = ReadBytes(Tree().Path(L"元\\" + file)) == base::ToUtf8(file);
             EXPECT_NE(isThere, isHere);
             if (isThere)
                 names += name;

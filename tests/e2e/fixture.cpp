@@ -37,6 +37,7 @@ RunPlan FerryTest::Plan(std::vector<std::wstring> items, std::vector<std::wstrin
     plan.Items = std::move(items);
     plan.Tabs = std::move(tabs);
     plan.LogFile = tree_.Path(L"host.log");
+    plan.Complain = [](const std::string& complaint) { ADD_FAILURE() << complaint; };
     return plan;
 }
 
@@ -51,6 +52,7 @@ testing::AssertionResult FerryTest::Open(const RunPlan& plan) {
     StartRun(plan);
     if (!dialog_.IsOpen() && run_->LacksGraphics()) {
         std::puts("started without graphics, once more");
+        run_->ExcuseEnd();
         StartRun(plan);
     }
     if (!dialog_.IsOpen())
@@ -93,10 +95,20 @@ bool FerryTest::Drop(const std::vector<std::wstring>& paths) const {
 testing::AssertionResult FerryTest::Transfer(const std::wstring& destination) {
     dialog_.SetDestination(destination);
     dialog_.Click(kStart);
-    if (WaitForProcess(run_->FerryId(), kPatienceMs))
+    return EndsWell();
+}
+
+testing::AssertionResult FerryTest::EndsWell(int timeoutMs) {
+    const Ending ending = run_->WaitForEnd(timeoutMs);
+    if (ending.IsGood())
         return testing::AssertionSuccess();
-    const ShownBox box = FindMessageBox(run_->FerryId());
-    return testing::AssertionFailure() << "still running; message box: " << base::ToUtf8(box.Text);
+    const ShownBox box = ending.HasEnded ? ShownBox() : FindMessageBox(run_->FerryId());
+    return testing::AssertionFailure() << TextOf(ending) << "; message box: " << base::ToUtf8(box.Text);
+}
+
+testing::AssertionResult FerryTest::CancelEndsWell() {
+    const Ending ending = run_->CancelAndWait();
+    return ending.IsGood() ? testing::AssertionSuccess() : testing::AssertionFailure() << TextOf(ending);
 }
 
 testing::AssertionResult FerryTest::StartIsRefusedWith(const std::wstring& text) {
@@ -113,6 +125,11 @@ testing::AssertionResult FerryTest::StartIsRefusedWith(const std::wstring& text)
     return testing::AssertionSuccess();
 }
 
+void TransferTest::SetUp() {
+    if (const std::wstring why = WhyNoTestService(); !why.empty())
+        GTEST_SKIP() << base::ToUtf8(why);
+}
+
 testing::AssertionResult IsAliveAndUsable(FerryRun& run, const RemoteDialog& dialog) {
     DWORD_PTR answer = 0;
     if (SendMessageTimeoutW(dialog.Window(), WM_NULL, 0, 0, SMTO_NORMAL, kPatienceMs, &answer) == 0)
@@ -124,10 +141,8 @@ testing::AssertionResult IsAliveAndUsable(FerryRun& run, const RemoteDialog& dia
     };
     if (!WaitUntil(writes))
         return testing::AssertionFailure() << "the destination cannot be written";
-    if (!run.CancelAndWait())
-        return testing::AssertionFailure() << "Cancel does not end it";
-    if (!run.WaitForEnd() || run.ExitCode() != 0)
-        return testing::AssertionFailure() << "exit code " << run.ExitCode();
+    if (const Ending ending = run.CancelAndWait(); !ending.IsGood())
+        return testing::AssertionFailure() << "Cancel: " << TextOf(ending);
     return testing::AssertionSuccess();
 }
 

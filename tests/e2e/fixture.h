@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "e2e/driver/ask.h"
 #include "e2e/driver/ferry_run.h"
 #include "e2e/driver/file_op_log.h"
 #include "e2e/driver/keys.h"
@@ -42,6 +43,7 @@ protected:
     /// The same for a Ferry that no host starts.
     testing::AssertionResult OpenWithoutHost(std::vector<std::wstring> switches = {});
 
+    bool HasRun() const { return run_ != nullptr; }
     FerryRun& Run() { return *run_; }
     const RemoteDialog& Dialog() const { return dialog_; }
 
@@ -57,6 +59,20 @@ protected:
     /// Waits until the destination field shows `text`.
     bool DestinationBecomes(const std::wstring& text) const {
         return WaitUntil([&] { return dialog_.Destination() == text; });
+    }
+
+    /// Whether Ferry ends by itself within `timeoutMs`, with exit code 0. When a test is over, a Ferry that
+    /// still runs is cancelled, and every Ferry of the test must have ended so, but for those that the test
+    /// ended hard.
+    testing::AssertionResult EndsWell(int timeoutMs = kPatienceMs);
+
+    /// The same once Cancel is pressed.
+    testing::AssertionResult CancelEndsWell();
+
+    /// Whether `condition` still holds once the dialog has handled all keys and messages.
+    template <class Condition>
+    bool StillHolds(Condition condition) const {
+        return HasHandledAll(dialog_.Window()) && condition();
     }
 
     /// Writes the destination, clicks "開始" and waits for the end of the process.
@@ -79,6 +95,13 @@ private:
     std::wstring fileOpLog_;
     std::unique_ptr<FerryRun> run_;
     RemoteDialog dialog_;
+};
+
+/// Tests that read the file-operation service's log, plan its faults or know its windows. They are skipped
+/// where it is not registered.
+class TransferTest : public FerryTest {
+protected:
+    void SetUp() override;
 };
 
 /// Whether the dialog answers, takes a destination and ends properly by Cancel.

@@ -39,7 +39,7 @@ protected:
 
     testing::AssertionResult CancelWith(const std::wstring& destination) {
         Dialog().SetDestination(destination);
-        if (!Run().CancelAndWait())
+        if (!Run().CancelAndWait().IsGood())
             return testing::AssertionFailure() << "Cancel does not end it";
         return testing::AssertionSuccess();
     }
@@ -78,7 +78,7 @@ TEST_P(DestinationHistory, AnEntryThatIsUsedAgainMovesToTheTop) {
     PressKey(VK_RETURN);
     ASSERT_TRUE(ListBecomes(false));
     ASSERT_TRUE(DestinationBecomes(L"D:\\c"));
-    ASSERT_TRUE(Run().CancelAndWait());
+    ASSERT_TRUE(CancelEndsWell());
     EXPECT_EQ(Stored(), Slots({L"D:\\c", L"D:\\a", L"D:\\b", L"D:\\d"}));
 }
 
@@ -137,7 +137,7 @@ TEST_P(DestinationHistory, StaysWhenThePersonDoesNotAgreeToClearIt) {
     const ShownBox box = WaitForMessageBox(Run().FerryId());
     ASSERT_NE(box.Window, nullptr);
     ASSERT_TRUE(DismissMessageBox(box, IDNO));
-    EXPECT_TRUE(Stays([&] { return Dialog().DestinationListCount() == 2; }));
+    EXPECT_TRUE(StillHolds([&] { return Dialog().DestinationListCount() == 2; }));
     EXPECT_EQ(ReadText(kProgramKey, L"Ferry000"), L"D:\\a");
 }
 

@@ -75,8 +75,8 @@ TEST_F(HostileHost, AVariableOfNineOrElevenFieldsIsIgnoredEntirely) {
         SCOPED_TRACE(value);
         ASSERT_TRUE(OpenThroughHost({L"--variable", value}));
         EXPECT_EQ(Dialog().SourceCount(), 0);
-        EXPECT_TRUE(
-            Stays([&] { return (GetWindowLongPtrW(Dialog().Window(), GWL_EXSTYLE) & WS_EX_TOPMOST) == 0; }));
+        EXPECT_TRUE(StillHolds(
+            [&] { return (GetWindowLongPtrW(Dialog().Window(), GWL_EXSTYLE) & WS_EX_TOPMOST) == 0; }));
     }
 }
 

@@ -107,7 +107,7 @@ TEST_F(HostileMessages, ADropOfNothingIsSurvived) {
     ASSERT_TRUE(OpenWithoutHost());
     ASSERT_TRUE(Drop({}));
     ASSERT_TRUE(PostMessageW(Dialog().Window(), WM_DROPFILES, 0, 0));
-    EXPECT_TRUE(Stays([&] { return Run().IsRunning(); }));
+    EXPECT_TRUE(StillHolds([&] { return Run().IsRunning(); }));
     EXPECT_TRUE(IsAliveAndUsable(Run(), Dialog()));
 }
 

@@ -41,12 +41,13 @@ TEST_F(HostileSettings, WrongHostValuesDoNotKeepTheDialogFromWorking) {
     EXPECT_TRUE(IsAliveAndUsable(Run(), Dialog()));
 }
 
-TEST_F(HostileSettings, APolicyBeyondTheLastStillTransfersSafely) {
+TEST_F(HostileSettings, APolicyBeyondTheLastOverwritesAsTheNumberOfOverwritingDoes) {
     const std::wstring file = Tree().WriteFile(L"元\\a.txt", "incoming");
+    Tree().WriteFile(L"先\\a.txt", "existing and newer", 60);
     WriteNumber(kProgramKey, L"Mode", 1);
     WriteNumber(kProgramKey, L"Name", 99);
     ASSERT_TRUE(Open(Plan({file})));
-    ASSERT_TRUE(Transfer(Tree().MakeFolder(L"先")));
+    ASSERT_TRUE(Transfer(Tree().Path(L"先")));
     EXPECT_EQ(ReadBytes(Tree().Path(L"先\\a.txt")), "incoming");
 }
 

@@ -18,7 +18,7 @@ TEST_F(Presence, IsThereWhileFerryRunsAndGoneAfterwards) {
     ASSERT_FALSE(IsPresent());
     ASSERT_TRUE(OpenWithoutHost());
     EXPECT_TRUE(IsPresent());
-    ASSERT_TRUE(Run().CancelAndWait());
+    ASSERT_TRUE(CancelEndsWell());
     EXPECT_FALSE(IsPresent());
 }
 
@@ -27,7 +27,7 @@ TEST_F(Presence, StaysWithTheFirstInstance) {
     FerryRun second(PlanWithoutHost());
     ASSERT_TRUE(second.WaitForDialog().IsOpen());
     EXPECT_TRUE(Run().IsRunning());
-    ASSERT_TRUE(second.CancelAndWait());
+    ASSERT_TRUE(second.CancelAndWait().IsGood());
     EXPECT_TRUE(IsPresent());
 }
 
@@ -35,7 +35,7 @@ TEST_F(Presence, IsNotHeldByTheSecondInstance) {
     ASSERT_TRUE(OpenWithoutHost());
     FerryRun second(PlanWithoutHost());
     ASSERT_TRUE(second.WaitForDialog().IsOpen());
-    ASSERT_TRUE(Run().CancelAndWait());
+    ASSERT_TRUE(CancelEndsWell());
     EXPECT_FALSE(IsPresent());
     EXPECT_TRUE(second.IsRunning());
 }

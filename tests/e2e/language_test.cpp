@@ -52,7 +52,7 @@ TEST_F(Language, AMissingTextFileIsWrittenFromTheDialog) {
 
 TEST_F(Language, AWrittenTextFileIsReadBackInTheNextRun) {
     ASSERT_TRUE(Open(CopiedPlan()));
-    ASSERT_TRUE(Run().CancelAndWait());
+    ASSERT_TRUE(CancelEndsWell());
     std::wstring text = TextFileText();
     const std::wstring old = L"1224\tButton\tコピー(&P)";
     ASSERT_NE(text.find(old), std::wstring::npos);
@@ -72,7 +72,7 @@ TEST_F(Language, ATextFileGivesTitleTextsAndLists) {
     EXPECT_EQ(Dialog().Title(), L"Confirm");
     EXPECT_EQ(Dialog().Text(kCopy), L"Copy(&P)");
     EXPECT_EQ(Dialog().Text(kMove), L"移動(&M)");
-    EXPECT_EQ(SendMessageW(Dialog().Control(kPrecision), CB_GETCOUNT, 0, 0), 2);
+    EXPECT_EQ(Ask(Dialog().Control(kPrecision), CB_GETCOUNT), 2);
 }
 
 TEST_F(Language, TheBuiltInLanguageWritesNoFile) {

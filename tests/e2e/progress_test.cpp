@@ -20,7 +20,8 @@ protected:
     }
 
     bool OnlyTheThirdIsMissing() const {
-        return At(L"a.txt") == "incoming" && At(L"b.txt") == "incoming" && !Exists(Tree().Path(L"先\\c.txt"));
+        return At(L"a.txt") == Incoming(L"a.txt") && At(L"b.txt") == Incoming(L"b.txt") &&
+               !Exists(Tree().Path(L"先\\c.txt"));
     }
 };
 

@@ -289,12 +289,12 @@ TEST_P(RenameFault, TheOldNameTypedAgainForTheExistingFileLetsTheShellAsk) {
 TEST_P(RenameFault, ARunThatIsEndedHardWhileItAsksOrRenamesHasLostNothing) {
     ASSERT_TRUE(StartWithFaults(kRenameExisting, L"slow@1:5000"));
     ASSERT_TRUE(Rename().IsOpen());
-    ASSERT_TRUE(EndProcessHard(Run().FerryId()));
+    ASSERT_TRUE(Run().EndHard());
     EXPECT_EQ(Everything(), Expected(L"先\\a=先 a 先\\b=先 b 先\\c=先 c", L""));
     ASSERT_TRUE(StartWithFaults(kRenameExisting, L"slow@1:5001"));
     ASSERT_TRUE(TypeNewName(Rename(), L"a0"));
     ASSERT_TRUE(HasBegun(1));
-    ASSERT_TRUE(EndProcessHard(Run().FerryId()));
+    ASSERT_TRUE(Run().EndHard());
     EXPECT_EQ(Everything(), Expected(L"先\\a0=先 a 先\\b=先 b 先\\c=先 c", L""));
 }
 

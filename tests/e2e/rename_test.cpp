@@ -21,8 +21,8 @@ TEST_F(RenamingIncoming, TheTypedNameIsGivenToTheIncomingFile) {
     ASSERT_TRUE(TypeNewName(rename, L"新しい"));
     ASSERT_TRUE(Ends());
     EXPECT_EQ(NamesBelow(L"先"), L"a.txt 新しい.txt");
-    EXPECT_EQ(At(L"a.txt"), "existing");
-    EXPECT_EQ(At(L"新しい.txt"), "incoming");
+    EXPECT_EQ(At(L"a.txt"), Existing(L"a.txt"));
+    EXPECT_EQ(At(L"新しい.txt"), Incoming(L"a.txt"));
     EXPECT_EQ(FlagsIn(FileOps()), (std::vector<unsigned long>{0x2A04}));
 }
 
@@ -31,8 +31,8 @@ TEST_F(RenamingIncoming, AMoveTakesTheSourceAway) {
     ASSERT_TRUE(Start({source}, kRenameIncoming, {L"/m"}));
     ASSERT_TRUE(TypeNewName(Rename(), L"b"));
     ASSERT_TRUE(Ends());
-    EXPECT_EQ(At(L"b.txt"), "incoming");
-    EXPECT_EQ(At(L"a.txt"), "existing");
+    EXPECT_EQ(At(L"b.txt"), Incoming(L"a.txt"));
+    EXPECT_EQ(At(L"a.txt"), Existing(L"a.txt"));
     EXPECT_FALSE(Exists(source));
 }
 
@@ -41,7 +41,7 @@ TEST_F(RenamingIncoming, EveryCollisionIsAskedAndFilesWithoutOneAreNot) {
     ASSERT_TRUE(TypeNewName(Rename(), L"a2"));
     const RemoteDialog second = Rename();
     EXPECT_EQ(second.Text(kCurrentName), L"c.txt");
-    EXPECT_EQ(At(L"b.txt"), "incoming");
+    EXPECT_EQ(At(L"b.txt"), Incoming(L"b.txt"));
     ASSERT_TRUE(TypeNewName(second, L"c2"));
     ASSERT_TRUE(Ends());
     EXPECT_EQ(NamesBelow(L"先"), L"a.txt a2.txt b.txt c.txt c2.txt");
@@ -70,8 +70,8 @@ TEST_F(RenamingIncoming, ANameThatIsTakenAsksAgain) {
     ASSERT_TRUE(TypeNewName(Rename(), L"free"));
     ASSERT_TRUE(Ends());
     EXPECT_EQ(At(L"taken.txt"), "other");
-    EXPECT_EQ(At(L"a.txt"), "existing");
-    EXPECT_EQ(At(L"free.txt"), "incoming");
+    EXPECT_EQ(At(L"a.txt"), Existing(L"a.txt"));
+    EXPECT_EQ(At(L"free.txt"), Incoming(L"a.txt"));
 }
 
 TEST_F(RenamingIncoming, AnEmptyNameAsksAgain) {
@@ -89,16 +89,16 @@ TEST_F(RenamingIncoming, ADotAtTheEndOfTheTypedNameDoesNotCount) {
     ASSERT_TRUE(TypeNewName(Rename(), L"free."));
     ASSERT_TRUE(Ends());
     EXPECT_EQ(NamesBelow(L"先"), L"archive free");
-    EXPECT_EQ(At(L"archive"), "existing");
-    EXPECT_EQ(At(L"free"), "incoming");
+    EXPECT_EQ(At(L"archive"), Existing(L"archive"));
+    EXPECT_EQ(At(L"free"), Incoming(L"archive"));
 }
 
 TEST_F(RenamingIncoming, EscapeSkipsTheFileAndGoesOn) {
     ASSERT_TRUE(Start({Colliding(L"a.txt"), Free(L"b.txt")}, kRenameIncoming, {L"/m"}));
     ASSERT_TRUE(PressEscapeIn(Rename()));
     ASSERT_TRUE(Ends());
-    EXPECT_EQ(At(L"a.txt"), "existing");
-    EXPECT_EQ(At(L"b.txt"), "incoming");
+    EXPECT_EQ(At(L"a.txt"), Existing(L"a.txt"));
+    EXPECT_EQ(At(L"b.txt"), Incoming(L"b.txt"));
     EXPECT_EQ(NamesBelow(L"元"), L"a.txt");
 }
 
@@ -118,7 +118,7 @@ TEST_F(RenamingIncoming, CopyingAFileOntoItselfAsksForAName) {
     ASSERT_TRUE(TypeNewName(Rename(), L"b"));
     ASSERT_TRUE(Ends());
     EXPECT_EQ(NamesBelow(L"元"), L"a.txt b.txt");
-    EXPECT_EQ(ReadBytes(Tree().Path(L"元\\b.txt")), "incoming");
+    EXPECT_EQ(ReadBytes(Tree().Path(L"元\\b.txt")), Incoming(L"a.txt"));
 }
 
 TEST_F(RenamingIncoming, CopyingAFolderOntoItselfAsksForEachOfItsFiles) {
@@ -156,12 +156,11 @@ TEST_F(RenamingIncoming, EnterWithShiftHeldRenamesAndRemembersNothing) {
     ASSERT_TRUE(rename.Choose(kSplitFolders));
     {
         const HeldKey shift(VK_SHIFT);
-        SendMessageW(rename.Window(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(rename.Control(kNewName)),
-                     TRUE);
+        Ask(rename.Window(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(rename.Control(kNewName)), TRUE);
         ASSERT_TRUE(TypeNewName(rename, L"b"));
     }
     ASSERT_TRUE(Ends());
-    EXPECT_EQ(At(L"b.txt"), "incoming");
+    EXPECT_EQ(At(L"b.txt"), Incoming(L"a.txt"));
     EXPECT_FALSE(ReadNumber(kProgramKey, L"DirNameSep").has_value());
     EXPECT_FALSE(ReadNumber(kProgramKey, L"RenameUndo").has_value());
     EXPECT_FALSE(ReadText(kProgramKey, L"DateTime").has_value());
@@ -178,8 +177,8 @@ TEST_F(RenamingExisting, TheExistingFileGetsTheTypedNameAndTheIncomingOneItsPlac
     ASSERT_TRUE(TypeNewName(rename, L"old"));
     ASSERT_TRUE(Ends());
     EXPECT_EQ(NamesBelow(L"先"), L"a.txt old.txt");
-    EXPECT_EQ(At(L"a.txt"), "incoming");
-    EXPECT_EQ(At(L"old.txt"), "existing");
+    EXPECT_EQ(At(L"a.txt"), Incoming(L"a.txt"));
+    EXPECT_EQ(At(L"old.txt"), Existing(L"a.txt"));
 }
 
 TEST_F(RenamingExisting, AFailureIsSaidAndTheDialogComesBack) {
@@ -192,11 +191,11 @@ TEST_F(RenamingExisting, AFailureIsSaidAndTheDialogComesBack) {
     ASSERT_TRUE(DismissMessageBox(box));
     const RemoteDialog again = Rename();
     EXPECT_EQ(NamesIn(again), L"a|txt");
-    EXPECT_EQ(At(L"a.txt"), "existing");
+    EXPECT_EQ(At(L"a.txt"), Existing(L"a.txt"));
     ASSERT_TRUE(TypeNewName(again, L"old"));
     ASSERT_TRUE(Ends());
-    EXPECT_EQ(At(L"a.txt"), "incoming");
-    EXPECT_EQ(At(L"old.txt"), "existing");
+    EXPECT_EQ(At(L"a.txt"), Incoming(L"a.txt"));
+    EXPECT_EQ(At(L"old.txt"), Existing(L"a.txt"));
     EXPECT_EQ(At(L"taken.txt"), "other");
 }
 
@@ -208,7 +207,7 @@ TEST_F(RenamingExisting, AForbiddenCharacterBringsTheDialogBackWithoutAMessage) 
     EXPECT_EQ(FindMessageBox(Run().FerryId()).Window, nullptr);
     ASSERT_TRUE(PressEscapeIn(again));
     ASSERT_TRUE(Ends());
-    EXPECT_EQ(At(L"a.txt"), "existing");
+    EXPECT_EQ(At(L"a.txt"), Existing(L"a.txt"));
 }
 
 TEST_F(RenamingExisting, EscapeSkipsTheFileAndGoesOn) {
@@ -216,7 +215,7 @@ TEST_F(RenamingExisting, EscapeSkipsTheFileAndGoesOn) {
     ASSERT_TRUE(PressEscapeIn(Rename()));
     ASSERT_TRUE(Ends());
     EXPECT_EQ(NamesBelow(L"先"), L"a.txt b.txt");
-    EXPECT_EQ(At(L"a.txt"), "existing");
+    EXPECT_EQ(At(L"a.txt"), Existing(L"a.txt"));
 }
 
 TEST_F(RenamingExisting, CopyingAFileOntoItselfIsRefusedAndStopsTheRun) {
@@ -233,6 +232,9 @@ TEST_F(RenamingExisting, CopyingAFileOntoItselfIsRefusedAndStopsTheRun) {
 class RenameTexts : public AskingRun {
 protected:
     void SetUp() override {
+        AskingRun::SetUp();
+        if (IsSkipped())
+            return;
         app_ = Tree().Path(L"app");
         ASSERT_TRUE(CopyApp(app_));
         RemoveAll(TextFile());
@@ -278,9 +280,9 @@ TEST_F(RenameTexts, AListOfTheTextFileTakesThePlaceOfTheBuiltInOne) {
                L"Rename\r\n1170\tComboBoxStart\r\n1170\tComboBox\t%d.%m.%Y\r\n1170\tComboBox\t%Y\r\n");
     WriteText(kProgramKey, L"DateTime", L"%Y");
     const RemoteDialog rename = AskForName();
-    EXPECT_EQ(SendMessageW(rename.Control(1170), CB_GETCOUNT, 0, 0), 2);
-    EXPECT_EQ(SendMessageW(rename.Control(1170), CB_GETCURSEL, 0, 0), 1);
-    EXPECT_EQ(SendMessageW(rename.Control(1171), CB_GETCOUNT, 0, 0), 6);
+    EXPECT_EQ(Ask(rename.Control(1170), CB_GETCOUNT), 2);
+    EXPECT_EQ(Ask(rename.Control(1170), CB_GETCURSEL), 1);
+    EXPECT_EQ(Ask(rename.Control(1171), CB_GETCOUNT), 6);
     EXPECT_EQ(rename.Text(1900), L"新しい名前(&F)");
 }
 

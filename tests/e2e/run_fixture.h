@@ -1,6 +1,7 @@
 // An item-by-item run that asks, and the answers.
 #pragma once
 
+#include "base/utf16.h"
 #include "e2e/driver/run_dialogs.h"
 #include "e2e/driver/surroundings.h"
 #include "e2e/fixture.h"
@@ -12,18 +13,29 @@ constexpr int kRenameExisting = 5;
 constexpr int kAskEach = 7;
 
 /// Files under 元 collide with files under 先, or not, as a test wishes.
-class AskingRun : public FerryTest {
+class AskingRun : public TransferTest {
 protected:
-    ~AskingRun() override { SetVariable(L"FERRY_FILEOP_FAULTS", L""); }
+    /// A run that still asks is told to stop asking, file by file, so that it ends by itself.
+    void TearDown() override {
+        if (HasRun()) {
+            EXPECT_TRUE(WaitUntil([this] { return !SkipWhatIsAsked(); })) << "the run goes on";
+        }
+    }
+
+    /// What the source file of this name holds, and what the file that it meets holds.
+    static std::string Incoming(const std::wstring& name) { return "incoming " + base::ToUtf8(name); }
+    static std::string Existing(const std::wstring& name) { return "existing " + base::ToUtf8(name); }
 
     /// A source file that meets a file of its name at the destination.
     std::wstring Colliding(const std::wstring& name) const {
-        Tree().WriteFile(L"先\\" + name, "existing");
-        return Tree().WriteFile(L"元\\" + name, "incoming");
+        Tree().WriteFile(L"先\\" + name, Existing(name));
+        return Free(name);
     }
 
     /// A source file whose name is free at the destination.
-    std::wstring Free(const std::wstring& name) const { return Tree().WriteFile(L"元\\" + name, "incoming"); }
+    std::wstring Free(const std::wstring& name) const {
+        return Tree().WriteFile(L"元\\" + name, Incoming(name));
+    }
 
     /// Starts the run into 先, or into another folder of the tree.
     testing::AssertionResult Start(const std::vector<std::wstring>& items, int policy,
@@ -45,7 +57,7 @@ protected:
     RemoteDialog ProgressWindow() { return WaitForRunDialog(Run().FerryId(), RunDialog::Progress); }
 
     /// Whether the run ended by itself, asking nothing more.
-    bool Ends() { return WaitForProcess(Run().FerryId(), kPatienceMs); }
+    testing::AssertionResult Ends() { return EndsWell(); }
 
     /// The file's content below 先; empty when it is not there.
     std::string At(const std::wstring& name) const { return ReadBytes(Tree().Path(L"先\\" + name)); }
@@ -57,6 +69,17 @@ protected:
             names += (names.empty() ? L"" : L" ") + entry.first;
         }
         return names;
+    }
+
+private:
+    /// Skips the file that is asked about. False when the run is over.
+    bool SkipWhatIsAsked() {
+        const DWORD ferry = Run().FerryId();
+        for (const RunDialog kind : {RunDialog::Collision, RunDialog::Rename}) {
+            if (const RemoteDialog question = FindRunDialog(ferry, kind); question.IsOpen())
+                PostMessageW(question.Window(), WM_COMMAND, IDCANCEL, 0);
+        }
+        return Run().IsRunning() && !IsWindowVisible(Dialog().Window());
     }
 };
 

@@ -36,14 +36,18 @@ protected:
         return lines.empty() ? nullptr : reinterpret_cast<HWND>(std::stoull(lines[0][1], nullptr, 16));
     }
 
+    /// The exit code of the host; that of a running process when it does not end in time.
+    static DWORD EndOf(const ChildProcess& host, int timeoutMs = kPatienceMs) {
+        return host.WaitForEnd(timeoutMs).ExitCode;
+    }
+
     TempTree tree_;
     std::wstring log_ = tree_.Path(L"host.log");
 };
 
 TEST_F(SampleHost, PassesTheExitCodeOn) {
     const ChildProcess host = Start({L"--ferry", Interpreter(), L"--", L"/c", L"exit", L"7"});
-    ASSERT_TRUE(host.WaitForEnd(kPatienceMs));
-    EXPECT_EQ(host.ExitCode(), 7U);
+    EXPECT_EQ(EndOf(host), 7U);
     ASSERT_EQ(Lines(L"ENDED").size(), 1U);
     EXPECT_EQ(Lines(L"ENDED")[0][1], L"7");
 }
@@ -55,7 +59,7 @@ TEST_F(SampleHost, AnnouncesTenFieldsToTheProgramItStarts) {
                L"1",          L"--numbers",  L"10",     L"20", L"--size",
                L"4096",       L"--reserved", L"x",      L"y",  L"z",
                L"--trailing", L"end",        L"--",     L"/c", L"echo %KIV_ExCommand%>" + seen});
-    ASSERT_TRUE(host.WaitForEnd(kPatienceMs));
+    ASSERT_EQ(EndOf(host), 0U);
     EXPECT_TRUE(ReadBytes(seen).starts_with("2:1:10:20:4096:x:y:z:Share:end"));
 }
 
@@ -72,7 +76,7 @@ TEST_F(SampleHost, SharesTheBlockUnderItsName) {
     EXPECT_EQ(std::wstring(static_cast<const wchar_t*>(view.Get())), L"1\t1\tC:\\w\to\tC:\\あ.txt\tD:\\b\t");
     EXPECT_TRUE(base::MutexHandle(OpenMutexW(SYNCHRONIZE, FALSE, L"ShareMem_77_3_Mutex")));
     PostMessageW(window, WM_CLOSE, 0, 0);
-    EXPECT_TRUE(host.WaitForEnd(kPatienceMs));
+    EXPECT_EQ(EndOf(host), 0U);
 }
 
 TEST_F(SampleHost, LogsDataUpToItsNul) {
@@ -95,27 +99,24 @@ TEST_F(SampleHost, HandsOverAMillionItemsFromAFile) {
     const std::wstring items = tree_.WriteFile(L"items.txt", text);
     const ChildProcess host =
         Start({L"--ferry", Interpreter(), L"--items-file", items, L"--", L"/c", L"exit", L"0"});
-    ASSERT_TRUE(host.WaitForEnd(4 * kPatienceMs));
-    EXPECT_EQ(host.ExitCode(), 0U);
+    EXPECT_EQ(EndOf(host, 4 * kPatienceMs), 0U);
     ASSERT_EQ(Lines(L"BLOCK").size(), 1U);
     EXPECT_GT(std::stoul(Lines(L"BLOCK")[0][2]), 20000000U);
 }
 
 TEST_F(SampleHost, SaysWhenItCannotStartAProgram) {
     const ChildProcess host = Start({L"--ferry", tree_.Path(L"none.exe")});
-    ASSERT_TRUE(host.WaitForEnd(kPatienceMs));
-    EXPECT_EQ(host.ExitCode(), 120U);
+    EXPECT_EQ(EndOf(host), 120U);
 }
 
 TEST_F(SampleHost, RefusesAnOptionThatItDoesNotKnow) {
     const ChildProcess host = Start({L"--nonsense"});
-    ASSERT_TRUE(host.WaitForEnd(kPatienceMs));
-    EXPECT_EQ(host.ExitCode(), 2U);
+    EXPECT_EQ(EndOf(host), 2U);
 }
 
 TEST_F(SampleHost, EndsAfterTheSecondsItWasGiven) {
     const ChildProcess host = Start({L"--stay", L"--seconds", L"1"});
-    EXPECT_TRUE(host.WaitForEnd(kPatienceMs));
+    EXPECT_EQ(EndOf(host), 0U);
 }
 
 }  // namespace

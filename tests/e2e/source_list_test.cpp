@@ -3,6 +3,7 @@
 // After windows.h, which it builds on.
 #include <commctrl.h>
 
+#include "base/utf16.h"
 #include "e2e/fixture.h"
 
 namespace ferry::e2e {
@@ -14,7 +15,7 @@ protected:
         std::vector<std::wstring> items;
         for (const wchar_t* name :
              {L"apple", L"Banana", L"berry", L"cherry 1", L"資料", L"2024", L"bee", L"CHERRY 2"}) {
-            items.push_back(Tree().WriteFile(name, "x"));
+            items.push_back(Tree().WriteFile(name, base::ToUtf8(name)));
         }
         ASSERT_TRUE(Open(Plan(items)));
         list_ = Dialog().Control(kSourceList);
@@ -22,7 +23,7 @@ protected:
     }
 
     int Item(UINT state) const {
-        return static_cast<int>(SendMessageW(list_, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), state));
+        return static_cast<int>(Ask(list_, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), state));
     }
 
     /// The name of the one item that has the focus and the selection; empty when they differ.
@@ -36,12 +37,6 @@ protected:
             return testing::AssertionSuccess();
         }
         return testing::AssertionFailure() << testing::PrintToString(Current());
-    }
-
-    /// Lets every key that was pressed be handled.
-    void Settle() const {
-        Sleep(100);
-        SendMessageW(list_, WM_NULL, 0, 0);
     }
 
     HWND list_ = nullptr;
@@ -75,15 +70,13 @@ TEST_F(SourceList, AMoreExactTextKeepsAnItemThatStillMatches) {
     PressKey('C');
     ASSERT_TRUE(Becomes(L"cherry 1"));
     PressKey('H');
-    Settle();
-    EXPECT_EQ(Current(), L"cherry 1");
+    EXPECT_TRUE(StillHolds([&] { return Current() == L"cherry 1"; }));
     PressKey(VK_HOME);
     PressKey('C');
     PressKey('C');
     ASSERT_TRUE(Becomes(L"CHERRY 2"));
     PressKey('H');
-    Settle();
-    EXPECT_EQ(Current(), L"CHERRY 2");
+    EXPECT_TRUE(StillHolds([&] { return Current() == L"CHERRY 2"; }));
 }
 
 TEST_F(SourceList, AFirstKeyKeepsTheFocusedItemWhenThatMatches) {
@@ -92,8 +85,7 @@ TEST_F(SourceList, AFirstKeyKeepsTheFocusedItemWhenThatMatches) {
     ASSERT_TRUE(Becomes(L"berry"));
     Sleep(1300);
     PressKey('B');
-    Settle();
-    EXPECT_EQ(Current(), L"berry");
+    EXPECT_TRUE(StillHolds([&] { return Current() == L"berry"; }));
     PressKey('B');
     EXPECT_TRUE(Becomes(L"bee"));
 }
@@ -125,16 +117,14 @@ TEST_F(SourceList, ANameThatIsNotThereMovesNothing) {
     PressKey('B');
     EXPECT_TRUE(Becomes(L"Banana"));
     PressKey('X');
-    Settle();
-    EXPECT_EQ(Current(), L"Banana");
+    EXPECT_TRUE(StillHolds([&] { return Current() == L"Banana"; }));
 }
 
 TEST_F(SourceList, LettersWithControlAreNoTyping) {
     PressKey('B');
     EXPECT_TRUE(Becomes(L"Banana"));
     PressChord({VK_CONTROL, 'C'});
-    Settle();
-    EXPECT_EQ(Current(), L"Banana");
+    EXPECT_TRUE(StillHolds([&] { return Current() == L"Banana"; }));
 }
 
 }  // namespace

@@ -57,7 +57,7 @@ TEST_F(PressingStart, BlanksAroundTheDestinationDoNotMatter) {
 TEST_F(PressingStart, WorksWithTheKeyboardAlone) {
     ASSERT_TRUE(Dialog().TypeDestination(Tree().MakeFolder(L"先")));
     ASSERT_TRUE(Dialog().PressWithKeys(kStart));
-    ASSERT_TRUE(Run().WaitForEnd());
+    ASSERT_TRUE(EndsWell());
     EXPECT_EQ(ReadBytes(Tree().Path(L"先\\a.txt")), "a");
 }
 
@@ -77,7 +77,7 @@ TEST_F(PressingStart, SavesTheChoicesOfThisRun) {
 TEST_F(PressingStart, RemembersTheDestinationInTheHistory) {
     const std::wstring destination = Tree().MakeFolder(L"先");
     ASSERT_TRUE(Transfer(destination));
-    ASSERT_TRUE(Run().WaitForEnd());
+    ASSERT_TRUE(EndsWell());
     EXPECT_EQ(ReadText(kProgramKey, L"Ferry000"), destination);
     EXPECT_EQ(ReadText(kProgramKey, L"Ferry001"), L"");
 }
@@ -89,7 +89,7 @@ TEST_F(PressingStart, WithShiftHeldUsesTheChoicesWithoutSavingThem) {
     {
         const HeldKey shift(VK_SHIFT);
         ASSERT_TRUE(Dialog().PressWithKeys(kStart));
-        ASSERT_TRUE(WaitForProcess(Run().FerryId(), kPatienceMs));
+        ASSERT_TRUE(EndsWell());
     }
     EXPECT_EQ(ReadBytes(Tree().Path(L"先\\a.txt")), "a");
     for (const wchar_t* name : {L"Mode", L"Name", L"1", L"OpenTarget", L"TimeCmpType"}) {
@@ -118,14 +118,13 @@ TEST_F(PressingStart, TellsTheHostNothingOtherwise) {
 
 TEST_F(PressingStart, EndsWithExitCodeZero) {
     ASSERT_TRUE(Transfer(Tree().MakeFolder(L"先")));
-    ASSERT_TRUE(Run().WaitForEnd());
-    EXPECT_EQ(Run().ExitCode(), 0U);
+    ASSERT_TRUE(EndsWell());
 }
 
 TEST_F(PressingStart, CancelChangesNothing) {
     const TreeSnapshot before = ReadTree(Tree().Path(L"元"));
     Dialog().SetDestination(Tree().Path(L"先"));
-    ASSERT_TRUE(Run().CancelAndWait());
+    ASSERT_TRUE(CancelEndsWell());
     EXPECT_EQ(Differences(before, ReadTree(Tree().Path(L"元"))), "");
     EXPECT_FALSE(Exists(Tree().Path(L"先")));
 }

@@ -73,10 +73,10 @@ TEST_F(WindowMode, TheHostGetsTheForegroundBackWhenItAskedForIt) {
     ASSERT_TRUE(OpenInMode(L"1", {L"--activate", L"1", L"--stay"}));
     ASSERT_TRUE(TakeForeground(Dialog().Window()));
     const HWND host = Run().HostWindow();
-    ASSERT_TRUE(Run().CancelAndWait());
+    ASSERT_TRUE(CancelEndsWell());
     EXPECT_TRUE(WaitUntil([&] { return GetForegroundWindow() == host; }));
     PostMessageW(host, WM_CLOSE, 0, 0);
-    EXPECT_TRUE(Run().WaitForEnd());
+    EXPECT_TRUE(EndsWell());
 }
 
 }  // namespace

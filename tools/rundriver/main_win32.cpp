@@ -5,6 +5,7 @@
 // FERRY_E2E_APP and FERRY_E2E_HOST name the installed layout and the sample host.
 #include <cstdio>
 #include <cwchar>
+#include <exception>
 #include <string_view>
 
 #include "e2e/driver/surroundings.h"
@@ -58,5 +59,10 @@ int wmain(int count, wchar_t** arguments) {
     }
     wishes.Destination = arguments[index++];
     wishes.Items.assign(arguments + index, arguments + count);
-    return ferry::rundriver::WatchedRun(wishes).Perform() ? 0 : 1;
+    try {
+        return ferry::rundriver::WatchedRun(wishes).Perform() ? 0 : 1;
+    } catch (const std::exception& mishap) {
+        std::fprintf(stderr, "rundriver: %s\n", mishap.what());
+        return 1;
+    }
 }

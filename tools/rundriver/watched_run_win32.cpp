@@ -5,6 +5,7 @@
 #include <iterator>
 
 #include "base/utf16.h"
+#include "e2e/driver/ask.h"
 #include "e2e/driver/keys.h"
 #include "e2e/driver/message_box.h"
 #include "e2e/driver/poll.h"
@@ -40,7 +41,8 @@ const Question* QuestionIn(HWND window) {
 }
 
 void MoveTo(HWND window, int left, int top) {
-    SetWindowPos(window, nullptr, left, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    SetWindowPos(window, nullptr, left, top, 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_ASYNCWINDOWPOS);
 }
 
 /// The question would lie over the progress window; this way a picture shows both.
@@ -95,7 +97,7 @@ bool WatchedRun::ShowCandidates() {
         return Complain("the list of candidates does not open");
     e2e::PressKey(VK_DOWN);
     Pause("list");
-    SendMessageW(dialog_.Control(e2e::kDestination), CB_SHOWDROPDOWN, FALSE, 0);
+    e2e::Ask(dialog_.Control(e2e::kDestination), CB_SHOWDROPDOWN, FALSE, 0);
     return true;
 }
 
@@ -119,7 +121,8 @@ bool WatchedRun::WaitForEnd() {
         if (!AnswerWhatIsAsked())
             Sleep(e2e::kStepMs);
     }
-    return true;
+    const e2e::Ending ending = run_.WaitForEnd();
+    return ending.IsGood() || Complain(("Ferry ended badly: " + e2e::TextOf(ending)).c_str());
 }
 
 bool WatchedRun::AnswerWhatIsAsked() {

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdio>
 
 namespace ferry::e2e {
 namespace {
@@ -33,6 +34,22 @@ JobHandle MakeJob() {
 
 }  // namespace
 
+std::string TextOf(const Ending& ending) {
+    if (!ending.HasEnded)
+        return "still running";
+    char text[32] = {};
+    std::snprintf(text, sizeof(text), "exit code 0x%lX", ending.ExitCode);
+    return text;
+}
+
+Ending WaitForEnding(const base::ProcessHandle& process, int timeoutMs) {
+    Ending ending;
+    ending.HasEnded = WaitForSingleObject(process.Get(), static_cast<DWORD>(timeoutMs)) == WAIT_OBJECT_0;
+    if (ending.HasEnded)
+        GetExitCodeProcess(process.Get(), &ending.ExitCode);
+    return ending;
+}
+
 ChildProcess::ChildProcess(const std::wstring& path, const std::vector<std::wstring>& arguments)
     : job_(MakeJob()) {
     // Wine starts the process of its desktop for the first program that asks for it. It must not be a
@@ -57,17 +74,11 @@ ChildProcess::ChildProcess(const std::wstring& path, const std::vector<std::wstr
 }
 
 bool ChildProcess::IsRunning() const noexcept {
-    return IsStarted() && !WaitForEnd(0);
+    return IsStarted() && !WaitForEnd(0).HasEnded;
 }
 
-bool ChildProcess::WaitForEnd(int timeoutMs) const noexcept {
-    return WaitForSingleObject(process_.Get(), static_cast<DWORD>(timeoutMs)) == WAIT_OBJECT_0;
-}
-
-DWORD ChildProcess::ExitCode() const noexcept {
-    DWORD code = STILL_ACTIVE;
-    GetExitCodeProcess(process_.Get(), &code);
-    return code;
+Ending ChildProcess::WaitForEnd(int timeoutMs) const noexcept {
+    return WaitForEnding(process_, timeoutMs);
 }
 
 void WaitForIdleProcess(DWORD processId, int timeoutMs) {
@@ -87,11 +98,6 @@ bool HasGraphics(DWORD processId) {
         reinterpret_cast<const std::byte*>(information.PebBaseAddress) + kGraphicsTableOffset;
     void* table = nullptr;
     return ReadProcessMemory(process.Get(), place, &table, sizeof(table), nullptr) && table != nullptr;
-}
-
-bool WaitForProcess(DWORD processId, int timeoutMs) {
-    const base::ProcessHandle process(OpenProcess(SYNCHRONIZE, FALSE, processId));
-    return !process || WaitForSingleObject(process.Get(), static_cast<DWORD>(timeoutMs)) == WAIT_OBJECT_0;
 }
 
 }  // namespace ferry::e2e

@@ -12,6 +12,21 @@ namespace ferry::e2e {
 
 using JobHandle = base::KernelObject<struct JobKind>;
 
+/// How a process ended, or that it has not.
+struct Ending {
+    bool HasEnded = false;
+    DWORD ExitCode = STILL_ACTIVE;
+
+    /// Whether it ended by itself and says that all is well. A crash leaves its exception's number.
+    bool IsGood() const noexcept { return HasEnded && ExitCode == 0; }
+};
+
+/// What there is to say of an ending: "still running", "exit code 0xC0000005".
+std::string TextOf(const Ending& ending);
+
+/// How a process ends within `timeoutMs`.
+Ending WaitForEnding(const base::ProcessHandle& process, int timeoutMs);
+
 /// A started process. It and its children end with this object at the latest.
 class ChildProcess {
 public:
@@ -21,11 +36,8 @@ public:
     bool IsStarted() const noexcept { return static_cast<bool>(process_); }
     bool IsRunning() const noexcept;
 
-    /// Waits for the end. False when the process still runs afterwards.
-    bool WaitForEnd(int timeoutMs) const noexcept;
-
-    /// The exit code of a process that has ended.
-    DWORD ExitCode() const noexcept;
+    /// Waits for the end of the process, but no longer than `timeoutMs`.
+    Ending WaitForEnd(int timeoutMs) const noexcept;
 
     DWORD Id() const noexcept { return id_; }
 
@@ -42,8 +54,5 @@ void WaitForIdleProcess(DWORD processId, int timeoutMs);
 /// own code runs. Once in thousands of starts Wine fails to load its graphics library into a process: that
 /// one can show nothing, and how it ends says nothing about the program.
 bool HasGraphics(DWORD processId);
-
-/// Waits until the process has ended. True when it has.
-bool WaitForProcess(DWORD processId, int timeoutMs);
 
 }  // namespace ferry::e2e

@@ -1,5 +1,7 @@
 #include "e2e/driver/ferry_run.h"
 
+#include <algorithm>
+
 #include "e2e/driver/file_op_log.h"
 #include "e2e/driver/surroundings.h"
 #include "samplehost/delivery_win32.h"
@@ -7,6 +9,9 @@
 
 namespace ferry::e2e {
 namespace {
+
+/// What a process that is ended hard leaves as its exit code.
+constexpr UINT kHardEndCode = 1;
 
 std::wstring ProgramOf(const RunPlan& plan) {
     return FerryPath(plan.AppFolder.empty() ? AppFolder() : plan.AppFolder);
@@ -39,6 +44,10 @@ ChildProcess StartOf(const RunPlan& plan) {
 
 FerryRun::FerryRun(const RunPlan& plan) : plan_(plan), process_(StartOf(plan)) {}
 
+FerryRun::~FerryRun() {
+    Close();
+}
+
 std::optional<std::vector<std::wstring>> FerryRun::HostLine(const std::wstring& kind) const {
     for (const auto& line : HostLines()) {
         if (line.front() == kind && line.size() > 1)
@@ -58,6 +67,7 @@ bool FerryRun::WaitForStart() {
         hostHasGraphics_ = hostHasGraphics_ || HasGraphics(process_.Id());
         const auto line = HostLine(L"STARTED");
         ferryId_ = line ? std::stoul((*line)[1]) : 0;
+        ferry_.Reset(OpenProcess(SYNCHRONIZE | PROCESS_QUERY_INFORMATION, FALSE, ferryId_));
         return line.has_value();
     });
 }
@@ -76,17 +86,62 @@ RemoteDialog FerryRun::WaitForDialog() {
     return dialog_;
 }
 
-bool FerryRun::WaitForEnd(int timeoutMs) {
-    return process_.WaitForEnd(timeoutMs);
+Ending FerryRun::WaitForEnd(int timeoutMs) {
+    const Ending ending = FerryEnding(timeoutMs);
+    return ending.IsGood() && EndsWithHost() ? WaitForHost() : ending;
 }
 
-bool FerryRun::CancelAndWait() {
+Ending FerryRun::FerryEnding(int timeoutMs) const {
+    if (ferry_)
+        return WaitForEnding(ferry_, timeoutMs);
+    if (!plan_.ThroughHost)
+        return process_.WaitForEnd(timeoutMs);
+    // It was gone before it could be looked at; the host knows.
+    Ending ending;
+    WaitUntil(
+        [&] {
+            if (const auto line = HostLine(L"ENDED"))
+                ending = {true, static_cast<DWORD>(std::stoul((*line)[1]))};
+            return ending.HasEnded;
+        },
+        timeoutMs);
+    return ending;
+}
+
+bool FerryRun::EndsWithHost() const {
+    return plan_.ThroughHost &&
+           std::ranges::find(plan_.HostArguments, L"--stay") == plan_.HostArguments.end();
+}
+
+Ending FerryRun::CancelAndWait() {
     dialog_.Click(kCancel);
-    return ferryId_ != 0 && WaitForProcess(ferryId_, kPatienceMs);
+    return WaitForEnd();
+}
+
+bool FerryRun::EndHard() {
+    ExcuseEnd();
+    const base::ProcessHandle process(OpenProcess(PROCESS_TERMINATE | SYNCHRONIZE, FALSE, ferryId_));
+    return process && TerminateProcess(process.Get(), kHardEndCode) &&
+           WaitForEnding(process, kPatienceMs).HasEnded;
 }
 
 bool FerryRun::IsRunning() const {
-    return ferryId_ != 0 && !WaitForProcess(ferryId_, 0);
+    return ferryId_ != 0 && !FerryEnding(0).HasEnded;
+}
+
+void FerryRun::Close() {
+    if (ferryId_ == 0 || isEndExcused_ || !plan_.Complain)
+        return;
+    if (!IsRunning()) {
+        if (const Ending ending = WaitForEnd(); !ending.IsGood())
+            plan_.Complain("Ferry's end: " + TextOf(ending));
+        return;
+    }
+    // A dialog that waits for another window of its own does not take Cancel.
+    if (!dialog_.IsOpen() || !IsWindowEnabled(dialog_.Window()))
+        plan_.Complain("Ferry was left running, with a window that waits for an answer");
+    else if (const Ending ending = CancelAndWait(); !ending.IsGood())
+        plan_.Complain("Ferry's end by Cancel: " + TextOf(ending));
 }
 
 HWND FerryRun::HostWindow() const {

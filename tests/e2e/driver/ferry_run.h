@@ -3,7 +3,7 @@
 
 #include <windows.h>
 
-#include <memory>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -24,6 +24,8 @@ struct RunPlan {
     bool ThroughHost = true;                  ///< False: Ferry alone, without a host.
     std::wstring Variable;                    ///< The host variable of a Ferry alone; empty: none.
     std::wstring LogFile;                     ///< Where the sample host logs; needed with ThroughHost.
+    /// Hears how a run ended badly. Needed: no ending goes unseen.
+    std::function<void(const std::string&)> Complain;
 };
 
 /// One WM_COPYDATA that the host received.
@@ -34,10 +36,14 @@ struct ReceivedData {
     std::wstring Text;
 };
 
-/// A started Ferry. It ends with this object at the latest.
+/// A started Ferry. It ends with this object at the latest: one that still runs then is cancelled, and the
+/// plan's Complain hears of it when it did not end by itself with exit code 0.
 class FerryRun {
 public:
     explicit FerryRun(const RunPlan& plan);
+    ~FerryRun();
+    FerryRun(const FerryRun&) = delete;
+    FerryRun& operator=(const FerryRun&) = delete;
 
     /// Waits until the host has told Ferry's process id. False when nothing was started.
     bool WaitForStart();
@@ -48,18 +54,24 @@ public:
     /// Whether no dialog can come, since the host or Ferry itself was started without graphics.
     bool LacksGraphics() const noexcept { return ferryId_ == 0 ? !hostHasGraphics_ : !ferryHasGraphics_; }
 
-    /// Waits until Ferry, and the host with it, have ended.
-    bool WaitForEnd(int timeoutMs = kPatienceMs);
+    /// However this run ends, it is no complaint.
+    void ExcuseEnd() noexcept { isEndExcused_ = true; }
+
+    /// Waits for Ferry's end. A host that nobody asked to stay ends with it and passes its exit code on.
+    Ending WaitForEnd(int timeoutMs = kPatienceMs);
+
+    /// Waits for the end of the host.
+    Ending WaitForHost() const { return process_.WaitForEnd(kPatienceMs); }
 
     /// Presses Cancel and waits for the end.
-    bool CancelAndWait();
+    Ending CancelAndWait();
+
+    /// Ends Ferry at once, in the middle of whatever it does, and waits until it is gone. Its end is excused.
+    bool EndHard();
 
     bool IsRunning() const;
 
     DWORD FerryId() const noexcept { return ferryId_; }
-
-    /// The exit code of the started program: Ferry's own, which the host passes on.
-    DWORD ExitCode() const { return process_.ExitCode(); }
 
     /// The host's window, when a host was started.
     HWND HostWindow() const;
@@ -72,10 +84,15 @@ public:
 
 private:
     std::optional<std::vector<std::wstring>> HostLine(const std::wstring& kind) const;
+    Ending FerryEnding(int timeoutMs) const;
+    bool EndsWithHost() const;
+    void Close();
 
     RunPlan plan_;
     ChildProcess process_;
+    base::ProcessHandle ferry_;
     DWORD ferryId_ = 0;
+    bool isEndExcused_ = false;
     bool hostHasGraphics_ = false;
     bool ferryHasGraphics_ = false;
     RemoteDialog dialog_;

@@ -1,5 +1,6 @@
 #include "e2e/driver/message_box.h"
 
+#include "e2e/driver/ask.h"
 #include "e2e/driver/poll.h"
 #include "samplehost/process_windows_win32.h"
 
@@ -19,10 +20,9 @@ bool IsMessageBox(HWND window) {
 }  // namespace
 
 std::wstring RemoteText(HWND window) {
-    const LRESULT length = SendMessageW(window, WM_GETTEXTLENGTH, 0, 0);
+    const LRESULT length = Ask(window, WM_GETTEXTLENGTH);
     std::wstring text(static_cast<std::size_t>(length) + 1, L'\0');
-    const LRESULT copied =
-        SendMessageW(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
+    const LRESULT copied = Ask(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
     text.resize(static_cast<std::size_t>(copied));
     return text;
 }

@@ -8,9 +8,6 @@ namespace ferry::e2e {
 /// Long enough for a busy machine; a test that passes never waits so long.
 inline constexpr int kPatienceMs = 15000;
 
-/// How long a test watches for something that must not happen.
-inline constexpr int kCalmMs = 300;
-
 /// How often a condition is asked.
 inline constexpr int kStepMs = 5;
 
@@ -24,12 +21,6 @@ bool WaitUntil(Condition condition, int timeoutMs = kPatienceMs) {
         Sleep(kStepMs);
     }
     return true;
-}
-
-/// True when `condition` holds all the time while a test looks on for `watchMs`.
-template <class Condition>
-bool Stays(Condition condition, int watchMs = kCalmMs) {
-    return !WaitUntil([&] { return !condition(); }, watchMs);
 }
 
 }  // namespace ferry::e2e

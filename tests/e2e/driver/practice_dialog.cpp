@@ -6,6 +6,7 @@
 
 #include <string>
 
+#include "e2e/driver/practice_dialog.h"
 #include "e2e/driver/remote_dialog.h"
 
 namespace {
@@ -85,6 +86,14 @@ INT_PTR CALLBACK Procedure(HWND dialog, UINT message, WPARAM first, LPARAM secon
                 Start(dialog);
             if (LOWORD(first) == kCancel)
                 EndDialog(dialog, 0);
+            return TRUE;
+        case practice::kEnd:
+            ExitProcess(static_cast<UINT>(first));
+        case practice::kHang:
+            Sleep(INFINITE);
+            return TRUE;
+        case practice::kLinger:
+            Sleep(static_cast<DWORD>(first));
             return TRUE;
         default:
             return FALSE;

@@ -1,6 +1,5 @@
 #include "e2e/driver/process_windows.h"
 
-#include "base/handles_win32.h"
 #include "e2e/driver/poll.h"
 #include "samplehost/process_windows_win32.h"
 
@@ -19,12 +18,6 @@ HWND WaitForWindowOf(DWORD processId, const std::wstring& title) {
     HWND window = nullptr;
     WaitUntil([&] { return (window = FindWindowOf(processId, title)) != nullptr; });
     return window;
-}
-
-bool EndProcessHard(DWORD processId) {
-    const base::ProcessHandle process(OpenProcess(PROCESS_TERMINATE | SYNCHRONIZE, FALSE, processId));
-    return process && TerminateProcess(process.Get(), 1) &&
-           WaitForSingleObject(process.Get(), kPatienceMs) == WAIT_OBJECT_0;
 }
 
 }  // namespace ferry::e2e

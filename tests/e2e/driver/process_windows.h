@@ -13,7 +13,4 @@ HWND FindWindowOf(DWORD processId, const std::wstring& title);
 /// Waits for such a window; null when it does not come.
 HWND WaitForWindowOf(DWORD processId, const std::wstring& title);
 
-/// Ends the process at once, in the middle of whatever it does, and waits until it is gone.
-bool EndProcessHard(DWORD processId);
-
 }  // namespace ferry::e2e

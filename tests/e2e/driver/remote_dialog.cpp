@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "base/handles_win32.h"
+#include "e2e/driver/ask.h"
 #include "e2e/driver/keys.h"
 #include "e2e/driver/message_box.h"
 #include "e2e/driver/poll.h"
@@ -65,23 +66,23 @@ bool RemoteDialog::IsEnabled(int id) const {
 }
 
 bool RemoteDialog::IsChecked(int id) const {
-    return SendMessageW(Control(id), BM_GETCHECK, 0, 0) == BST_CHECKED;
+    return Ask(Control(id), BM_GETCHECK) == BST_CHECKED;
 }
 
 bool RemoteDialog::Choose(int id, bool checked) const {
     if (IsChecked(id) == checked)
         return true;
-    SendMessageW(Control(id), BM_CLICK, 0, 0);
+    Ask(Control(id), BM_CLICK);
     return WaitUntil([&] { return IsChecked(id) == checked; });
 }
 
 void RemoteDialog::Select(int id, int index) const {
-    SendMessageW(Control(id), CB_SETCURSEL, static_cast<WPARAM>(index), 0);
-    SendMessageW(window_, WM_COMMAND, MAKEWPARAM(id, CBN_SELCHANGE), reinterpret_cast<LPARAM>(Control(id)));
+    Ask(Control(id), CB_SETCURSEL, static_cast<WPARAM>(index), 0);
+    Ask(window_, WM_COMMAND, MAKEWPARAM(id, CBN_SELCHANGE), reinterpret_cast<LPARAM>(Control(id)));
 }
 
 HWND RemoteDialog::DestinationEdit() const {
-    return reinterpret_cast<HWND>(SendMessageW(Control(kDestination), CBEM_GETEDITCONTROL, 0, 0));
+    return reinterpret_cast<HWND>(Ask(Control(kDestination), CBEM_GETEDITCONTROL));
 }
 
 std::wstring RemoteDialog::Destination() const {
@@ -89,19 +90,19 @@ std::wstring RemoteDialog::Destination() const {
 }
 
 void RemoteDialog::SetDestination(const std::wstring& path) const {
-    SendMessageW(DestinationEdit(), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(path.c_str()));
+    Ask(DestinationEdit(), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(path.c_str()));
 }
 
 bool RemoteDialog::IsDestinationListOpen() const {
-    return SendMessageW(Control(kDestination), CB_GETDROPPEDSTATE, 0, 0) != FALSE;
+    return Ask(Control(kDestination), CB_GETDROPPEDSTATE) != FALSE;
 }
 
 int RemoteDialog::DestinationListCount() const {
-    return static_cast<int>(SendMessageW(Control(kDestination), CB_GETCOUNT, 0, 0));
+    return static_cast<int>(Ask(Control(kDestination), CB_GETCOUNT));
 }
 
 int RemoteDialog::DestinationListSelection() const {
-    return static_cast<int>(SendMessageW(Control(kDestination), CB_GETCURSEL, 0, 0));
+    return static_cast<int>(Ask(Control(kDestination), CB_GETCURSEL));
 }
 
 std::wstring RemoteDialog::DestinationListText(int index) const {
@@ -112,7 +113,7 @@ std::wstring RemoteDialog::DestinationListText(int index) const {
     item.cchTextMax = kItemTextUnits;
     item.pszText = reinterpret_cast<wchar_t*>(memory.Place() + sizeof(item));
     memory.Write(&item, sizeof(item));
-    SendMessageW(Control(kDestination), CBEM_GETITEMW, 0, reinterpret_cast<LPARAM>(memory.Place()));
+    Ask(Control(kDestination), CBEM_GETITEMW, 0, reinterpret_cast<LPARAM>(memory.Place()));
     std::wstring text(kItemTextUnits, L'\0');
     memory.Read(sizeof(item), text.data(), text.size() * sizeof(wchar_t));
     text.resize(std::min(text.find(L'\0'), text.size()));
@@ -120,14 +121,14 @@ std::wstring RemoteDialog::DestinationListText(int index) const {
 }
 
 std::pair<int, int> RemoteDialog::DestinationSelection() const {
-    const auto range = static_cast<DWORD>(SendMessageW(DestinationEdit(), EM_GETSEL, 0, 0));
+    const auto range = static_cast<DWORD>(Ask(DestinationEdit(), EM_GETSEL));
     return {LOWORD(range), HIWORD(range)};
 }
 
 bool RemoteDialog::Focus(HWND control) const {
     if (!TakeForeground(window_))
         return false;
-    SendMessageW(window_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control), TRUE);
+    Ask(window_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control), TRUE);
     return WaitForFocus(control);
 }
 
@@ -164,7 +165,7 @@ bool RemoteDialog::PressWithKeys(int id) const {
 }
 
 int RemoteDialog::SourceCount() const {
-    return static_cast<int>(SendMessageW(Control(kSourceList), LVM_GETITEMCOUNT, 0, 0));
+    return static_cast<int>(Ask(Control(kSourceList), LVM_GETITEMCOUNT));
 }
 
 std::wstring RemoteDialog::SourceText(int index) const {
@@ -173,8 +174,8 @@ std::wstring RemoteDialog::SourceText(int index) const {
     item.cchTextMax = kItemTextUnits;
     item.pszText = reinterpret_cast<wchar_t*>(memory.Place() + sizeof(item));
     memory.Write(&item, sizeof(item));
-    const LRESULT length = SendMessageW(Control(kSourceList), LVM_GETITEMTEXTW, static_cast<WPARAM>(index),
-                                        reinterpret_cast<LPARAM>(memory.Place()));
+    const LRESULT length = Ask(Control(kSourceList), LVM_GETITEMTEXTW, static_cast<WPARAM>(index),
+                               reinterpret_cast<LPARAM>(memory.Place()));
     std::wstring text(static_cast<std::size_t>(length), L'\0');
     memory.Read(sizeof(item), text.data(), text.size() * sizeof(wchar_t));
     return text;
@@ -183,11 +184,11 @@ std::wstring RemoteDialog::SourceText(int index) const {
 std::vector<std::wstring> RemoteDialog::TabFolders() const {
     const HWND list = Control(kTabFoldersList);
     std::vector<std::wstring> folders;
-    const LRESULT count = SendMessageW(list, LB_GETCOUNT, 0, 0);
+    const LRESULT count = Ask(list, LB_GETCOUNT);
     for (LRESULT index = 0; index < count; ++index) {
-        const LRESULT length = SendMessageW(list, LB_GETTEXTLEN, static_cast<WPARAM>(index), 0);
+        const LRESULT length = Ask(list, LB_GETTEXTLEN, static_cast<WPARAM>(index), 0);
         std::wstring text(static_cast<std::size_t>(length) + 1, L'\0');
-        SendMessageW(list, LB_GETTEXT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(text.data()));
+        Ask(list, LB_GETTEXT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(text.data()));
         text.resize(static_cast<std::size_t>(length));
         folders.push_back(text);
     }

@@ -1,6 +1,9 @@
 #include "e2e/driver/settings_guard.h"
 
 #include <cstring>
+#include <span>
+
+#include "base/utf16.h"
 
 namespace ferry::e2e {
 namespace {
@@ -55,8 +58,7 @@ std::optional<std::wstring> ReadText(const wchar_t* key, const std::wstring& nam
     const auto found = values.find(name);
     if (found == values.end() || found->second.Type != REG_SZ)
         return std::nullopt;
-    std::wstring text(found->second.Bytes.size() / sizeof(wchar_t), L'\0');
-    std::memcpy(text.data(), found->second.Bytes.data(), text.size() * sizeof(wchar_t));
+    std::wstring text = base::UnitsFromBytes(std::as_bytes(std::span(found->second.Bytes)));
     return text.substr(0, text.find(L'\0'));
 }
 

@@ -50,6 +50,21 @@ std::wstring BaseFolder() {
     return base.empty() ? L"C:\\ferry-e2e" : base;
 }
 
+std::wstring OtherVolume() {
+    return Variable(L"FERRY_OTHER_VOLUME");
+}
+
+std::wstring WhyNoTestService() {
+    constexpr wchar_t kServer[] =
+        L"Software\\Classes\\CLSID\\{3AD05575-8857-4850-9277-11B85BDB8E09}\\InprocServer32";
+    wchar_t path[1024] = {};
+    DWORD size = sizeof(path);
+    RegGetValueW(HKEY_LOCAL_MACHINE, kServer, nullptr, RRF_RT_REG_SZ, nullptr, path, &size);
+    if (std::wstring_view(path).ends_with(L"ferry_fileop.dll"))
+        return {};
+    return L"the file-operation service of the tests is not registered";
+}
+
 std::wstring MissingSurroundings() {
     if (!IsFile(FerryPath(AppFolder())))
         return L"FERRY_E2E_APP names no folder with Command\\Ferry\\Ferry.exe";

@@ -28,6 +28,13 @@ std::wstring HostPath();
 /// The folder in which the tests make their trees: FERRY_E2E_BASE, or C:\ferry-e2e.
 std::wstring BaseFolder();
 
+/// A folder on another volume than the base folder's, from FERRY_OTHER_VOLUME; empty when there is none.
+std::wstring OtherVolume();
+
+/// Why the tests that read the file-operation service's log, plan its faults or know its windows cannot run
+/// here; empty where the service is registered. A real Windows does without it.
+std::wstring WhyNoTestService();
+
 /// What is missing for a run, as a sentence; empty when everything is there.
 std::wstring MissingSurroundings();
 

@@ -14,13 +14,6 @@ namespace {
 constexpr long long kMoment = 132224078460000000LL;
 constexpr double kTicksInSecond = 1e7;
 
-void MakeFolders(const std::wstring& path) {
-    for (std::size_t at = path.find(L'\\', 3); at != std::wstring::npos; at = path.find(L'\\', at + 1)) {
-        CreateDirectoryW(LongForm(path.substr(0, at)).c_str(), nullptr);  // most exist already
-    }
-    CreateDirectoryW(LongForm(path).c_str(), nullptr);
-}
-
 base::FileHandle OpenForWriting(std::wstring_view path) {
     return base::FileHandle(CreateFileW(LongForm(path).c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
                                         CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
@@ -37,6 +30,13 @@ void WriteAll(const base::FileHandle& file, std::string_view content) {
 }
 
 }  // namespace
+
+void MakeFolders(const std::wstring& path) {
+    for (std::size_t at = path.find(L'\\', 3); at != std::wstring::npos; at = path.find(L'\\', at + 1)) {
+        CreateDirectoryW(LongForm(path.substr(0, at)).c_str(), nullptr);  // most exist already
+    }
+    CreateDirectoryW(LongForm(path).c_str(), nullptr);
+}
 
 std::wstring LongForm(std::wstring_view path) {
     return L"\\\\?\\" + std::wstring(path);
@@ -80,9 +80,11 @@ void RemoveAll(const std::wstring& path) {
     RemoveDirectoryW(longPath.c_str());
 }
 
-TempTree::TempTree() {
+TempTree::TempTree() : TempTree(BaseFolder()) {}
+
+TempTree::TempTree(const std::wstring& base) {
     static int count = 0;
-    root_ = BaseFolder() + L"\\" + std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(++count);
+    root_ = base + L"\\" + std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(++count);
     RemoveAll(root_);
     MakeFolders(root_);
 }

@@ -8,10 +8,11 @@
 
 namespace ferry::e2e {
 
-/// A new folder below the base folder; removed with all its contents at the end.
+/// A new folder below the base folder, or below `base`; removed with all its contents at the end.
 class TempTree {
 public:
     TempTree();
+    explicit TempTree(const std::wstring& base);
     ~TempTree();
     TempTree(const TempTree&) = delete;
     TempTree& operator=(const TempTree&) = delete;
@@ -37,6 +38,9 @@ public:
 private:
     std::wstring root_;
 };
+
+/// Makes a folder with its missing parents.
+void MakeFolders(const std::wstring& path);
 
 /// `path` in the form that has no length limit.
 std::wstring LongForm(std::wstring_view path);

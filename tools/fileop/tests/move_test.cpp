@@ -62,7 +62,7 @@ TEST_F(MoveTest, RefusesAFolderIntoItself) {
 
 std::wstring OtherVolume() {
     wchar_t path[MAX_PATH] = {};
-    GetEnvironmentVariableW(L"FERRY_FILEOP_OTHER_VOLUME", path, MAX_PATH);
+    GetEnvironmentVariableW(L"FERRY_OTHER_VOLUME", path, MAX_PATH);
     return path;
 }
 
@@ -73,7 +73,7 @@ protected:
 
     void SetUp() override {
         if (other_.Path().empty() || !ItemOf(other_.Path())) {
-            GTEST_SKIP() << "FERRY_FILEOP_OTHER_VOLUME names no folder";
+            GTEST_SKIP() << "FERRY_OTHER_VOLUME names no folder";
         }
         const auto probe = folder_.MakeFile(L"probe", "");
         if (MoveFileExW(probe.c_str(), other_.In(L"probe").c_str(), 0) ||

@@ -17,6 +17,31 @@ std::wstring OwnFolder() {
     return path.substr(0, path.rfind(L'\\') + 1);
 }
 
+constexpr wchar_t kServerKey[] =
+    L"Software\\Classes\\CLSID\\{3AD05575-8857-4850-9277-11B85BDB8E09}\\InprocServer32";
+
+/// The tests register the library beside them; the one that stood there before comes back afterwards.
+class KeepsRegistration : public testing::Environment {
+public:
+    void SetUp() override {
+        DWORD size = sizeof(before_);
+        hasBefore_ = RegGetValueW(HKEY_LOCAL_MACHINE, kServerKey, nullptr, RRF_RT_REG_SZ, nullptr, before_,
+                                  &size) == ERROR_SUCCESS;
+    }
+    void TearDown() override {
+        if (hasBefore_)
+            RegSetKeyValueW(HKEY_LOCAL_MACHINE, kServerKey, nullptr, REG_SZ, before_,
+                            static_cast<DWORD>((wcslen(before_) + 1) * sizeof(wchar_t)));
+    }
+
+private:
+    wchar_t before_[1024] = {};
+    bool hasBefore_ = false;
+};
+
+const testing::Environment* const kKeepsRegistration =
+    testing::AddGlobalTestEnvironment(new KeepsRegistration);
+
 }  // namespace
 
 ServiceTest::ServiceTest() {

@@ -1,0 +1,17 @@
+// What the practice dialog does when it is told to, beside what a dialog does anyway.
+#pragma once
+
+#include <windows.h>
+
+namespace ferry::e2e::practice {
+
+/// Ends at once with the exit code in the first parameter.
+inline constexpr UINT kEnd = WM_APP;
+
+/// Hangs for ever.
+inline constexpr UINT kHang = WM_APP + 1;
+
+/// Does nothing else for so many milliseconds.
+inline constexpr UINT kLinger = WM_APP + 2;
+
+}  // namespace ferry::e2e::practice
