@@ -75,6 +75,18 @@ TEST_F(Arrival, ABlockAfterBothDropsLeavesNoTrace) {
     EXPECT_EQ(Dialog().SourceCount(), 1);
 }
 
+TEST_F(Arrival, WhatCountsIsAnsweredAndWhatDoesNotIsLeftToTheSystem) {
+    const auto block = BlockBytes({L"C:\\Work\\a.txt"}, {});
+    const auto path = samplehost::TextPayload(L"D:\\a");
+    ASSERT_TRUE(OpenWithoutHost());
+    EXPECT_EQ(AnswerTo(samplehost::kBlockTag, block), TRUE);
+    EXPECT_EQ(AnswerTo(254, path), FALSE);
+    ASSERT_TRUE(DropFile());
+    EXPECT_EQ(AnswerTo(samplehost::kBlockTag, block), FALSE) << "something was dropped";
+    EXPECT_EQ(AnswerTo(100, path), TRUE);
+    EXPECT_EQ(AnswerTo(400, path), FALSE);
+}
+
 TEST_F(Arrival, ADestinationMessageCountsBeforeBetweenAndAfterTheDrops) {
     ASSERT_TRUE(OpenWithoutHost());
     ASSERT_TRUE(SendDestination(100, L"D:\\before"));

@@ -55,6 +55,41 @@ TEST_F(ConfirmationDialog, WithoutAHostItIsEmptyAndCannotStart) {
     EXPECT_TRUE(HasDestinationFocus());
 }
 
+TEST_F(ConfirmationDialog, AFreshUserCopiesInOneBatchAndComparesTimesExactly) {
+    ASSERT_TRUE(OpenWith({}));
+    EXPECT_TRUE(Dialog().IsChecked(kCopy));
+    EXPECT_TRUE(Dialog().IsChecked(kBatch));
+    EXPECT_TRUE(Dialog().IsChecked(PolicyControl(0)));
+    EXPECT_FALSE(Dialog().IsChecked(kNoAsk));
+    EXPECT_FALSE(Dialog().IsChecked(kOpenDestination));
+    EXPECT_EQ(Ask(Dialog().Control(kPrecision), CB_GETCURSEL), 0);
+}
+
+TEST_F(ConfirmationDialog, WhatWasStoredIsChosenAtStart) {
+    WriteNumber(kProgramKey, L"Mode", 1);
+    WriteNumber(kProgramKey, L"Name", 6);
+    WriteNumber(kProgramKey, L"1", 1);
+    WriteNumber(kProgramKey, L"OpenTarget", 1);
+    WriteNumber(kProgramKey, L"TimeCmpType", 2);
+    ASSERT_TRUE(OpenWith({}));
+    EXPECT_TRUE(Dialog().IsChecked(kIndividual));
+    EXPECT_TRUE(Dialog().IsChecked(PolicyControl(6)));
+    EXPECT_TRUE(Dialog().IsChecked(kNoAsk));
+    EXPECT_TRUE(Dialog().IsChecked(kOpenDestination));
+    EXPECT_EQ(Ask(Dialog().Control(kPrecision), CB_GETCURSEL), 2);
+}
+
+TEST_F(ConfirmationDialog, WithAnEmptyListTheStartDoesNothing) {
+    ASSERT_TRUE(OpenWithoutHost());
+    ASSERT_TRUE(SendBlock({}, {}));
+    ASSERT_TRUE(WaitUntil([&] { return Dialog().IsEnabled(kStart); }));
+    Dialog().SetDestination(Tree().Path(L"先"));
+    Dialog().Click(kStart);
+    EXPECT_TRUE(StillHolds([&] { return Run().IsRunning() && IsWindowVisible(Dialog().Window()); }));
+    EXPECT_FALSE(Exists(Tree().Path(L"先"))) << "not even the folder is made";
+    EXPECT_EQ(FindMessageBox(Run().FerryId()).Window, nullptr);
+}
+
 TEST_F(ConfirmationDialog, TheFirstDropAndABlockEnableTheStart) {
     ASSERT_TRUE(OpenWithoutHost());
     ASSERT_TRUE(Drop({Tree().WriteFile(L"a.txt", "a")}));
@@ -115,6 +150,21 @@ TEST_F(ConfirmationDialog, ANegativePresetIsRefusedAndNotClamped) {
     const RemoteDialog dialog = run.WaitForDialog();
     ASSERT_TRUE(dialog.IsOpen());
     EXPECT_EQ(dialog.Destination(), L"");
+    EXPECT_TRUE(run.CancelAndWait().IsGood());
+}
+
+TEST_F(ConfirmationDialog, ANegativePresetLeavesTheRestOfTheStartUndone) {
+    RunPlan plan = Plan({L"C:\\Work\\a.txt"}, {L"D:\\a", L"D:\\b"});
+    plan.Switches = {L"/t", L"/s=-1"};
+    plan.HostArguments = {L"--mode", L"2"};
+    FerryRun run(plan);
+    ASSERT_TRUE(run.WaitForStart());
+    ASSERT_TRUE(DismissMessageBox(WaitForMessageBox(run.FerryId())));
+    const RemoteDialog dialog = run.WaitForDialog();
+    ASSERT_TRUE(dialog.IsOpen());
+    EXPECT_TRUE(dialog.IsShown(kTabFoldersButton));
+    EXPECT_TRUE(dialog.IsShown(kTabFoldersList));
+    EXPECT_EQ(GetWindowLongPtrW(dialog.Window(), GWL_EXSTYLE) & (WS_EX_TOPMOST | WS_EX_TOOLWINDOW), 0);
     EXPECT_TRUE(run.CancelAndWait().IsGood());
 }
 

@@ -78,14 +78,23 @@ testing::AssertionResult FerryTest::OpenWithoutHost(std::vector<std::wstring> sw
 }
 
 bool FerryTest::Send(std::uint64_t tag, std::span<const std::byte> bytes) const {
-    return samplehost::SendData(dialog_.Window(), nullptr, tag, bytes, kPatienceMs);
+    return AnswerTo(tag, bytes).has_value();
+}
+
+std::optional<LRESULT> FerryTest::AnswerTo(std::uint64_t tag, std::span<const std::byte> bytes) const {
+    return samplehost::AnswerToData(dialog_.Window(), nullptr, tag, bytes, kPatienceMs);
 }
 
 bool FerryTest::SendBlock(std::vector<std::wstring> items, std::vector<std::wstring> tabs) const {
+    return Send(samplehost::kBlockTag, BlockBytes(std::move(items), std::move(tabs)));
+}
+
+std::vector<std::byte> FerryTest::BlockBytes(std::vector<std::wstring> items,
+                                             std::vector<std::wstring> tabs) {
     samplehost::BlockFields fields;
     fields.Items = std::move(items);
     fields.Tabs = std::move(tabs);
-    return Send(samplehost::kBlockTag, samplehost::BytesOfUnits(samplehost::BlockUnits(fields)));
+    return samplehost::BytesOfUnits(samplehost::BlockUnits(fields));
 }
 
 bool FerryTest::Drop(const std::vector<std::wstring>& paths) const {

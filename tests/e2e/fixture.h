@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -50,8 +51,14 @@ protected:
     /// Sends WM_COPYDATA to the dialog, as a host does. False when no answer came.
     bool Send(std::uint64_t tag, std::span<const std::byte> bytes) const;
 
+    /// What the dialog answers to it; nothing when no answer came.
+    std::optional<LRESULT> AnswerTo(std::uint64_t tag, std::span<const std::byte> bytes) const;
+
     /// Sends a block with these items and tab folders.
     bool SendBlock(std::vector<std::wstring> items, std::vector<std::wstring> tabs) const;
+
+    /// The bytes of such a block.
+    static std::vector<std::byte> BlockBytes(std::vector<std::wstring> items, std::vector<std::wstring> tabs);
 
     /// Drops `paths` on the dialog.
     bool Drop(const std::vector<std::wstring>& paths) const;

@@ -1,4 +1,5 @@
 // Variables and blocks that no honest host writes.
+#include "base/handles_win32.h"
 #include "e2e/fixture.h"
 
 namespace ferry::e2e {
@@ -95,6 +96,11 @@ TEST_F(HostileHost, AHeldGuardIsWaitedFor) {
     plan.HostArguments = {L"--hold-mutex", L"1000"};
     FerryRun run(plan);
     ASSERT_TRUE(run.WaitForStart());
+    // Others see that Ferry is there before it has read anything.
+    EXPECT_TRUE(WaitUntil([] {
+        return static_cast<bool>(base::MutexHandle(OpenMutexW(SYNCHRONIZE, FALSE, L"ExCommand.Ferry.exe")));
+    }));
+    EXPECT_TRUE(LinesOf(run.HostLines(), L"RELEASED").empty());
     const RemoteDialog dialog = run.WaitForDialog();
     ASSERT_TRUE(dialog.IsOpen());
     EXPECT_EQ(dialog.SourceCount(), 1);

@@ -173,6 +173,33 @@ TEST_F(IndividualRun, ShowsTheShellsProgressOnlyForLargeFiles) {
     EXPECT_EQ(FlagsIn(FileOps()), (std::vector<unsigned long>{0x2A14, 0x2A10}));
 }
 
+TEST_F(IndividualRun, TheConfirmationDialogOwnsEachTransferAndTheDesktopABatch) {
+    const std::wstring first = Tree().WriteFile(L"元\\a.txt", "a");
+    const std::wstring second = Tree().WriteFile(L"元\\b.txt", "b");
+    for (const DWORD mode : {1U, 0U}) {
+        WriteNumber(kProgramKey, L"Mode", mode);
+        ASSERT_TRUE(Open(Plan({first, second})));
+        const HWND expected = mode == 1 ? Dialog().Window() : GetDesktopWindow();
+        ASSERT_TRUE(Transfer(Tree().Path(mode == 1 ? L"先" : L"別")));
+        const auto owners = LinesOf(FileOps(), L"SetOwnerWindow");
+        ASSERT_FALSE(owners.empty());
+        EXPECT_EQ(std::stoull(owners.back()[1], nullptr, 16), reinterpret_cast<ULONG_PTR>(expected));
+        EXPECT_EQ(owners.size(), mode == 1 ? 2U : 3U) << "one for each file, and one for the batch";
+    }
+}
+
+TEST_F(IndividualRun, AFolderThatIsThereTakesTheAttributesOfItsSourceAndANewOneDoesNot) {
+    Tree().WriteFile(L"元\\上\\a.txt", "a");
+    Tree().MakeFolder(L"元\\上\\中", FILE_ATTRIBUTE_HIDDEN);
+    Tree().MakeFolder(L"元\\上\\新", FILE_ATTRIBUTE_HIDDEN);
+    Tree().MakeFolder(L"先\\上\\中");
+    ASSERT_TRUE(TransferWithPolicy({Tree().Path(L"元\\上")}, 0));
+    const TreeSnapshot after = ReadTree(Tree().Path(L"先\\上"));
+    EXPECT_EQ(after.at(L"中").Attributes, DWORD{FILE_ATTRIBUTE_HIDDEN});
+    EXPECT_EQ(after.at(L"新").Attributes, 0U);
+    EXPECT_EQ(after.at(L"a.txt").Content, "a");
+}
+
 TEST_F(IndividualRun, PartsOfASecondCountOnlyAtTheFinestPrecision) {
     struct TimeCase {
         DWORD Precision;

@@ -82,6 +82,15 @@ TEST_F(Language, TheBuiltInLanguageWritesNoFile) {
     EXPECT_FALSE(Exists(ProgramFolder(app_) + L"\\.ja-JP\\Ferry\\102.txt"));
 }
 
+TEST_F(Language, TheBuiltInLanguageReadsNoFileThatLiesThere) {
+    DeleteValue(kHostKey, L"NLS");
+    Tree().MakeFolder(L"app\\Command\\Ferry\\.ja-JP\\Ferry");
+    WriteUtf16(ProgramFolder(app_) + L"\\.ja-JP\\Ferry\\102.txt", L"Stray\r\n1224\tButton\tstray\r\n");
+    ASSERT_TRUE(Open(CopiedPlan()));
+    EXPECT_EQ(Dialog().Title(), L"ファイルの操作の確認");
+    EXPECT_EQ(Dialog().Text(kCopy), L"コピー(&P)");
+}
+
 TEST_F(Language, TheBuiltInLanguageIsWrittenOutOnRequest) {
     DeleteValue(kHostKey, L"NLS");
     WriteNumber(kHostKey, L"LangOut", 1);

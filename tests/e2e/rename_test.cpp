@@ -9,6 +9,9 @@
 namespace ferry::e2e {
 namespace {
 
+constexpr int kInsertWeekday = 1108;
+constexpr DWORD kLastWrite = 2;  // of the four dates that a tool can insert
+
 class RenamingIncoming : public AskingRun {};
 
 TEST_F(RenamingIncoming, TheTypedNameIsGivenToTheIncomingFile) {
@@ -129,6 +132,35 @@ TEST_F(RenamingIncoming, CopyingAFolderOntoItselfAsksForEachOfItsFiles) {
     ASSERT_TRUE(PressEscapeIn(Rename()));
     ASSERT_TRUE(Ends());
     EXPECT_EQ(NamesBelow(L"元\\folder"), L"a.txt b.txt c.txt");
+}
+
+/// A Thursday, as the user's language calls it.
+std::wstring Thursday() {
+    SYSTEMTIME day = {};
+    day.wYear = 2020;
+    day.wMonth = 1;
+    day.wDay = 2;
+    wchar_t text[80] = {};
+    GetDateFormatW(LOCALE_USER_DEFAULT, 0, &day, L"ddd", text, 80);
+    return text;
+}
+
+// Japanese on this ground, another language elsewhere.
+TEST_F(RenamingIncoming, WeekdaysAndCapitalsAreThoseOfTheUsersLanguage) {
+    constexpr double kNoon = 9 * 3600;  // the same day in nearly every time zone
+    const std::wstring name = L"ａé.txt";
+    Tree().WriteFile(L"先\\" + name, Existing(name));
+    WriteNumber(kProgramKey, L"DateType", kLastWrite);
+    ASSERT_TRUE(Start({Tree().WriteFile(L"元\\" + name, Incoming(name), kNoon)}, kRenameIncoming));
+    const RemoteDialog rename = Rename();
+    ASSERT_TRUE(rename.PressWithKeys(kUpperCase));
+    EXPECT_TRUE(WaitUntil([&] { return NamesIn(rename) == L"ＡÉ|TXT"; }))
+        << testing::PrintToString(NamesIn(rename));
+    ASSERT_TRUE(rename.Focus(rename.Control(kNewName)));
+    ASSERT_TRUE(rename.PressWithKeys(kInsertWeekday));
+    const std::wstring expected = Thursday() + L"|TXT";
+    EXPECT_TRUE(WaitUntil([&] { return NamesIn(rename) == expected; }))
+        << testing::PrintToString(NamesIn(rename));
 }
 
 TEST_F(RenamingIncoming, TheOptionsAreRememberedForTheNextQuestion) {

@@ -69,14 +69,34 @@ TEST_F(WindowMode, AHostAtTheScreensEdgeDoesNotPushTheDialogOff) {
     EXPECT_EQ(dialog.top, work.top);
 }
 
-TEST_F(WindowMode, TheHostGetsTheForegroundBackWhenItAskedForIt) {
-    ASSERT_TRUE(OpenInMode(L"1", {L"--activate", L"1", L"--stay"}));
-    ASSERT_TRUE(TakeForeground(Dialog().Window()));
+class ForegroundAfterwards : public WindowMode, public testing::WithParamInterface<const wchar_t*> {};
+
+TEST_P(ForegroundAfterwards, GoesToTheHostOnlyWhenItAskedForIt) {
+    const bool isAsked = std::wstring_view(GetParam()) == L"1";
+    ASSERT_TRUE(OpenInMode(L"1", {L"--activate", GetParam(), L"--stay"}));
     const HWND host = Run().HostWindow();
+    const HWND between = CreateWindowExW(0, L"Static", L"between", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0,
+                                         200, 100, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
+    ASSERT_TRUE(TakeForeground(between));
+    ASSERT_TRUE(TakeForeground(Dialog().Window()));
     ASSERT_TRUE(CancelEndsWell());
-    EXPECT_TRUE(WaitUntil([&] { return GetForegroundWindow() == host; }));
+    if (isAsked)
+        EXPECT_TRUE(WaitUntil([&] { return GetForegroundWindow() == host; }));
+    else
+        EXPECT_NE(GetForegroundWindow(), host) << "the process has ended, and nobody else asks";
+    DestroyWindow(between);
     PostMessageW(host, WM_CLOSE, 0, 0);
-    EXPECT_TRUE(EndsWell());
+    EXPECT_TRUE(Run().WaitForHost().IsGood());
+}
+
+INSTANTIATE_TEST_SUITE_P(Wishes, ForegroundAfterwards, testing::Values(L"0", L"1", L"2"),
+                         [](const auto& wish) { return "Activate" + std::to_string(wish.index); });
+
+TEST_F(WindowMode, AHostThatIsGoneCannotBeActivatedAndNothingIsSaid) {
+    RunPlan plan = PlanWithoutHost();
+    plan.Variable = L"1:1:1:1:0:0:0:0:None:";
+    ASSERT_TRUE(Open(plan));
+    EXPECT_TRUE(CancelEndsWell());
 }
 
 }  // namespace

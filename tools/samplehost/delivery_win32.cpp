@@ -61,15 +61,22 @@ HWND FindFerryDialog(DWORD processId) {
                              [](HWND window) { return GetDlgItem(window, kSourceListId) != nullptr; });
 }
 
-bool SendData(HWND target, HWND sender, std::uint64_t tag, std::span<const std::byte> bytes,
-              unsigned timeoutMs) {
+std::optional<LRESULT> AnswerToData(HWND target, HWND sender, std::uint64_t tag,
+                                    std::span<const std::byte> bytes, unsigned timeoutMs) {
     COPYDATASTRUCT data = {};
     data.dwData = static_cast<ULONG_PTR>(tag);
     data.cbData = static_cast<DWORD>(bytes.size());
     data.lpData = const_cast<std::byte*>(bytes.data());  // the receiver gets a copy
     DWORD_PTR answer = 0;
-    return SendMessageTimeoutW(target, WM_COPYDATA, reinterpret_cast<WPARAM>(sender),
-                               reinterpret_cast<LPARAM>(&data), SMTO_NORMAL, timeoutMs, &answer) != 0;
+    if (SendMessageTimeoutW(target, WM_COPYDATA, reinterpret_cast<WPARAM>(sender),
+                            reinterpret_cast<LPARAM>(&data), SMTO_NORMAL, timeoutMs, &answer) == 0)
+        return std::nullopt;
+    return static_cast<LRESULT>(answer);
+}
+
+bool SendData(HWND target, HWND sender, std::uint64_t tag, std::span<const std::byte> bytes,
+              unsigned timeoutMs) {
+    return AnswerToData(target, sender, tag, bytes, timeoutMs).has_value();
 }
 
 std::vector<std::byte> DropBlock(std::span<const std::wstring> paths) {

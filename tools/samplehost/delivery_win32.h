@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -15,7 +16,11 @@ namespace ferry::samplehost {
 /// It is told by its source list, not by its title, which follows the language.
 HWND FindFerryDialog(DWORD processId);
 
-/// Sends WM_COPYDATA and waits for the answer, at most `timeoutMs`. False when none came.
+/// Sends WM_COPYDATA and waits for the answer, at most `timeoutMs`. Nothing when none came.
+std::optional<LRESULT> AnswerToData(HWND target, HWND sender, std::uint64_t tag,
+                                    std::span<const std::byte> bytes, unsigned timeoutMs);
+
+/// The same. False when no answer came.
 bool SendData(HWND target, HWND sender, std::uint64_t tag, std::span<const std::byte> bytes,
               unsigned timeoutMs);
 

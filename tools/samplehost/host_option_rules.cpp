@@ -152,6 +152,8 @@ constexpr OptionRule kRules[] = {
      SetNumber<&HostOptions::MappingSizeBytes>},
     {L"--hold-mutex", 1, L"MS", L"Holds the guard mutex so long after the start.",
      SetNumber<&HostOptions::HoldGuardMs>},
+    {L"--answer-after", 1, L"MS", L"Answers each WM_COPYDATA so long after it came.",
+     SetNumber<&HostOptions::AnswerAfterMs>},
 
     {L"--after", 1, L"MS", L"Waits before the next delivery below.", AddDelay},
     {L"--send-block", 0, L"", L"Sends the block once more, as WM_COPYDATA 255.",

@@ -46,6 +46,7 @@ struct HostOptions {
     bool NoBlock = false;
     std::uint32_t MappingSizeBytes = 0;  ///< 0: as large as the block and the announced size.
     int HoldGuardMs = 0;
+    int AnswerAfterMs = 0;
     WindowPlace Window;
     bool Stay = false;
     int Seconds = 0;  ///< 0: no limit.

@@ -34,7 +34,7 @@ std::wstring Quoted(const std::wstring& argument) {
 }  // namespace
 
 int HostSession::Run() {
-    if (!window_.Create(options_.Window)) {
+    if (!window_.Create(options_.Window, options_.AnswerAfterMs)) {
         log_.Write({L"ERROR", L"no window", std::to_wstring(GetLastError())});
         return kExitCannotMakeBlock;
     }

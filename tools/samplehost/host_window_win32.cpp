@@ -27,7 +27,8 @@ HostWindow::~HostWindow() {
         DestroyWindow(window_);
 }
 
-bool HostWindow::Create(const WindowPlace& place) {
+bool HostWindow::Create(const WindowPlace& place, int answerAfterMs) {
+    answerAfterMs_ = answerAfterMs;
     const HINSTANCE instance = GetModuleHandleW(nullptr);
     WNDCLASSEXW type = {};
     type.cbSize = sizeof(type);
@@ -71,6 +72,7 @@ LRESULT CALLBACK HostWindow::Procedure(HWND window, UINT message, WPARAM first, 
 LRESULT HostWindow::Handle(UINT message, WPARAM first, LPARAM second) {
     if (message == WM_COPYDATA) {
         LogData(first, *reinterpret_cast<const COPYDATASTRUCT*>(second));
+        Sleep(static_cast<DWORD>(answerAfterMs_));
         return TRUE;
     }
     if (IsWorthLogging(message)) {

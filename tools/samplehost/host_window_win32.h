@@ -18,8 +18,9 @@ public:
     HostWindow(const HostWindow&) = delete;
     HostWindow& operator=(const HostWindow&) = delete;
 
-    /// Makes and shows the window. False when Windows refuses.
-    bool Create(const WindowPlace& place);
+    /// Makes and shows the window, which answers data `answerAfterMs` after it came. False when Windows
+    /// refuses.
+    bool Create(const WindowPlace& place, int answerAfterMs);
 
     /// Appends `line` to the list and scrolls to it.
     void Show(const std::wstring& line);
@@ -34,6 +35,7 @@ private:
     HostLog& log_;
     HWND window_ = nullptr;
     HWND list_ = nullptr;
+    int answerAfterMs_ = 0;
 };
 
 }  // namespace ferry::samplehost
