@@ -232,10 +232,10 @@ TEST_P(AwkwardTransfer, AnUnreadableSourceStaysWhereItIs) {
 
 class DeepTree : public AwkwardTransfer {
 protected:
-    /// A tree whose last file has a path of more than 900 characters; its top folder.
+    /// A tree whose last file has a path of more than 1,000 characters; its top folder.
     std::wstring MakeDeepTree() const {
         std::wstring folder = L"元\\深";
-        for (int level = 0; level < 9; ++level) {
+        for (int level = 0; level < 10; ++level) {
             folder += L"\\" + std::wstring(100, static_cast<wchar_t>(L'a' + level));
             const std::wstring file = Tree().WriteFile(folder + L"\\f.txt", "level " + std::to_string(level));
             longest_ = file.size();
@@ -254,7 +254,7 @@ INSTANTIATE_TEST_SUITE_P(CopyAndMove, DeepTree, testing::Bool(), NameOfOperation
 TEST_P(DeepTree, ABatchBringsPathsOfAThousandCharactersWhole) {
     UseMode(0);
     const std::wstring top = MakeDeepTree();
-    ASSERT_GT(Longest(), 900U);
+    ASSERT_GT(Longest(), 1000U);
     const TreeSnapshot before = ReadTree(top);
     ASSERT_TRUE(TransferAll({top}, Tree().Path(L"先")));
     EXPECT_EQ(Differences(before, ReadTree(Tree().Path(L"先\\深"))), "");

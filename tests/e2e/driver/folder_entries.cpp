@@ -10,7 +10,9 @@ bool VisitEntries(const std::wstring& folder, const std::function<void(const Fol
     if (!search)
         return false;
     do {
-        const FolderEntry entry{found.cFileName, found.dwFileAttributes};
+        const FILETIME& time = found.ftLastWriteTime;
+        const FolderEntry entry{found.cFileName, found.dwFileAttributes,
+                                (std::uint64_t{time.dwHighDateTime} << 32) | time.dwLowDateTime};
         if (entry.Name != L"." && entry.Name != L"..")
             visit(entry);
     } while (FindNextFileW(search.Get(), &found));

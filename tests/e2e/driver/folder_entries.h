@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <cstdint>
 #include <functional>
 #include <string>
 
@@ -12,6 +13,7 @@ namespace ferry::e2e {
 struct FolderEntry {
     std::wstring Name;
     DWORD Attributes = 0;
+    std::uint64_t Modified = 0;  ///< As a file time.
 
     bool IsFolder() const noexcept { return (Attributes & FILE_ATTRIBUTE_DIRECTORY) != 0; }
 };

@@ -17,8 +17,10 @@ void ReadBelow(const std::wstring& folder, const std::wstring& prefix, TreeSnaps
         const std::wstring path = folder + L'\\' + found.Name;
         if (entry.IsFolder)
             ReadBelow(path, prefix + found.Name + L'\\', tree);
-        else
+        else {
             entry.Content = ReadBytes(path);
+            entry.Modified = found.Modified;
+        }
         tree.emplace(prefix + found.Name, std::move(entry));
     });
 }
@@ -49,6 +51,8 @@ std::string Differences(const TreeSnapshot& expected, const TreeSnapshot& actual
         else if (entry.Attributes != found->second.Attributes)
             text += "attributes: " + base::ToUtf8(name) + " " + std::to_string(entry.Attributes) +
                     " became " + std::to_string(found->second.Attributes) + "\n";
+        else if (entry.Modified != found->second.Modified)
+            text += "time: " + base::ToUtf8(name) + "\n";
         else if (entry != found->second)
             text += "content: " + base::ToUtf8(name) + "\n";
     }
@@ -64,6 +68,7 @@ std::uint64_t HashOf(const TreeSnapshot& tree) {
     for (const auto& [name, entry] : tree) {
         hash = Mixed(hash, name.data(), name.size() * sizeof(wchar_t));
         hash = Mixed(hash, &entry.Attributes, sizeof(entry.Attributes));
+        hash = Mixed(hash, &entry.Modified, sizeof(entry.Modified));
         hash = Mixed(hash, entry.Content.data(), entry.Content.size());
     }
     return hash;

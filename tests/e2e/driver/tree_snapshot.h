@@ -12,8 +12,9 @@ namespace ferry::e2e {
 /// One file or folder.
 struct TreeEntry {
     bool IsFolder = false;
-    DWORD Attributes = 0;  ///< Only read-only, hidden and system.
-    std::string Content;   ///< Empty for a folder.
+    DWORD Attributes = 0;        ///< Only read-only, hidden and system.
+    std::string Content;         ///< Empty for a folder.
+    std::uint64_t Modified = 0;  ///< A file's time of its last change; 0 for a folder.
 
     bool operator==(const TreeEntry&) const = default;
 };
