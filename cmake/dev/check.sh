@@ -14,7 +14,9 @@ sources() { (cd "$root" && find src tests tools -type f \( -name '*.h' -o -name 
 
 check_format() { (cd "$root" && sources | xargs clang-format --dry-run -Werror); }
 
-check_includes() { (cd "$root" && sources | bash cmake/checks/includes.sh); }
+check_includes() {
+    (cd "$root" && bash cmake/checks/includes_test.sh && sources | bash cmake/checks/includes.sh)
+}
 
 check_lint() { (cd "$root" && bash cmake/checks/lint.sh "$build"); }
 
