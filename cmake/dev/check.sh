@@ -14,6 +14,8 @@ sources() { (cd "$root" && find src tests tools -type f \( -name '*.h' -o -name 
 
 check_format() { (cd "$root" && sources | xargs clang-format --dry-run -Werror); }
 
+check_scripts() { (cd "$root" && bash cmake/checks/scripts.sh); }
+
 check_includes() {
     (cd "$root" && bash cmake/checks/includes_test.sh && sources | bash cmake/checks/includes.sh)
 }
@@ -28,6 +30,7 @@ command_check() {
     need build native fuzz check
     mkdir -p "$build"
     judge "layout (clang-format)" check_format
+    judge "scripts (shellcheck)" check_scripts
     judge "includes go down only" check_includes
     build_app
     configure native

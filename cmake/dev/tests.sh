@@ -3,7 +3,7 @@ load build wine
 
 passed=0 failed=0 skipped=0
 failed_logs=()
-second_worker= second_wine_dir=$build/wine-1
+second_worker='' second_wine_dir=$build/wine-1
 
 # count_results LOG: adds up the GoogleTest results in it. A program that ended before its closing
 # line lost the test it was in, and counts as one failure more; the same goes for no result at all.
@@ -119,6 +119,7 @@ work() {
 # start_second_worker: works beside us, in a prefix and on a display of its own.
 start_second_worker() {
     (
+        # shellcheck disable=SC2030 # this worker's display is its own
         exit_actions=() xvfb_pid=
         trap run_exit_actions EXIT
         trap 'exit 143' TERM
