@@ -20,7 +20,16 @@ check_includes() {
     (cd "$root" && bash cmake/checks/includes_test.sh && sources | bash cmake/checks/includes.sh)
 }
 
-check_lint() { (cd "$root" && bash cmake/checks/lint.sh "$build"); }
+# know_commands PRESET...: brings up to date how these presets compile each source, without compiling any.
+know_commands() {
+    local preset
+    for preset in "$@"; do
+        configure "$preset"
+        ninja -C "$build/$preset" --quiet build.ninja >/dev/null || return
+    done
+}
+
+check_lint() { know_commands native fuzz && (cd "$root" && bash cmake/checks/lint.sh "$build"); }
 
 check_executable() {
     bash "$root/cmake/checks/executable.sh" "$build/app/Command/Ferry/Ferry.exe"
@@ -33,7 +42,6 @@ command_check() {
     judge "scripts (shellcheck)" check_scripts
     judge "includes go down only" check_includes
     build_app
-    configure native
     judge "lint (clang-tidy)" check_lint
     judge "the executable's flags and imports" check_executable
     judge "a short fuzz run" fuzz_all 3
