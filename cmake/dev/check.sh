@@ -31,6 +31,10 @@ know_commands() {
 
 check_lint() { know_commands native fuzz && (cd "$root" && bash cmake/checks/lint.sh "$build"); }
 
+check_second_compiler() {
+    know_commands native && (cd "$root" && bash cmake/checks/second_compiler.sh "$build")
+}
+
 check_executable() {
     bash "$root/cmake/checks/executable.sh" "$build/app/Command/Ferry/Ferry.exe"
 }
@@ -43,6 +47,7 @@ command_check() {
     judge "includes go down only" check_includes
     build_app
     judge "lint (clang-tidy)" check_lint
+    judge "a second compiler (clang, for Windows)" check_second_compiler
     judge "the executable's flags and imports" check_executable
     judge "a short fuzz run" fuzz_all 3
     [ "$check_failed" = 0 ] || fail "a check failed; see the lines with FAILED above"

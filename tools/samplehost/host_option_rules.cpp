@@ -23,9 +23,15 @@ bool ReadNumber(const std::wstring& text, Number& number) {
 }
 
 bool ReadPlace(const std::wstring& text, WindowPlace& place) {
-    wchar_t rest = L'\0';
-    return std::swscanf(text.c_str(), L"%d,%d,%d,%d%lc", &place.Left, &place.Top, &place.Width, &place.Height,
-                        &rest) == 4;
+    const wchar_t* at = text.c_str();
+    for (int* const number : {&place.Left, &place.Top, &place.Width, &place.Height}) {
+        wchar_t* end = nullptr;
+        *number = static_cast<int>(std::wcstol(at, &end, 10));
+        if (end == at || *end != (number == &place.Height ? L'\0' : L','))
+            return false;
+        at = end + 1;
+    }
+    return true;
 }
 
 /// The delivery that is being described: --after prepares one, the next --send or --drop fills it.
