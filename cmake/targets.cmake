@@ -4,7 +4,7 @@ add_library(ferry_options INTERFACE)
 target_include_directories(ferry_options INTERFACE ${CMAKE_SOURCE_DIR}/src)
 
 if(MSVC)
-    target_compile_options(ferry_options INTERFACE /W4 /utf-8 /permissive- /Zc:__cplusplus /EHsc)
+    target_compile_options(ferry_options INTERFACE /W4 /utf-8 /permissive- /Zc:__cplusplus /EHsc /guard:cf)
     if(FERRY_WARNINGS_AS_ERRORS)
         target_compile_options(ferry_options INTERFACE /WX)
     endif()

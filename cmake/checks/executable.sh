@@ -1,3 +1,4 @@
+#!/usr/bin/env bash
 # executable.sh PROGRAM: shows the hardening flags and the imported DLLs, and fails when a flag is
 # missing or a DLL is imported that does not come with Windows.
 set -euo pipefail
@@ -6,9 +7,10 @@ program=$1
 
 # DLLs of Windows 10 that the program may lean on. A compiler's runtime is not among them: it would
 # have to be installed beside the program.
-windows_dlls="advapi32 bcrypt comctl32 comdlg32 dwmapi gdi32 gdiplus imm32 kernel32 mpr msvcrt ntdll ole32
+windows_dlls=" advapi32 bcrypt comctl32 comdlg32 dwmapi gdi32 gdiplus imm32 kernel32 mpr msvcrt ntdll ole32
     oleacc oleaut32 propsys rpcrt4 shcore shell32 shlwapi ucrtbase user32 userenv uxtheme version windowscodecs
-    winmm winspool.drv"
+    winmm winspool.drv "
+windows_dlls=${windows_dlls//$'\n'/ }
 
 headers=$(x86_64-w64-mingw32-objdump -p "$program")
 bad=0
@@ -25,13 +27,12 @@ if ! x86_64-w64-mingw32-objdump -h "$program" | grep -qw '\.reloc'; then
     echo "   the relocations are MISSING"
     bad=1
 fi
-for dll in $(awk '/DLL Name:/ { print tolower($3) }' <<<"$headers" | sort); do
-    case " $(echo $windows_dlls) api-ms-win " in
-        *" ${dll%.dll} "*) echo "   imports $dll" ;;
-        *) if [[ $dll == api-ms-win-* ]]; then echo "   imports $dll"; else
-               echo "   imports $dll, which does NOT come with Windows"
-               bad=1
-           fi ;;
-    esac
-done
-exit $bad
+while read -r dll; do
+    if [[ $windows_dlls == *" ${dll%.dll} "* || $dll == api-ms-win-* ]]; then
+        echo "   imports $dll"
+    else
+        echo "   imports $dll, which does NOT come with Windows"
+        bad=1
+    fi
+done < <(awk '/DLL Name:/ { print tolower($3) }' <<<"$headers" | sort)
+exit "$bad"

@@ -1,7 +1,9 @@
+#!/usr/bin/env bash
 # includes.sh: reads file names (relative to the project's root) and checks what they include.
 # A room includes only itself and rooms below it, and only adapters and rooms with windows include
-# anything that standard C++ does not have.
+# an adapter or anything that standard C++ does not have. includes_test.sh beside it tries it out.
 set -euo pipefail
+# shellcheck disable=SC2016 # awk's own $0
 xargs awk '
 BEGIN {
     # Which rooms each room may include, beside itself.
@@ -27,6 +29,9 @@ BEGIN {
     count = split("framework controls dialogs dirmenu app", names, " ")
     for (i = 1; i <= count; ++i) hasWindows[names[i]] = 1
 
+    # Fuzz targets and the tests of portable rooms are portable too; the other rings are for Windows.
+    ring["windows"] = ring["e2e"] = ring["bench"] = 1
+
     standard = "algorithm any array atomic bit bitset cassert cctype cerrno cfenv cfloat charconv chrono " \
         "cinttypes climits clocale cmath codecvt compare complex concepts condition_variable coroutine csetjmp " \
         "csignal cstdarg cstddef cstdint cstdio cstdlib cstring ctime cuchar cwchar cwctype deque exception " \
@@ -40,35 +45,74 @@ BEGIN {
     for (i = 1; i <= count; ++i) isStandard[names[i]] = 1
 }
 
+# exists NAME: whether there is such a file.
+function exists(name,   line, result) {
+    result = (getline line < name) >= 0
+    close(name)
+    return result
+}
+
 function complain(what) { printf "   %s:%d: %s\n", FILENAME, FNR, what; bad = 1 }
 
 FNR == 1 {
     parts = split(FILENAME, path, "/")
+    folder = FILENAME
+    sub(/[^\/]*$/, "", folder)
     room = (path[1] == "src" && parts > 2) ? path[2] : ""
     adapter = FILENAME ~ /_win32\.(h|cpp)$/
-    # Fuzz targets and the tests of portable rooms are portable too; the other rings are for Windows.
-    free = adapter || path[1] == "tools" || FILENAME ~ /^tests\/(windows|e2e|bench)\// || (room in hasWindows)
+    free = adapter || path[1] == "tools" || (path[1] == "tests" && path[2] in ring) || (room in hasWindows)
     if (path[1] == "src" && !(room in below)) complain("there is no room called \"" room "\"")
 }
 
-/^[ \t]*#[ \t]*include[ \t]*</ {
-    name = $0
-    sub(/^[^<]*</, "", name)
-    sub(/>.*/, "", name)
+# fromOutside NAME: a header that is not of this project.
+function fromOutside(name) {
     if (!free && !(name in isStandard)) complain("<" name "> may stand only in adapters and rooms with windows")
 }
 
-/^[ \t]*#[ \t]*include[ \t]*"/ {
-    name = $0
-    sub(/^[^"]*"/, "", name)
-    sub(/".*/, "", name)
-    if (room == "") next
-    if (split(name, target, "/") < 2) next
-    if (target[1] == room || target[1] == "res") next
+# fromRoom NAME: a header of this project, named with its folder.
+function fromRoom(name,   target) {
+    split(name, target, "/")
+    if (!free && name ~ /_win32\.h$/)
+        complain("\"" name "\" is an adapter; a portable file cannot include it")
+    if (room == "") {
+        if (!free && target[1] in ring) complain("\"" name "\" is for Windows; a portable test cannot include it")
+        else if (!(target[1] in below) && !exists("tests/" name) && !exists("tools/" name)) fromOutside(name)
+        return
+    }
+    if (target[1] == room) return
     if (index(" " below[room] " ", " " target[1] " ") == 0)
         complain("\"" name "\" is above " room "/, or beside it; includes go down only")
-    else if (!free && name ~ /_win32\.h$/)
+}
+
+# fromBeside NAME: a header without a folder. Rooms name theirs with the room; tools and tests take those
+# that lie beside them by the short name. Any other one is searched for among the headers of the system.
+function fromBeside(name) {
+    if (name == "ids.h" || name == "version.h") return
+    if (room != "") {
+        complain("\"" name "\" is named without its room; a header from outside stands in <>")
+    } else if (!exists(folder name)) {
+        fromOutside(name)
+    } else if (!free && name ~ /_win32\.h$/) {
         complain("\"" name "\" is an adapter; a portable file cannot include it")
+    }
+}
+
+/^[ \t]*#[ \t]*include/ {
+    name = $0
+    sub(/^[ \t]*#[ \t]*include[ \t]*/, "", name)
+    quoted = name ~ /^"/
+    if (!quoted && name !~ /^</) {
+        complain("an include names its header itself, in quotes or <>")
+        next
+    }
+    sub(/^["<]/, "", name)
+    sub(/[">].*/, "", name)
+    split(name, target, "/")
+    if (quoted && name !~ /\.h$/) complain("\"" name "\" is no .h; only a .h can be included")
+    # What the <> reach is searched for among the rooms, too.
+    if (name ~ /\// && (quoted || (target[1] in below))) fromRoom(name)
+    else if (quoted) fromBeside(name)
+    else fromOutside(name)
 }
 
 END { exit bad }

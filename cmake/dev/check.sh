@@ -1,5 +1,5 @@
 # ./dev check: everything that judges the project without running its tests.
-load build fuzz
+load build fuzz mutants
 
 check_failed=0
 # judge NAME COMMAND...: runs one check and remembers its failure, so that one run shows them all.
@@ -14,9 +14,28 @@ sources() { (cd "$root" && find src tests tools -type f \( -name '*.h' -o -name 
 
 check_format() { (cd "$root" && sources | xargs clang-format --dry-run -Werror); }
 
-check_includes() { (cd "$root" && sources | bash cmake/checks/includes.sh); }
+check_scripts() { (cd "$root" && bash cmake/checks/scripts.sh); }
 
-check_lint() { (cd "$root" && bash cmake/checks/lint.sh "$build"); }
+check_test_logs() { bash "$root/cmake/checks/judge_test.sh"; }
+
+check_includes() {
+    (cd "$root" && bash cmake/checks/includes_test.sh && sources | bash cmake/checks/includes.sh)
+}
+
+# know_commands PRESET...: brings up to date how these presets compile each source, without compiling any.
+know_commands() {
+    local preset
+    for preset in "$@"; do
+        configure "$preset"
+        ninja -C "$build/$preset" --quiet build.ninja >/dev/null || return
+    done
+}
+
+check_lint() { know_commands native fuzz && (cd "$root" && bash cmake/checks/lint.sh "$build"); }
+
+check_second_compiler() {
+    know_commands native && (cd "$root" && bash cmake/checks/second_compiler.sh "$build")
+}
 
 check_executable() {
     bash "$root/cmake/checks/executable.sh" "$build/app/Command/Ferry/Ferry.exe"
@@ -26,12 +45,15 @@ command_check() {
     need build native fuzz check
     mkdir -p "$build"
     judge "layout (clang-format)" check_format
+    judge "scripts (shellcheck)" check_scripts
+    judge "the reading of test logs" check_test_logs
     judge "includes go down only" check_includes
     build_app
-    configure native
     judge "lint (clang-tidy)" check_lint
+    judge "a second compiler (clang, for Windows)" check_second_compiler
     judge "the executable's flags and imports" check_executable
     judge "a short fuzz run" fuzz_all 3
+    judge "wrong changes, two minutes of them" sample_mutants 120
     [ "$check_failed" = 0 ] || fail "a check failed; see the lines with FAILED above"
     say "all checks passed"
 }

@@ -23,5 +23,6 @@ trap 'exit 143' TERM HUP
 # load NAME...: reads the scripts of other commands.
 load() {
     local name
+    # shellcheck source=/dev/null # the check of the scripts reads them all
     for name in "$@"; do . "$dev_scripts/$name.sh"; done
 }

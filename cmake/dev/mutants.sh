@@ -183,10 +183,10 @@ try_mutant() {
     state=survived killer='' why=
     rm -rf "$scratch"
     mkdir -p "$scratch"
-    for file in $(sed -n 's|^+++ b/||p' "$patch"); do
+    while IFS= read -r file; do
         mkdir -p "$scratch/$(dirname "$file")"
         cp "$root/$file" "$scratch/$file"
-    done
+    done < <(sed -n 's|^+++ b/||p' "$patch")
     GIT_CEILING_DIRECTORIES=$mutants_dir git -C "$scratch" apply "$patch" >"$scratch/log" 2>&1 ||
         { why="it does not apply"; return 1; }
     if [ "$ring" = e2e ]; then

@@ -25,9 +25,9 @@ make_sample() {
 
 # take_picture FILE: the screen, once two pictures in a row are the same and so all is drawn.
 take_picture() {
-    local tries before=$1.before.png
+    local before=$1.before.png
     import -silent -window root "$1" 9>&- || return 0
-    for tries in {1..30}; do
+    for _ in {1..30}; do
         mv "$1" "$before"
         sleep 0.1
         import -silent -window root "$1" 9>&-
@@ -42,6 +42,7 @@ drive() {
     local line status=0
     mkdir -p "$build/screenshots"
     coproc driver { LC_ALL=$wine_locale "$wine_loader" "$rundriver" --pause "$@" 2>&1 9>&-; }
+    # shellcheck disable=SC2154 # coproc sets it
     local process=$driver_PID input=${driver[1]} output=${driver[0]}
     exec 7<&"$output" 8>&"$input"
     while IFS= read -r line <&7; do

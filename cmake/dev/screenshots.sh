@@ -63,5 +63,5 @@ command_screenshots() {
         done
     done
     say "pictures:"
-    ls "$build/screenshots" | sed 's/^/   build\/screenshots\//'
+    find "$build/screenshots" -name '*.png' -printf '   build/screenshots/%f\n' | sort
 }

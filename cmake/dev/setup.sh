@@ -1,4 +1,5 @@
 # ./dev setup: installs by apt what is missing, by groups that the other commands name.
+# shellcheck disable=SC2034 # need finds the groups by their names
 
 # Cross-compiling, and the sources of the test framework that every configuration reads.
 packages_build=(cmake ninja-build g++-mingw-w64-x86-64-posix googletest)
@@ -8,7 +9,7 @@ packages_wine=(wine64 xvfb fonts-ipafont-gothic imagemagick locales libxrender1 
     libxinerama1 libxcomposite1 libxfixes3)
 packages_native=(g++ cmake ninja-build googletest)
 packages_fuzz=(clang libclang-rt-dev cmake ninja-build)
-packages_check=(clang-format clang-tidy)
+packages_check=(clang clang-format clang-tidy shellcheck)
 packages_package=(zip)
 
 # missing_packages NAME...: those of them that are not installed.
@@ -32,7 +33,7 @@ as_root() {
 # need GROUP...: makes sure that the packages of these groups are installed.
 # FERRY_NO_SETUP=1 trusts the machine as it is, for systems without apt.
 need() {
-    local group names=() missing
+    local group names=() missing=()
     [ "${FERRY_NO_SETUP:-}" = 1 ] && return
     for group in "$@"; do
         local -n members=packages_$group
@@ -42,13 +43,13 @@ need() {
         fail "this is not a Debian system; install the counterparts of these packages and set" \
             "FERRY_NO_SETUP=1: $(printf '%s\n' "${names[@]}" | sort -u | tr '\n' ' ')"
     fi
-    missing=$(missing_packages "${names[@]}")
-    [ -n "$missing" ] || return 0
-    say "installing" $missing
+    mapfile -t missing < <(missing_packages "${names[@]}")
+    [ "${#missing[@]}" -gt 0 ] || return 0
+    say "installing ${missing[*]}"
     as_root apt-get update -q || fail "apt-get update failed; check the network and run this again"
-    # shellcheck disable=SC2086
-    as_root env DEBIAN_FRONTEND=noninteractive apt-get install -q -y --no-install-recommends $missing ||
-        fail "apt-get could not install" $missing
+    as_root env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -q -y --no-install-recommends "${missing[@]}" ||
+        fail "apt-get could not install ${missing[*]}"
 }
 
 command_setup() {

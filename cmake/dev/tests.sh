@@ -126,6 +126,7 @@ work() {
 # start_second_worker: works beside us, in a prefix and on a display of its own.
 start_second_worker() {
     (
+        # shellcheck disable=SC2030 # this worker's display is its own
         exit_actions=() xvfb_pid=
         trap run_exit_actions EXIT
         trap 'exit 143' TERM

@@ -78,6 +78,7 @@ stop_wine() {
     WINEPREFIX=$prefix timeout 20 "$wine_server" -k 9>&- 2>/dev/null
     WINEPREFIX=$prefix timeout 20 "$wine_server" -w 9>&- 2>/dev/null
 }
+# shellcheck disable=SC2031 # the tests' second worker empties it in a process of its own
 stop_wine_and_display() {
     stop_wine
     [ -n "${xvfb_pid:-}" ] && kill "$xvfb_pid" 2>/dev/null && wait "$xvfb_pid" 2>/dev/null
@@ -96,7 +97,8 @@ start_display() {
         [ $((waited += 1)) -le 300 ] || fail "Xvfb gave no display within 30 s; see build/wine/xvfb.log"
         sleep 0.1
     done
-    export DISPLAY=:$(cat "$number_file")
+    DISPLAY=:$(cat "$number_file")
+    export DISPLAY
     unset XAUTHORITY
     rm -f "$number_file"
 }

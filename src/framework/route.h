@@ -34,41 +34,41 @@ struct MemberOf<Result (Class::*)(Arguments...)> {
     using Type = Class;
 };
 
-template <auto Handler>
-using ClassOf = typename MemberOf<decltype(Handler)>::Type;
+template <auto handler>
+using ClassOf = typename MemberOf<decltype(handler)>::Type;
 
 }  // namespace detail
 
 /// Sends notification `code` of control `id`, as WM_COMMAND, to `void Class::Handler()`.
-template <auto Handler>
+template <auto handler>
 constexpr Route OnCommand(int id, UINT code) {
     return {WM_COMMAND, id, code, [](CWnd& window, WPARAM, LPARAM) -> Answer {
-                (static_cast<detail::ClassOf<Handler>&>(window).*Handler)();
+                (static_cast<detail::ClassOf<handler>&>(window).*handler)();
                 return 0;
             }};
 }
 
 /// Sends clicks on button `id`, and its keyboard and menu equivalents, to `void Class::Handler()`.
-template <auto Handler>
+template <auto handler>
 constexpr Route OnClick(int id) {
-    return OnCommand<Handler>(id, BN_CLICKED);
+    return OnCommand<handler>(id, BN_CLICKED);
 }
 
 /// Sends notification `code` of control `id`, as WM_NOTIFY, to
 /// `LRESULT Class::Handler(NMHDR& header)`.
-template <auto Handler>
+template <auto handler>
 constexpr Route OnNotify(int id, UINT code) {
     return {WM_NOTIFY, id, code, [](CWnd& window, WPARAM, LPARAM lParam) -> Answer {
-                return (static_cast<detail::ClassOf<Handler>&>(window).*
-                        Handler)(*reinterpret_cast<NMHDR*>(lParam));
+                return (static_cast<detail::ClassOf<handler>&>(window).*
+                        handler)(*reinterpret_cast<NMHDR*>(lParam));
             }};
 }
 
 /// Sends `message` to `Answer Class::Handler(WPARAM, LPARAM)`.
-template <auto Handler>
+template <auto handler>
 constexpr Route OnMessage(UINT message) {
     return {message, Route::kAnyId, 0, [](CWnd& window, WPARAM wParam, LPARAM lParam) -> Answer {
-                return (static_cast<detail::ClassOf<Handler>&>(window).*Handler)(wParam, lParam);
+                return (static_cast<detail::ClassOf<handler>&>(window).*handler)(wParam, lParam);
             }};
 }
 

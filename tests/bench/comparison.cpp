@@ -25,7 +25,7 @@ bool Print(const Comparison& comparison, bool hasGoal) {
     std::ranges::sort(reference);
     const double ratio = Median(ferry) / Median(reference);
     const bool met = ratio <= comparison.Goal;
-    std::printf("{\"name\":\"%s\",\"ferry\":%.2f,\"reference\":%.2f,\"unit\":\"%s\",\"ratio\":%.3f,",
+    std::printf(R"({"name":"%s","ferry":%.2f,"reference":%.2f,"unit":"%s","ratio":%.3f,)",
                 comparison.Name.c_str(), Median(ferry), Median(reference), comparison.Unit.c_str(), ratio);
     if (hasGoal)
         std::printf("\"goal\":%.2f,\"met\":%s}\n", comparison.Goal, met ? "true" : "false");

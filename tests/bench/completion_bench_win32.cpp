@@ -45,7 +45,7 @@ bool MakeEntry(const std::wstring& path, bool isFolder) {
 std::wstring MakeEntries(const TempTree& tree) {
     if (const std::wstring filled = ferry::e2e::Variable(L"FERRY_BENCH_FOLDER"); !filled.empty())
         return filled + L"\\";
-    const std::wstring folder = tree.MakeFolder(L"many") + L"\\";
+    std::wstring folder = tree.MakeFolder(L"many") + L"\\";
     for (std::size_t entry = 0; entry < kEntries; ++entry) {
         if (!MakeEntry(folder + L"Some entry " + std::to_wstring(entry), entry % kFolderEvery == 0))
             return {};

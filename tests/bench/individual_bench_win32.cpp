@@ -120,7 +120,7 @@ std::wstring UnixPath(const std::wstring& path) {
         return {};
     const std::string name(text);
     HeapFree(GetProcessHeap(), 0, text);
-    return std::wstring(name.begin(), name.end());  // the test's own folder has an ASCII path
+    return {name.begin(), name.end()};  // the test's own folder has an ASCII path
 }
 
 class Race {
@@ -226,7 +226,7 @@ int main(int count, char** arguments) {
     const base::ComApartment apartment;
     // Under Wine the desktop must belong to a process that outlives every Ferry.
     GetDesktopWindow();
-    Race race(count > 1 ? std::atoi(arguments[1]) : kUsualRounds);
+    Race race(count > 1 ? static_cast<int>(std::strtol(arguments[1], nullptr, 10)) : kUsualRounds);
     if (!race.Prepare())
         return 1;
     const bool isCopyGood = race.CopyRace();

@@ -11,7 +11,7 @@ using namespace ferry;
 
 /// Removes marks and line ends and turns the escape into a line feed, one rule after the other.
 std::wstring CleanNaively(std::wstring line) {
-    for (std::size_t at; (at = line.find(L'\xFEFF')) != std::wstring::npos;) {
+    for (std::size_t at = 0; (at = line.find(L'\xFEFF', at)) != std::wstring::npos;) {
         line.erase(at, 1);
     }
     for (std::size_t at = 0; (at = line.find(L"\r\n", at)) != std::wstring::npos;) {

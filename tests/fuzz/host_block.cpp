@@ -60,7 +60,7 @@ Result Parse(std::wstring_view text, std::size_t bound) {
     base::TextList folders;
     hostlink::ParseHostBlock(units.Span(), bound, {result.CurrentDir, result.Option, items, folders});
     for (const std::wstring_view item : items) {
-        fuzz::Require(item.data()[item.size()] == L'\0', "a NUL follows each text");
+        fuzz::Require(*(item.data() + item.size()) == L'\0', "a NUL follows each text");
     }
     result.Items.assign(items.begin(), items.end());
     result.Folders.assign(folders.begin(), folders.end());

@@ -23,9 +23,15 @@ bool ReadNumber(const std::wstring& text, Number& number) {
 }
 
 bool ReadPlace(const std::wstring& text, WindowPlace& place) {
-    wchar_t rest = L'\0';
-    return std::swscanf(text.c_str(), L"%d,%d,%d,%d%lc", &place.Left, &place.Top, &place.Width, &place.Height,
-                        &rest) == 4;
+    const wchar_t* at = text.c_str();
+    for (int* const number : {&place.Left, &place.Top, &place.Width, &place.Height}) {
+        wchar_t* end = nullptr;
+        *number = static_cast<int>(std::wcstol(at, &end, 10));
+        if (end == at || *end != (number == &place.Height ? L'\0' : L','))
+            return false;
+        at = end + 1;
+    }
+    return true;
 }
 
 /// The delivery that is being described: --after prepares one, the next --send or --drop fills it.
@@ -55,38 +61,38 @@ bool AddDrop(HostOptions& options, Values values) {
     return true;
 }
 
-template <std::wstring VariableFields::*Field>
+template <std::wstring VariableFields::*field>
 bool SetField(HostOptions& options, Values values) {
-    options.Variable.*Field = values[0];
+    options.Variable.*field = values[0];
     return true;
 }
 
-template <auto Member>
+template <auto member>
 bool SetText(HostOptions& options, Values values) {
-    options.*Member = values[0];
+    options.*member = values[0];
     return true;
 }
 
-template <bool HostOptions::*Member>
+template <bool HostOptions::*member>
 bool SetFlag(HostOptions& options, Values) {
-    options.*Member = true;
+    options.*member = true;
     return true;
 }
 
-template <auto Member>
+template <auto member>
 bool SetNumber(HostOptions& options, Values values) {
-    return ReadNumber(values[0], options.*Member);
+    return ReadNumber(values[0], options.*member);
 }
 
-template <auto Member>
+template <auto member>
 bool SetBlockText(HostOptions& options, Values values) {
-    options.Block.*Member = values[0];
+    options.Block.*member = values[0];
     return true;
 }
 
-template <std::vector<std::wstring> BlockFields::*Member>
+template <std::vector<std::wstring> BlockFields::*member>
 bool AddBlockText(HostOptions& options, Values values) {
-    (options.Block.*Member).push_back(values[0]);
+    (options.Block.*member).push_back(values[0]);
     return true;
 }
 

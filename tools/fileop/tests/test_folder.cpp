@@ -80,13 +80,13 @@ std::wstring TestFolder::In(std::wstring_view name) const {
 }
 
 std::wstring TestFolder::MakeFolder(std::wstring_view name) const {
-    const std::wstring path = In(name);
+    std::wstring path = In(name);
     MakeParents(path_, path + L"\\");
     return path;
 }
 
 std::wstring TestFolder::MakeFile(std::wstring_view name, std::string_view content) const {
-    const std::wstring path = In(name);
+    std::wstring path = In(name);
     MakeParents(path_, path);
     WriteContent(path, content);
     return path;

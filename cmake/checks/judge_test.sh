@@ -1,6 +1,7 @@
+#!/usr/bin/env bash
 # judge_test.sh: made-up outputs of test programs, and what is to be said of them.
 set -euo pipefail
-cd "$(dirname "$0")"
+cd "$(dirname "$0")/../dev"
 bad=0
 excused=$(mktemp)
 trap 'rm -f "$excused"' EXIT
@@ -22,7 +23,7 @@ run_b='[ RUN      ] Suite.B\n' ok_b='[       OK ] Suite.B (1 ms)\n'
 expect "all pass" 0 "$begin$run_a$ok_a$run_b$ok_b$end" 'counts 2 0 0'
 expect "carriage returns" 0 "[==========] Running 1 test.\r\n[ RUN      ] S.A\r\n[       OK ] S.A (0 ms)\r\n[==========] 1 test ran.\r\n" \
     'counts 1 0 0'
-expect "a failure" 1 "$begin$run_a[  FAILED  ] Suite.A, where GetParam() = 3 (1 ms)\n$run_b$ok_b$end[  FAILED  ] Suite.A\n" \
+expect "a failure" 1 "$begin${run_a}[  FAILED  ] Suite.A, where GetParam() = 3 (1 ms)\n$run_b$ok_b${end}[  FAILED  ] Suite.A\n" \
     'counts 1 1 0\nfailed Suite.A: see above'
 expect "a status without a failure" 3 "$begin$run_a$ok_a$run_b$ok_b$end" \
     'counts 2 1 0\nfailed a program: status 3 after its tests'
