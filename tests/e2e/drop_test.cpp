@@ -57,13 +57,14 @@ TEST_F(Dropping, TheSecondDropHonoursThePresetIndexAndFillsTheList) {
 }
 
 TEST_F(Dropping, TheThirdDropIsIgnored) {
-    ASSERT_TRUE(OpenWithoutHost());
+    ASSERT_TRUE(OpenWithoutHost({L"/t", L"/s=1"}));
     ASSERT_TRUE(DropSelection());
     ASSERT_TRUE(Drop({folder_}));
     ASSERT_TRUE(DestinationBecomes(folder_ + L"\\"));
     ASSERT_TRUE(Drop({other_}));
     EXPECT_TRUE(
         StillHolds([&] { return Dialog().Destination() == folder_ + L"\\" && Dialog().SourceCount() == 2; }));
+    EXPECT_EQ(Dialog().TabFolders(), std::vector<std::wstring>{folder_});
 }
 
 TEST_F(Dropping, DroppedFilesAreTransferred) {
