@@ -18,6 +18,8 @@ check_scripts() { (cd "$root" && bash cmake/checks/scripts.sh); }
 
 check_test_logs() { bash "$root/cmake/checks/judge_test.sh"; }
 
+check_promises() { (cd "$root" && bash cmake/checks/promises.sh); }
+
 check_includes() {
     (cd "$root" && bash cmake/checks/includes_test.sh && sources | bash cmake/checks/includes.sh)
 }
@@ -47,6 +49,7 @@ command_check() {
     judge "layout (clang-format)" check_format
     judge "scripts (shellcheck)" check_scripts
     judge "the reading of test logs" check_test_logs
+    judge "the tests behind the promises" check_promises
     judge "includes go down only" check_includes
     build_app
     judge "lint (clang-tidy)" check_lint
