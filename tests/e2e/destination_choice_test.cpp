@@ -18,7 +18,7 @@ protected:
         RunPlan plan = Plan({file_}, {first_, second_});
         plan.Switches = {L"/m"};
         if (GetParam()) {
-            plan.Switches.push_back(L"/t");
+            plan.Switches.emplace_back(L"/t");
         }
         return Open(plan);
     }

@@ -167,7 +167,7 @@ TEST_P(DialogByKeyboard, EscapeEndsItFromAnywhere) {
     EXPECT_TRUE(EndsWell());
 }
 
-std::string NameOfCase(const testing::TestParamInfo<KeyboardCase>& info) {
+std::string NameOfLayout(const testing::TestParamInfo<KeyboardCase>& info) {
     return info.param.Name;
 }
 
@@ -176,7 +176,7 @@ INSTANTIATE_TEST_SUITE_P(Layouts, DialogByKeyboard,
                                          KeyboardCase{"ListBatch", L".ja-JP", true, false},
                                          KeyboardCase{"ButtonIndividual", L".ja-JP", false, true},
                                          KeyboardCase{"ListIndividualEnglish", L".en-US", true, true}),
-                         NameOfCase);
+                         NameOfLayout);
 
 }  // namespace
 }  // namespace ferry::e2e

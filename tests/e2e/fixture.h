@@ -104,6 +104,14 @@ private:
     RemoteDialog dialog_;
 };
 
+/// The collision policy "overwrite unconditionally".
+inline constexpr DWORD kOverwrite = 3;
+
+/// The name of a case that says whether it moves.
+inline std::string NameOfOperation(const testing::TestParamInfo<bool>& isMove) {
+    return isMove.param ? "Move" : "Copy";
+}
+
 /// Tests that read the file-operation service's log, plan its faults or know its windows. They are skipped
 /// where it is not registered.
 class TransferTest : public FerryTest {

@@ -105,15 +105,15 @@ TEST_F(HostileHost, AHeldGuardIsWaitedFor) {
     ASSERT_TRUE(dialog.IsOpen());
     EXPECT_EQ(dialog.SourceCount(), 1);
     const auto lines = run.HostLines();
-    const auto IndexOf = [&](const wchar_t* kind) {
+    const auto indexOf = [&](const wchar_t* kind) {
         std::size_t index = 0;
         while (index < lines.size() && lines[index].front() != kind) {
             ++index;
         }
         return index;
     };
-    EXPECT_LT(IndexOf(L"RELEASED"), lines.size());
-    EXPECT_LT(IndexOf(L"RELEASED"), IndexOf(L"DIALOG"));
+    EXPECT_LT(indexOf(L"RELEASED"), lines.size());
+    EXPECT_LT(indexOf(L"RELEASED"), indexOf(L"DIALOG"));
 }
 
 TEST_F(HostileHost, ATrailingFieldWithTextIsRead) {

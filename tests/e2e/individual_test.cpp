@@ -33,9 +33,9 @@ std::wstring NameOf(int age) {
     return L"差 " + std::to_wstring(age) + L".txt";
 }
 
-using Case = std::tuple<int, int, bool>;
+using PolicyCase = std::tuple<int, int, bool>;
 
-class IndividualTransfer : public TransferTest, public testing::WithParamInterface<Case> {
+class IndividualTransfer : public TransferTest, public testing::WithParamInterface<PolicyCase> {
 protected:
     int Policy() const { return std::get<0>(GetParam()); }
     int Precision() const { return std::get<1>(GetParam()); }
@@ -82,7 +82,7 @@ protected:
     }
 };
 
-std::string NameOfCase(const testing::TestParamInfo<Case>& info) {
+std::string NameOfPolicy(const testing::TestParamInfo<PolicyCase>& info) {
     return "Policy" + std::to_string(std::get<0>(info.param)) + "Precision" +
            std::to_string(std::get<1>(info.param)) + (std::get<2>(info.param) ? "Move" : "Copy");
 }
@@ -134,7 +134,7 @@ TEST_P(IndividualTransfer, AMoveRemovesOnlyTheFoldersThatItEmptied) {
 INSTANTIATE_TEST_SUITE_P(Policies, IndividualTransfer,
                          testing::Combine(testing::Values(0, 1, 2, 3, kRenameAutomatically),
                                           testing::Values(0, 1, 2), testing::Bool()),
-                         NameOfCase);
+                         NameOfPolicy);
 
 class IndividualRun : public TransferTest {
 protected:

@@ -11,9 +11,8 @@
 namespace ferry::e2e {
 namespace {
 
-constexpr wchar_t kProgressTitle[] = L"進捗状況";
+constexpr wchar_t kProgressCaption[] = L"進捗状況";
 constexpr DWORD kIndividualMode = 1;
-constexpr DWORD kOverwrite = 3;
 
 /// Long enough for thousands of files on a busy machine.
 constexpr int kRunPatienceMs = 120'000;
@@ -137,19 +136,19 @@ private:
     TreeSnapshot outside_;
 };
 
-struct FaultCase {
+struct PlannedFault {
     const char* Name;
     const wchar_t* Faults;
     std::size_t Arrives;  ///< How many of the twelve files have to arrive.
 };
 
-void PrintTo(const FaultCase& faults, std::ostream* stream) {
+void PrintTo(const PlannedFault& faults, std::ostream* stream) {
     *stream << faults.Name;
 }
 
-using Case = std::tuple<DWORD, bool, Volume, FaultCase>;
+using FaultCase = std::tuple<DWORD, bool, Volume, PlannedFault>;
 
-class FaultyService : public Interruption, public testing::WithParamInterface<Case> {};
+class FaultyService : public Interruption, public testing::WithParamInterface<FaultCase> {};
 
 TEST_P(FaultyService, LosesNoFileAndBringsTheOthers) {
     const auto& [mode, isMove, volume, faults] = GetParam();
@@ -165,33 +164,33 @@ TEST_P(FaultyService, LosesNoFileAndBringsTheOthers) {
         ExpectComplete(isMove);
 }
 
-constexpr FaultCase kFaultCases[] = {
+constexpr PlannedFault kFaults[] = {
     {"FailAtTheFirst", L"fail@1", 11},          {"FailInTheMiddle", L"fail@5", 11},
     {"FailEverywhere", L"fail@*", 0},           {"AbortAtTheFirst", L"abort@1", 0},
     {"AbortInTheMiddle", L"abort@5", 4},        {"SlowInTheMiddle", L"slow@5:200", 12},
     {"SlowThenFail", L"slow@3:100,fail@3", 11},
 };
 
-std::string NameOf(DWORD mode, bool isMove, Volume volume) {
+std::string JourneyName(DWORD mode, bool isMove, Volume volume) {
     return std::string(mode == 0 ? "Batch" : "Individual") + (isMove ? "Move" : "Copy") +
            (volume == Volume::Same ? "" : "ToAnotherVolume");
 }
 
-std::string NameOfCase(const testing::TestParamInfo<Case>& info) {
+std::string NameOfFault(const testing::TestParamInfo<FaultCase>& info) {
     const auto& [mode, isMove, volume, faults] = info.param;
-    return NameOf(mode, isMove, volume) + faults.Name;
+    return JourneyName(mode, isMove, volume) + faults.Name;
 }
 
 INSTANTIATE_TEST_SUITE_P(Faults, FaultyService,
                          testing::Combine(testing::Values(0U, 1U), testing::Bool(),
                                           testing::Values(Volume::Same, Volume::Other),
-                                          testing::ValuesIn(kFaultCases)),
-                         NameOfCase);
+                                          testing::ValuesIn(kFaults)),
+                         NameOfFault);
 
 using Journey = std::tuple<DWORD, bool, Volume>;
 
 std::string NameOfJourney(const testing::TestParamInfo<Journey>& info) {
-    return std::apply(NameOf, info.param);
+    return std::apply(JourneyName, info.param);
 }
 
 class BetweenVolumes : public Interruption, public testing::WithParamInterface<Journey> {};
@@ -218,7 +217,7 @@ TEST_P(CancelledRun, StopsBetweenTwoFilesAndLosesNone) {
     const bool isMove = GetParam();
     MakeTrees(4, 10);
     ASSERT_TRUE(Start(isMove, kIndividualMode, L"slow@*:40"));
-    const HWND progress = WaitForWindowOf(Run().FerryId(), kProgressTitle);
+    const HWND progress = WaitForWindowOf(Run().FerryId(), kProgressCaption);
     ASSERT_NE(progress, nullptr);
     ASSERT_TRUE(WaitUntilArrived(3));
     PostMessageW(GetDlgItem(progress, kCancel), BM_CLICK, 0, 0);

@@ -5,25 +5,14 @@
 #include "base/handles_win32.h"
 #include "e2e/driver/contents.h"
 #include "e2e/driver/process_windows.h"
+#include "e2e/driver/service_windows.h"
 #include "e2e/fixture.h"
 
 namespace ferry::e2e {
 namespace {
 
-constexpr DWORD kOverwrite = 3;
 constexpr DWORD kKeepExisting = 2;
 constexpr DWORD kOverwriteOlder = 0;
-
-// The windows of the file-operation service and their buttons.
-constexpr wchar_t kErrorTitle[] = L"Item Not Transferred";
-constexpr wchar_t kReplaceTitle[] = L"Replace or Skip Files";
-constexpr int kReplace = 1101;
-constexpr int kSkip = 1102;
-
-base::FileHandle OpenAlone(const std::wstring& path) {
-    return base::FileHandle(
-        CreateFileW(LongForm(path).c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr));
-}
 
 /// A run with all that a person meets in it: each window is answered so that the run goes on.
 class AwkwardTransfer : public TransferTest, public testing::WithParamInterface<bool> {
@@ -100,10 +89,6 @@ private:
     int errors_ = 0;
     std::wstring message_;
 };
-
-std::string NameOfOperation(const testing::TestParamInfo<bool>& isMove) {
-    return isMove.param ? "Move" : "Copy";
-}
 
 INSTANTIATE_TEST_SUITE_P(CopyAndMove, AwkwardTransfer, testing::Bool(), NameOfOperation);
 

@@ -4,20 +4,11 @@
 #include "base/utf16.h"
 #include "e2e/driver/message_file.h"
 #include "e2e/driver/process_windows.h"
+#include "e2e/driver/service_windows.h"
 #include "e2e/run_fixture.h"
 
 namespace ferry::e2e {
 namespace {
-
-// The windows of the file-operation service and their buttons.
-constexpr wchar_t kErrorTitle[] = L"Item Not Transferred";
-constexpr wchar_t kReplaceTitle[] = L"Replace or Skip Files";
-constexpr int kReplace = 1101;
-constexpr int kSkip = 1102;
-
-base::FileHandle OpenAlone(const std::wstring& path) {
-    return base::FileHandle(CreateFileW(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr));
-}
 
 /// Runs that copy and runs that move. A file's content is its place at the start: "元 a", "先 a".
 class RenameFault : public AskingRun, public testing::WithParamInterface<bool> {
@@ -98,10 +89,6 @@ protected:
 private:
     std::vector<std::wstring> items_;
 };
-
-std::string NameOfOperation(const testing::TestParamInfo<bool>& isMove) {
-    return isMove.param ? "Move" : "Copy";
-}
 
 INSTANTIATE_TEST_SUITE_P(CopyAndMove, RenameFault, testing::Bool(), NameOfOperation);
 

@@ -27,7 +27,7 @@ protected:
     /// Starts the host, logging, with these options.
     ChildProcess Start(Arguments arguments) const {
         arguments.insert(arguments.begin(), {L"--log", log_});
-        return ChildProcess(HostPath(), arguments);
+        return {HostPath(), arguments};
     }
 
     HWND HostWindow() const {

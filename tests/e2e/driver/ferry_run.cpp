@@ -26,7 +26,7 @@ std::vector<std::wstring> HostLineOf(const RunPlan& plan) {
         line.insert(line.end(), {L"--tab", tab});
     }
     line.insert(line.end(), plan.HostArguments.begin(), plan.HostArguments.end());
-    line.push_back(L"--");
+    line.emplace_back(L"--");
     line.insert(line.end(), plan.Switches.begin(), plan.Switches.end());
     return line;
 }
@@ -34,10 +34,10 @@ std::vector<std::wstring> HostLineOf(const RunPlan& plan) {
 ChildProcess StartOf(const RunPlan& plan) {
     if (plan.ThroughHost) {
         DeleteFileW(plan.LogFile.c_str());  // the lines of a run before must not be taken for ours
-        return ChildProcess(HostPath(), HostLineOf(plan));
+        return {HostPath(), HostLineOf(plan)};
     }
     SetVariable(samplehost::kVariableName, plan.Variable);
-    return ChildProcess(ProgramOf(plan), plan.Switches);
+    return {ProgramOf(plan), plan.Switches};
 }
 
 }  // namespace

@@ -26,7 +26,7 @@ StoredValues ReadValues(const wchar_t* key) {
         return values;
     for (DWORD index = 0;; ++index) {
         std::wstring name(16384, L'\0');  // the registry's limit for a value's name
-        DWORD nameLength = static_cast<DWORD>(name.size());
+        auto nameLength = static_cast<DWORD>(name.size());
         DWORD size = 0;
         StoredValue value;
         if (RegEnumValueW(opened, index, name.data(), &nameLength, nullptr, &value.Type, nullptr, &size) !=

@@ -2,7 +2,6 @@
 
 #include <cmath>
 
-#include "base/handles_win32.h"
 #include "base/utf16.h"
 #include "e2e/driver/folder_entries.h"
 #include "e2e/driver/surroundings.h"
@@ -58,6 +57,11 @@ std::string ReadBytes(std::wstring_view path) {
         return {};
     bytes.resize(read);
     return bytes;
+}
+
+base::FileHandle OpenAlone(std::wstring_view path) {
+    return base::FileHandle(
+        CreateFileW(LongForm(path).c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr));
 }
 
 void WriteUtf16(std::wstring_view path, std::wstring_view text) {

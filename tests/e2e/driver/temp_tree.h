@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "base/handles_win32.h"
+
 namespace ferry::e2e {
 
 /// A new folder below the base folder, or below `base`; removed with all its contents at the end.
@@ -49,6 +51,9 @@ bool Exists(std::wstring_view path);
 
 /// The bytes of a file; empty when it cannot be read.
 std::string ReadBytes(std::wstring_view path);
+
+/// Opens a file so that nobody else can, for as long as the handle lives.
+base::FileHandle OpenAlone(std::wstring_view path);
 
 /// Writes a file as UTF-16LE with a byte-order mark; its folder must exist.
 void WriteUtf16(std::wstring_view path, std::wstring_view text);
