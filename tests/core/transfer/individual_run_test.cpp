@@ -1,6 +1,7 @@
 // The item-by-item run: its calls in their order, and what it leaves behind.
 #include "transfer/individual_run.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 #include "core/transfer/model_run.h"
