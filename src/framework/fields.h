@@ -13,11 +13,15 @@ namespace ferry::framework {
 /// Which way the data goes.
 enum class Exchange { ToControls, FromControls };
 
+/// Points to a member of a form.
+template <class Form, class Type>
+using MemberOf = Type Form::*;
+
 /// An edit field, or a combo box with one; at most `MaxLength` units.
 template <class Form>
 struct TextField {
     int Id;
-    std::wstring Form::*Member;
+    MemberOf<Form, std::wstring> Member;
     int MaxLength;
 };
 
@@ -25,7 +29,7 @@ struct TextField {
 template <class Form>
 struct CheckField {
     int Id;
-    std::uint32_t Form::*Member;
+    MemberOf<Form, std::uint32_t> Member;
 };
 
 /// A group of radio buttons, in the order of their values. A number outside the group checks
@@ -33,7 +37,7 @@ struct CheckField {
 template <class Form>
 struct RadioField {
     std::span<const int> Ids;
-    std::uint32_t Form::*Member;
+    MemberOf<Form, std::uint32_t> Member;
 };
 
 /// The selected index of a drop-down list. A number outside the list selects nothing, and while
@@ -41,7 +45,7 @@ struct RadioField {
 template <class Form>
 struct IndexField {
     int Id;
-    std::uint32_t Form::*Member;
+    MemberOf<Form, std::uint32_t> Member;
 };
 
 namespace detail {

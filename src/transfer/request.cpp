@@ -4,10 +4,12 @@
 namespace ferry::transfer {
 namespace {
 
+using Choice = std::uint32_t TransferSettings::*;
+
 /// One remembered choice: its value name in the store and the field it fills.
 struct StoredChoice {
     std::wstring_view ValueName;
-    std::uint32_t TransferSettings::*Field;
+    Choice Field;
 };
 
 // "1" really is the whole name of the no-ask value.

@@ -61,7 +61,7 @@ bool AddDrop(HostOptions& options, Values values) {
     return true;
 }
 
-template <std::wstring VariableFields::*field>
+template <auto field>
 bool SetField(HostOptions& options, Values values) {
     options.Variable.*field = values[0];
     return true;
@@ -73,7 +73,7 @@ bool SetText(HostOptions& options, Values values) {
     return true;
 }
 
-template <bool HostOptions::*member>
+template <auto member>
 bool SetFlag(HostOptions& options, Values) {
     options.*member = true;
     return true;
@@ -90,7 +90,7 @@ bool SetBlockText(HostOptions& options, Values values) {
     return true;
 }
 
-template <std::vector<std::wstring> BlockFields::*member>
+template <auto member>
 bool AddBlockText(HostOptions& options, Values values) {
     (options.Block.*member).push_back(values[0]);
     return true;
