@@ -106,7 +106,8 @@ TEST_F(HostileMessages, HugeDeliveriesAreSurvived) {
 TEST_F(HostileMessages, ADropOfNothingIsSurvived) {
     ASSERT_TRUE(OpenWithoutHost());
     ASSERT_TRUE(Drop({}));
-    ASSERT_TRUE(PostMessageW(Dialog().Window(), WM_DROPFILES, 0, 0));
+    // A system that carries no empty handle to another process refuses this, which is as well.
+    PostMessageW(Dialog().Window(), WM_DROPFILES, 0, 0);
     EXPECT_TRUE(StillHolds([&] { return Run().IsRunning(); }));
     EXPECT_TRUE(IsAliveAndUsable(Run(), Dialog()));
 }
