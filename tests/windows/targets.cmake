@@ -43,9 +43,11 @@ ferry_test(ferry_dialogs_test
         input_dialog_edits_win32_test.cpp
         input_dialog_layout_win32_test.cpp
         input_dialog_win32_test.cpp
+        progress_contract_win32_test.cpp
         resource_counts_win32.cpp
         run_dialogs_win32_test.cpp
         support_win32.cpp
+        ${CMAKE_SOURCE_DIR}/tests/core/transfer/progress_contract.cpp
         ${CMAKE_SOURCE_DIR}/res/ferry_dialog.rc
         ${CMAKE_SOURCE_DIR}/res/busy_dialog.rc
         ${CMAKE_SOURCE_DIR}/res/file_mode_dialog.rc
