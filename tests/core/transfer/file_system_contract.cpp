@@ -111,7 +111,7 @@ TEST_P(FileSystemContract, DotsAndBlanksAtTheEndOfANameDoNotCount) {
 
 TEST_P(FileSystemContract, OneDotIsTheFolderAndTwoAreTheOneAbove) {
     AddFolder(L"outer\\inner");
-    AddFile(L"outer\\file");
+    AddFile(L"outer\\file", "bytes");
     EXPECT_EQ(Files().Find(Path(L"outer\\inner\\."))->Name, L"inner");
     EXPECT_EQ(Files().Find(Path(L"outer\\inner\\.."))->Name, L"outer");
     EXPECT_EQ(AttributesOf(L"outer\\inner\\..\\file"), 0u);

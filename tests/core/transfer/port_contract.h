@@ -12,6 +12,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/utf16.h"
 #include "transfer/ports.h"
 
 namespace ferry::transfer::contract {
@@ -67,10 +68,15 @@ protected:
         return Path(relative);
     }
 
-    std::wstring AddFile(std::wstring_view relative, const std::string& content = "bytes",
+    std::wstring AddFile(std::wstring_view relative, const std::string& content,
                          std::uint64_t time = kSomeTime) {
         place_->WriteFile(Path(relative), content, time);
         return Path(relative);
+    }
+
+    /// A file whose content is its own.
+    std::wstring AddFile(std::wstring_view relative) {
+        return AddFile(relative, "bytes of " + base::ToUtf8(relative));
     }
 
     bool IsThere(std::wstring_view relative) {

@@ -249,9 +249,11 @@ TEST_P(ShellContract, AFolderInThePlaceOfAFileIsTransferredWithAllThatItHolds) {
     for (const std::uint32_t function : {kFunctionCopy, kFunctionMove}) {
         const std::wstring name = function == kFunctionCopy ? L"copied" : L"moved";
         AddFolder(name + L"\\inner");
-        AddFile(name + L"\\inner\\file", "bytes");
+        AddFile(name + L"\\inner\\file", base::ToUtf8(name));
+        AddFile(name + L"\\other", "other");
         EXPECT_EQ(Transfer(name, function).Result, 0);
-        EXPECT_EQ(ContentOf(L"to\\" + name + L"\\inner\\file"), "bytes");
+        EXPECT_EQ(ContentOf(L"to\\" + name + L"\\inner\\file"), base::ToUtf8(name));
+        EXPECT_EQ(ContentOf(L"to\\" + name + L"\\other"), "other");
         EXPECT_EQ(IsThere(name), function == kFunctionCopy);
     }
     AddFolder(L"again");
