@@ -12,16 +12,6 @@ constexpr int kControlId = 1410;
 
 }  // namespace
 
-void FakeLookup::Search(std::wstring_view pattern,
-                        const std::function<bool(const completion::Match&)>& visit) {
-    Patterns.emplace_back(pattern);
-    for (const Item& item : Items) {
-        if (!visit({item.Name, item.IsFolder})) {
-            return;
-        }
-    }
-}
-
 ComboBoxTest::ComboBoxTest() {
     WNDCLASSW description{};
     description.lpfnWndProc = DefWindowProcW;

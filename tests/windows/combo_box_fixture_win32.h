@@ -10,40 +10,15 @@
 #include <utility>
 #include <vector>
 
-#include "completion/folder_lookup.h"
 #include "controls/complement_combo_box.h"
+#include "core/completion/fake_lookup.h"
+#include "core/lang/message_text.h"
 #include "core/settings/memory_store.h"
 #include "windows/support_win32.h"
 
 namespace ferry::test {
 
 using Texts = std::vector<std::wstring>;
-
-/// Answers every search with the same matches and writes the patterns down.
-class FakeLookup : public completion::FolderLookup {
-public:
-    struct Item {
-        std::wstring Name;
-        bool IsFolder;
-    };
-
-    void Search(std::wstring_view pattern,
-                const std::function<bool(const completion::Match&)>& visit) override;
-    std::uint32_t Attributes(std::wstring_view) override { return ItemAttributes; }
-
-    std::vector<Item> Items;
-    Texts Patterns;
-    std::uint32_t ItemAttributes = FILE_ATTRIBUTE_DIRECTORY;
-};
-
-/// The two texts of the question.
-class FakeCatalogueSource : public lang::CatalogueSource {
-public:
-    std::optional<std::wstring> ReadMessageFile() override {
-        return L"62400\tHistory\r\n63007\t: clear?\r\n";
-    }
-    void ReportCannotOpen() override {}
-};
 
 /// The window is shown, since focus and lists need one. The combo box is 260 pixels wide.
 class ComboBoxTest : public testing::Test {
@@ -82,7 +57,7 @@ protected:
 
     FakeLookup lookup_;
     MemoryStore store_;
-    FakeCatalogueSource catalogueSource_;
+    MessageText catalogueSource_{L"62400\tHistory\r\n63007\t: clear?\r\n"};
     lang::Catalogue messages_{catalogueSource_};
 
 private:

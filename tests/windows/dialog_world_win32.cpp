@@ -15,12 +15,6 @@ std::wstring InstalledProgram() {
 
 }  // namespace
 
-std::optional<naming::CalendarFields> StandingClock::ItemTime(std::wstring_view path,
-                                                              naming::DateSource source) {
-    AskedPath = path;
-    return naming::CalendarFields{2000 + static_cast<int>(source), 1, 2, 3, 4, 5};
-}
-
 DialogWorld::DialogWorld() : localiser_(Store, InstalledProgram()), services_(ServicesWith(Clock)) {
     const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_WIN95_CLASSES};
     framework::CommonControls::Get().Init(&controls);

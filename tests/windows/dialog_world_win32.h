@@ -8,27 +8,12 @@
 #include <string>
 #include <vector>
 
+#include "core/lang/message_text.h"
+#include "core/naming/standing_clock.h"
 #include "core/settings/memory_store.h"
 #include "dialogs/services.h"
 
 namespace ferry::test {
-
-/// It is always the same moment, and every item has the same times.
-class StandingClock : public naming::Clock {
-public:
-    naming::CalendarFields Now() override { return {2024, 5, 1, 12, 34, 56}; }
-    std::optional<naming::CalendarFields> ItemTime(std::wstring_view path,
-                                                   naming::DateSource source) override;
-
-    std::wstring AskedPath;  ///< The item of the last question.
-};
-
-/// A message file that is not there.
-class NoMessages : public lang::CatalogueSource {
-public:
-    std::optional<std::wstring> ReadMessageFile() override { return std::nullopt; }
-    void ReportCannotOpen() override {}
-};
 
 /// The program's services, as a dialog meets them on a fresh machine: in Japanese until a language is put
 /// among the host's texts.
@@ -48,7 +33,7 @@ public:
 
 private:
     hostlink::HostData host_;
-    NoMessages messageFile_;
+    MessageText messageFile_;
     lang::Catalogue messages_{messageFile_};
     lang::DialogLocaliser localiser_;
     framework::CShellManager shell_;

@@ -61,7 +61,7 @@ TEST_F(InputDialogEdits, TheChosenFormatAndSourceAreInserted) {
         Click(IDC_INSERT_DATE);
         EXPECT_EQ(Text(IDC_NEW_NAME), L"200" + std::to_wstring(source) + L"年01月02日");
     }
-    EXPECT_EQ(world_.Clock.AskedPath, folder_ / L"a.txt");
+    EXPECT_EQ(world_.Clock.Asked.back(), folder_ / L"a.txt");
 }
 
 TEST_F(InputDialogEdits, TheDateOfAVanishedItemLiesIn1900) {

@@ -6,6 +6,7 @@
 
 #include "base/handles_win32.h"
 #include "base/utf16.h"
+#include "core/settings/memory_store.h"
 #include "lang/catalogue.h"
 #include "lang/dialog_localiser_win32.h"
 #include "lang/message_file_win32.h"
@@ -14,37 +15,17 @@
 namespace ferry::lang {
 namespace {
 
-/// A store that holds the language only and counts how often it was asked.
-class LanguageStore : public settings::SettingsStore {
+/// A store in which the host has put the language; it counts how often it was asked.
+class LanguageStore : public test::MemoryStore {
 public:
-    LanguageStore(std::wstring suffix, std::uint32_t langOut)
-        : suffix_(std::move(suffix)), langOut_(langOut) {}
-
-    std::wstring ReadHostText(std::wstring_view name, std::wstring_view defaultText) override {
-        ++Reads;
-        return name == L"NLS" && !suffix_.empty() ? suffix_ : std::wstring(defaultText);
-    }
-    std::uint32_t ReadHostNumber(std::wstring_view name) override {
-        ++Reads;
-        return name == L"LangOut" ? langOut_ : 0;
+    LanguageStore(const std::wstring& suffix, std::uint32_t langOut) {
+        if (!suffix.empty()) {
+            HostTexts[L"NLS"] = suffix;
+        }
+        HostNumbers[L"LangOut"] = langOut;
     }
 
-    std::wstring ReadText(std::wstring_view, std::wstring_view defaultText) override {
-        return std::wstring(defaultText);
-    }
-    std::uint32_t ReadNumber(std::wstring_view, std::uint32_t defaultNumber) override {
-        return defaultNumber;
-    }
-    bool WriteText(std::wstring_view, std::wstring_view) override { return false; }
-    bool WriteNumber(std::wstring_view, std::uint32_t) override { return false; }
-    bool WriteTextToKey(std::wstring_view, std::wstring_view, std::wstring_view) override { return false; }
-    bool WriteNumberToKey(std::wstring_view, std::wstring_view, std::uint32_t) override { return false; }
-
-    int Reads = 0;
-
-private:
-    std::wstring suffix_;
-    std::uint32_t langOut_;
+    int& Reads = HostReads;
 };
 
 class LangTest : public testing::Test {

@@ -24,10 +24,14 @@ public:
     void WriteFile(const std::wstring& path, const std::string& content, std::uint64_t time) override {
         const auto bytes = std::as_bytes(std::span(content));
         test::WriteBytes(path, {bytes.begin(), bytes.end()});
+        SetTime(path, time);
+    }
+
+    void SetTime(const std::wstring& path, std::uint64_t time) override {
         const FILETIME written{static_cast<DWORD>(time), static_cast<DWORD>(time >> 32)};
-        const base::FileHandle file(
-            CreateFileW(path.c_str(), FILE_WRITE_ATTRIBUTES, 0, nullptr, OPEN_EXISTING, 0, nullptr));
-        EXPECT_TRUE(SetFileTime(file.Get(), nullptr, nullptr, &written));
+        const base::FileHandle item(CreateFileW(path.c_str(), FILE_WRITE_ATTRIBUTES, 0, nullptr,
+                                                OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+        EXPECT_TRUE(SetFileTime(item.Get(), nullptr, nullptr, &written));
     }
 
     std::optional<std::string> ReadFile(const std::wstring& path) override {

@@ -2,8 +2,10 @@
 ferry_test(ferry_windows_tests
     SOURCES
         child_process_win32.cpp
+        clock_contract_win32_test.cpp
         hostlink_win32_test.cpp
         lang_win32_test.cpp
+        lookup_contract_win32_test.cpp
         main_win32.cpp
         naming_win32_test.cpp
         paths_win32_test.cpp
@@ -12,13 +14,19 @@ ferry_test(ferry_windows_tests
         recording_operation_win32.cpp
         settings_win32_test.cpp
         shell_operations_win32_test.cpp
+        source_contract_win32_test.cpp
+        store_contract_win32_test.cpp
         support_win32.cpp
         transfer_win32_test.cpp
         window_placement_win32_test.cpp
+        ${CMAKE_SOURCE_DIR}/tests/core/completion/lookup_contract.cpp
+        ${CMAKE_SOURCE_DIR}/tests/core/lang/source_contract.cpp
+        ${CMAKE_SOURCE_DIR}/tests/core/naming/clock_contract.cpp
+        ${CMAKE_SOURCE_DIR}/tests/core/settings/store_contract.cpp
         ${CMAKE_SOURCE_DIR}/tests/core/transfer/file_system_contract.cpp
         ${CMAKE_SOURCE_DIR}/tests/core/transfer/shell_contract.cpp
     LINK
-        ferry_hostlink_win32 ferry_lang_win32 ferry_naming_win32 ferry_paths_win32
+        ferry_completion_win32 ferry_hostlink_win32 ferry_lang_win32 ferry_naming_win32 ferry_paths_win32
         ferry_process_win32 ferry_process_windows ferry_settings_win32 ferry_transfer_win32 comctl32)
 
 # The dialogs, driven in-process. They look their templates up in the executable.
@@ -35,9 +43,11 @@ ferry_test(ferry_dialogs_test
         input_dialog_edits_win32_test.cpp
         input_dialog_layout_win32_test.cpp
         input_dialog_win32_test.cpp
+        progress_contract_win32_test.cpp
         resource_counts_win32.cpp
         run_dialogs_win32_test.cpp
         support_win32.cpp
+        ${CMAKE_SOURCE_DIR}/tests/core/transfer/progress_contract.cpp
         ${CMAKE_SOURCE_DIR}/res/ferry_dialog.rc
         ${CMAKE_SOURCE_DIR}/res/busy_dialog.rc
         ${CMAKE_SOURCE_DIR}/res/file_mode_dialog.rc

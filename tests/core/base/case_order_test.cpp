@@ -35,6 +35,7 @@ TEST(ToSmall, LeavesEverythingElseAlone) {
 TEST(EqualsIgnoringCase, TakesTheCapitalsOfEveryAlphabetForTheSame) {
     EXPECT_TRUE(EqualsIgnoringCase(L"C:\\Ａé", L"c:\\ａÉ"));
     EXPECT_FALSE(EqualsIgnoringCase(L"ａ", L"ａａ"));
+    EXPECT_FALSE(EqualsIgnoringCase(L"ａａ", L"ａ"));
     EXPECT_FALSE(EqualsIgnoringCase(L"ａ", L"ｂ"));
 }
 

@@ -134,17 +134,17 @@ TEST(TextList, TakesOverAnotherListBehindItsOwnTexts) {
     TextList list;
     list.Append(L"one");
     TextList other;
-    other.Append(L"two");
+    other.Append(L"two, which is longer");
     const wchar_t* const place = other[0].data();
     list.Append(std::move(other));
     EXPECT_EQ(list[1].data(), place);
     list.Append(L"three");
-    EXPECT_THAT(TextsOf(list), ElementsAre(L"one"sv, L"two"sv, L"three"sv));
+    EXPECT_THAT(TextsOf(list), ElementsAre(L"one"sv, L"two, which is longer"sv, L"three"sv));
     EXPECT_EQ(list[1].data(), place);
     EXPECT_TRUE(other.IsEmpty());
     other.Append(L"four");
     EXPECT_THAT(TextsOf(other), ElementsAre(L"four"sv));
-    EXPECT_THAT(TextsOf(list), ElementsAre(L"one"sv, L"two"sv, L"three"sv));
+    EXPECT_THAT(TextsOf(list), ElementsAre(L"one"sv, L"two, which is longer"sv, L"three"sv));
 }
 
 TEST(TextList, TakesOverWhereOneOfTheListsIsEmpty) {

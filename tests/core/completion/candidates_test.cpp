@@ -4,35 +4,12 @@
 #include <gtest/gtest.h>
 
 #include "base/utf16.h"
+#include "core/completion/fake_lookup.h"
 
 namespace ferry::completion {
 namespace {
 
 using Texts = std::vector<std::wstring>;
-
-/// Answers every search with the same matches and writes the patterns down.
-class FakeLookup : public FolderLookup {
-public:
-    struct Item {
-        std::wstring Name;
-        bool IsFolder;
-    };
-
-    void Search(std::wstring_view pattern, const std::function<bool(const Match&)>& visit) override {
-        Patterns.emplace_back(pattern);
-        for (const Item& item : Items) {
-            ++Visited;
-            if (!visit({item.Name, item.IsFolder})) {
-                return;
-            }
-        }
-    }
-    std::uint32_t Attributes(std::wstring_view) override { return 0; }
-
-    std::vector<Item> Items;
-    Texts Patterns;
-    std::size_t Visited = 0;
-};
 
 TEST(SearchText, PutsARelativeTextBelowTheBase) {
     EXPECT_EQ(SearchText(L"Win", L"C:\\base"), L"C:\\base\\Win");
@@ -73,7 +50,7 @@ TEST(SearchPattern, LooksForNamesThatContainTwoOrMoreTypedUnits) {
 }
 
 TEST(FindCandidates, StandBesideTheTypedPartOfANetworkPath) {
-    FakeLookup lookup;
+    test::FakeLookup lookup;
     lookup.Items = {{L"found", true}};
     const std::pair<std::wstring_view, std::wstring_view> cases[] = {
         {L"\\\\", L"\\\\found\\"},
@@ -81,7 +58,7 @@ TEST(FindCandidates, StandBesideTheTypedPartOfANetworkPath) {
         {L"\\\\srv\\", L"\\\\srv\\found\\"},
         {L"\\\\srv\\fo", L"\\\\srv\\found\\"},
         {L"\\\\srv\\share\\f", L"\\\\srv\\share\\found\\"},
-        {L"C:\\a.b\\fo.", L"C:\\a.b\\found\\"},
+        {L"C:\\a.b\\fo", L"C:\\a.b\\found\\"},
     };
     for (const auto& [text, expected] : cases) {
         SCOPED_TRACE(base::ToUtf8(text));
@@ -90,55 +67,67 @@ TEST(FindCandidates, StandBesideTheTypedPartOfANetworkPath) {
 }
 
 TEST(FindCandidates, AreFullPathsWithABackslashBehindFolders) {
-    FakeLookup lookup;
-    lookup.Items = {{L".", true}, {L"..", true}, {L"Windows", true}, {L"Win.txt", false}};
+    test::FakeLookup lookup;
+    lookup.Items = {{L"Windows", true}, {L"Win.txt", false}};
     EXPECT_EQ(FindCandidates(lookup, L"C:\\dir\\Win", false),
               (Texts{L"C:\\dir\\Win.txt", L"C:\\dir\\Windows\\"}));
     EXPECT_EQ(lookup.Patterns, Texts{L"C:\\dir\\*Win*"});
 }
 
+TEST(FindCandidates, NeverOfferTheDotsOfAFolder) {
+    test::FakeLookup lookup;
+    lookup.Items = {{L".git", true}, {L"..old", true}, {L"...", false}};
+    EXPECT_EQ(FindCandidates(lookup, L"C:\\", true), (Texts{L"C:\\..old\\", L"C:\\.git\\"}));
+    EXPECT_EQ(FindCandidates(lookup, L"C:\\.", true), (Texts{L"C:\\..old\\", L"C:\\.git\\"}));
+    EXPECT_EQ(FindCandidates(lookup, L"C:\\..", true), (Texts{L"C:\\..old\\"}));
+    EXPECT_EQ(FindCandidates(lookup, L"C:\\", false).size(), 3U);
+}
+
 TEST(FindCandidates, NeverOfferFilesWhenOnlyFoldersAreWanted) {
-    FakeLookup lookup;
+    test::FakeLookup lookup;
     lookup.Items = {{L"a.txt", false}, {L"b", true}, {L"c", false}};
     EXPECT_EQ(FindCandidates(lookup, L"\\\\srv\\share\\", true), Texts{L"\\\\srv\\share\\b\\"});
 }
 
 TEST(FindCandidates, AreSortedWithoutRegardToCase) {
-    FakeLookup lookup;
+    test::FakeLookup lookup;
     lookup.Items = {{L"beta", true}, {L"Gamma", true}, {L"ALPHA", true}, {L"alpha 2", true}, {L"_old", true}};
     EXPECT_EQ(FindCandidates(lookup, L"C:\\", true),
               (Texts{L"C:\\_old\\", L"C:\\alpha 2\\", L"C:\\ALPHA\\", L"C:\\beta\\", L"C:\\Gamma\\"}));
 }
 
 TEST(FindCandidates, AreNotSearchedForBelowTwoUnits) {
-    FakeLookup lookup;
+    test::FakeLookup lookup;
     lookup.Items = {{L"a", true}};
     EXPECT_EQ(FindCandidates(lookup, L"", true), Texts{});
     EXPECT_EQ(FindCandidates(lookup, L"C", true), Texts{});
     EXPECT_TRUE(lookup.Patterns.empty());
-    EXPECT_EQ(FindCandidates(lookup, L"C:", true).size(), 1U);
+    EXPECT_EQ(FindCandidates(lookup, L"C:", true), Texts{});
+    EXPECT_EQ(lookup.Patterns, Texts{L"C:*C:*"}) << "two units are searched for, though no name has a colon";
 }
 
 TEST(FindCandidates, StopOnceMoreThanFiveThousandAreThere) {
-    FakeLookup lookup;
+    test::FakeLookup lookup;
     for (std::size_t index = 0; index < 5000; ++index) {
         lookup.Items.push_back({L"file " + std::to_wstring(index), false});
         lookup.Items.push_back({L"folder " + std::to_wstring(index), true});
     }
     EXPECT_EQ(FindCandidates(lookup, L"C:\\", true).size(), 5000U);
-    EXPECT_EQ(lookup.Visited, 10000U);
+    EXPECT_EQ(lookup.Visited, 10002U) << "the two dots are matches, too";
     lookup.Visited = 0;
     EXPECT_EQ(FindCandidates(lookup, L"C:\\", false).size(), 5001U);
-    EXPECT_EQ(lookup.Visited, 5001U);
+    EXPECT_EQ(lookup.Visited, 5003U);
 }
 
 TEST(FindCandidates, OfAFailedSearchAreNone) {
-    FakeLookup lookup;
+    test::FakeLookup lookup;
+    lookup.Items = {{L"a", true}};
+    lookup.OnlyFolder = L"C:\\";
     EXPECT_EQ(FindCandidates(lookup, L"C:\\no access\\", true), Texts{});
 }
 
 TEST(FindCandidates, KeepTheFolderAsItWasTyped) {
-    FakeLookup lookup;
+    test::FakeLookup lookup;
     lookup.Items = {{L"sub", true}};
     EXPECT_EQ(FindCandidates(lookup, L"c:\\DIR\\..\\s", true), Texts{L"c:\\DIR\\..\\sub\\"});
 }

@@ -45,9 +45,12 @@ TEST(TypeAhead, ThePauseIsMeasuredBetweenKeysAndNotFromTheFirst) {
 
 TEST(TypeAhead, TheClockMayWrapAround) {
     TypeAhead typing;
-    typing.Press('A', 0xFFFFFFF0U);
-    typing.Press('B', 0x00000010U);
-    EXPECT_EQ(typing.Text(), L"AB");
+    typing.Press('A', 0xFFFFFF00U);
+    typing.Press('B', 0xFFFFFFF0U);
+    typing.Press('C', 0x00000010U);
+    EXPECT_EQ(typing.Text(), L"ABC");
+    typing.Press('D', 0x00000010U + TypeAhead::kPauseMs + 1);
+    EXPECT_EQ(typing.Text(), L"D");
 }
 
 TEST(TypeAhead, AnyOtherKeyEmptiesTheText) {

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "base/line_reader.h"
+#include "core/lang/message_text.h"
 
 namespace ferry::lang {
 namespace {
@@ -89,21 +90,8 @@ TEST(ComposeMessageFilePath, GoesTwoFoldersUpFromTheExecutable) {
               L"C:\\App\\Command\\Ferry\\..\\..\\Lang\\Msg.ja-JP.txt");
 }
 
-class FakeSource : public CatalogueSource {
-public:
-    std::optional<std::wstring> ReadMessageFile() override {
-        ++Reads;
-        return File;
-    }
-    void ReportCannotOpen() override { ++Reports; }
-
-    std::optional<std::wstring> File;
-    int Reads = 0;
-    int Reports = 0;
-};
-
 TEST(Catalogue, LoadsAtTheFirstFetchAndOnlyOnce) {
-    FakeSource source;
+    test::MessageText source;
     source.File = L"1\tone\r\n2\ttwo\r\n";
     Catalogue catalogue(source);
     EXPECT_EQ(source.Reads, 0);
@@ -115,7 +103,7 @@ TEST(Catalogue, LoadsAtTheFirstFetchAndOnlyOnce) {
 }
 
 TEST(Catalogue, TellsTheUserAtEachFetchWhileTheFileIsMissing) {
-    FakeSource source;
+    test::MessageText source;
     Catalogue catalogue(source);
     EXPECT_EQ(catalogue.Fetch(1), kMissingText);
     EXPECT_EQ(catalogue.Fetch(1), kMissingText);
@@ -126,7 +114,7 @@ TEST(Catalogue, TellsTheUserAtEachFetchWhileTheFileIsMissing) {
 }
 
 TEST(Catalogue, ReadsAgainWhileTheFileHoldsNoEntry) {
-    FakeSource source;
+    test::MessageText source;
     source.File = L"// nothing yet\r\n";
     Catalogue catalogue(source);
     EXPECT_EQ(catalogue.Fetch(1), kMissingText);

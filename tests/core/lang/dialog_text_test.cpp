@@ -56,6 +56,10 @@ TEST(ParseDialogText, TakesEscapesInTextsBackButNotInItems) {
                             DialogTextEdit{Kind::AddItem, 2, L"a\\nb"}));
 }
 
+TEST(ParseDialogText, TakesTheTitleAsItIsWritten) {
+    EXPECT_THAT(ParseDialogText(L"A\\nB\\tC\\r\r\n"), ElementsAre(Title(L"A\\nB\\tC\\r")));
+}
+
 TEST(ParseDialogText, SkipsControlsWithoutANumberOfTheirOwn) {
     EXPECT_THAT(ParseDialogText(L"T\r\n-1\tStatic\ttext\r\n-1\tComboBoxStart\r\n-1\tComboBox\titem\r\n"),
                 ElementsAre(Title(L"T")));
@@ -98,6 +102,12 @@ TEST(RenderDialogText, EscapesLineEndsAndTabsInTexts) {
     EXPECT_EQ(RenderDialogText(L"T", controls),
               L"\xFEFF"
               L"T\r\n1\tStatic\ta\\nb\\r\\nc\\td\r\n");
+}
+
+TEST(RenderDialogText, WritesTheTitleAsItStands) {
+    EXPECT_EQ(RenderDialogText(L"A\tB\nC\rD\\n", {}),
+              L"\xFEFF"
+              L"A\tB\nC\rD\\n\r\n");
 }
 
 TEST(RenderDialogText, WritesItemsAsTheyStand) {

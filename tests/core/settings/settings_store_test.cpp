@@ -16,6 +16,14 @@ std::wstring TextOf(std::wstring_view units) {
     return TextFromValue(base::BytesFromUnits(units));
 }
 
+// Other programs read and write the same values, so every letter counts.
+TEST(SettingsKeys, AreSpelledAsOthersSpellThem) {
+    EXPECT_STREQ(kProgramKeyPrefix, L"Software\\Marrowby\\KIV\\Command\\");
+    EXPECT_STREQ(kProgramName, L"Ferry");
+    EXPECT_STREQ(kHostKey, L"Software\\Marrowby\\Kiv\\Main001\\Settings");
+    EXPECT_EQ(kMaxTextBytes, 2u * 16384u);
+}
+
 TEST(TextFromValue, ReadsAValueWithoutItsTerminator) {
     EXPECT_EQ(TextOf(L".en-US"), L".en-US");
 }

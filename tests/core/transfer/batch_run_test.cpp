@@ -8,63 +8,75 @@
 namespace ferry::transfer {
 namespace {
 
-class RecordingShell final : public ShellOperations {
-public:
-    ShellOutcome TransferFile(const ShellTransfer&) override { return {1, true}; }
-    std::int32_t TransferBatch(const base::TextList& sources, std::wstring_view destination,
-                               std::uint32_t function, std::uint32_t flags) override {
-        ++Batches;
-        Sources.assign(sources.begin(), sources.end());
-        Destination = destination;
-        Function = function;
-        Flags = flags;
-        return 1;
+using Lines = std::vector<std::wstring>;
+
+class BatchRun : public ::testing::Test {
+protected:
+    BatchRun() {
+        world.Logging = true;
+        request.Destination = L"D:\\out\\";
     }
 
-    int Batches = 0;
-    std::vector<std::wstring> Sources;
-    std::wstring Destination;
-    std::uint32_t Function = 0;
-    std::uint32_t Flags = 0;
+    model::World world;
+    model::ModelShell shell{world};
+    TransferRequest request;
 };
 
-TEST(BatchRun, HandsAllSourcesToTheShellOnceInListOrder) {
-    TransferRequest request;
+TEST_F(BatchRun, HandsAllSourcesToTheShellOnceInListOrder) {
     request.Sources.Append(L"C:\\b");
     request.Sources.Append(L"C:\\a");
-    request.Destination = L"D:\\out\\";
-    RecordingShell shell;
     RunBatch(request, shell);
-    EXPECT_EQ(shell.Batches, 1);
-    EXPECT_EQ(shell.Sources, (std::vector<std::wstring>{L"C:\\b", L"C:\\a"}));
-    EXPECT_EQ(shell.Destination, L"D:\\out\\");
-    EXPECT_EQ(shell.Function, 2u);
-    EXPECT_EQ(shell.Flags, 0x2800u);
+    EXPECT_EQ(world.Log, (Lines{L"Batch D:\\out\\ copy C:\\b C:\\a flags 2800"}));
 }
 
-TEST(BatchRun, MovesWithFunctionOneAndLeavesOutTheConfirmationWhenToldNotToAsk) {
-    TransferRequest request;
+TEST_F(BatchRun, MovesWithFunctionOneAndLeavesOutTheConfirmationWhenToldNotToAsk) {
     request.What = Operation::Move;
     request.Settings.NoAsk = 1;
-    RecordingShell shell;
+    request.Sources.Append(L"C:\\a");
     RunBatch(request, shell);
-    EXPECT_EQ(shell.Function, 1u);
-    EXPECT_EQ(shell.Flags, 0x2810u);
+    EXPECT_EQ(world.Log, (Lines{L"Batch D:\\out\\ move C:\\a flags 2810"}));
 }
 
-TEST(BatchRun, ASourceThatTheShellCannotParseIsLeftOutAndTheOthersGo) {
-    model::World world;
+TEST_F(BatchRun, ChoicesOfTheIndividualModeChangeNothing) {
+    request.Sources.Append(L"C:\\a");
+    for (std::uint32_t policy = 0; policy <= 8; ++policy) {
+        for (std::uint32_t precision = 0; precision <= 3; ++precision) {
+            request.Settings = {1, policy, 0, 1, precision};
+            world.Log.clear();
+            RunBatch(request, shell);
+            EXPECT_EQ(world.Log, (Lines{L"Batch D:\\out\\ copy C:\\a flags 2800"}));
+        }
+    }
+}
+
+TEST_F(BatchRun, AnyNumberButZeroMeansNotToAsk) {
+    for (const std::uint32_t noAsk : {1u, 2u, 0x80000000u, 0xFFFFFFFFu}) {
+        request.Settings.NoAsk = noAsk;
+        world.Log.clear();
+        RunBatch(request, shell);
+        EXPECT_EQ(world.Log, (Lines{L"Batch D:\\out\\ copy flags 2810"}));
+    }
+}
+
+TEST_F(BatchRun, ASourceThatTheShellCannotParseIsLeftOutAndTheOthersGo) {
     world.Files.AddFile(L"C:\\here\\f", "bytes");
     world.Files.AddFolder(L"D:\\out");
-    model::ModelShell shell(world);
-    TransferRequest request;
     request.What = Operation::Move;
     request.Sources.Append(L"C:\\gone");
     request.Sources.Append(L"C:\\here");
-    request.Destination = L"D:\\out\\";
     RunBatch(request, shell);
-    EXPECT_NE(world.Files.At(L"D:\\out\\here\\f"), nullptr);
+    EXPECT_EQ(world.Files.ContentAt(L"D:\\out\\here\\f"), "bytes");
     EXPECT_EQ(world.Files.At(L"C:\\here"), nullptr);
+}
+
+TEST_F(BatchRun, WithoutAnOperationObjectNothingHappens) {
+    world.Files.AddFile(L"C:\\here", "bytes");
+    world.Files.AddFolder(L"D:\\out");
+    world.Faults = [](std::size_t, std::wstring_view) { return model::Fault::NoObject; };
+    request.Sources.Append(L"C:\\here");
+    RunBatch(request, shell);
+    EXPECT_EQ(world.Files.ContentAt(L"C:\\here"), "bytes");
+    EXPECT_EQ(world.Files.At(L"D:\\out\\here"), nullptr);
 }
 
 }  // namespace

@@ -93,7 +93,8 @@ TEST_F(DestinationFolder, ThatExistsIsReadyAndTheShellIsNotTold) {
 }
 
 TEST_F(DestinationFolder, ThatIsARootIsTakenAsItIs) {
-    for (const wchar_t* const root : {L"D:\\", L"Z:\\", L"\\\\server\\share\\"}) {
+    // The system takes a server for a root, too, though nothing can be copied there.
+    for (const wchar_t* const root : {L"D:\\", L"Z:\\", L"\\\\server\\", L"\\\\server\\share\\", L"\\\\\\"}) {
         SCOPED_TRACE(root);
         world.Log.clear();
         Expect(root, FolderOutcome::Ready, 0);
@@ -101,8 +102,8 @@ TEST_F(DestinationFolder, ThatIsARootIsTakenAsItIs) {
     }
 }
 
-TEST_F(DestinationFolder, ALoneServerNameIsNoRoot) {
-    Expect(L"\\\\server\\", FolderOutcome::Failed, 62306);
+TEST_F(DestinationFolder, BelowAShareThatIsNotThereFails) {
+    Expect(L"\\\\server\\share\\folder\\", FolderOutcome::Failed, 62306);
 }
 
 TEST_F(DestinationFolder, ThatIsAFileFailsWithoutATryToMakeIt) {
@@ -127,9 +128,17 @@ TEST_F(DestinationFolder, AnEmptyPathHasItsOwnMessage) {
     EXPECT_TRUE(world.Log.empty());
 }
 
-TEST_F(DestinationFolder, ThatEndsInTheSlashSeparatorKeepsItAsPartOfItsName) {
-    Expect(L"D:/new\x008B", FolderOutcome::Failed, 62306);
-    EXPECT_EQ(world.Log.back(), L"CreateFolder D:/new\x008B");
+TEST_F(DestinationFolder, ThatEndsInTheSlashSeparatorIsMadeWithItAsPartOfItsName) {
+    Expect(L"D:/new\x008B", FolderOutcome::Ready, 0);
+    EXPECT_EQ(world.Log, (Lines{L"IsRoot D:/new\x008B", L"Attributes D:/new\x008B",
+                                L"CreateFolder D:/new\x008B", L"NotifyFolderMade D:/new\x008B"}));
+    EXPECT_NE(world.Files.At(L"D:\\new\x008B"), nullptr);
+    EXPECT_EQ(world.Files.At(L"D:\\new"), nullptr);
+}
+
+TEST_F(DestinationFolder, BehindSlashesIsNotMadeTogetherWithItsParents) {
+    Expect(L"D:/new/deep\x008B", FolderOutcome::Failed, 62306);
+    EXPECT_EQ(world.Files.At(L"D:\\new"), nullptr);
 }
 
 }  // namespace

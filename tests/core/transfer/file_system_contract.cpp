@@ -13,7 +13,19 @@ PortContract::Names PortContract::NamesIn(std::wstring_view relative) {
     return names;
 }
 
+std::wstring PortContract::MissingDrive() {
+    for (const wchar_t letter : std::wstring_view(L"QBRVXWYUT")) {
+        std::wstring root = std::wstring(1, letter) + L":\\";
+        if (Files().Attributes(root) == kInvalidAttributes)
+            return root;
+    }
+    ADD_FAILURE() << "every drive is there";
+    return {};
+}
+
 namespace {
+
+constexpr const wchar_t* kMissingServer = L"\\\\no-such-server.invalid\\";
 
 TEST_P(FileSystemContract, AttributesTellFilesFromFoldersAndFromNothing) {
     AddFile(L"file");
@@ -99,7 +111,7 @@ TEST_P(FileSystemContract, DotsAndBlanksAtTheEndOfANameDoNotCount) {
 
 TEST_P(FileSystemContract, OneDotIsTheFolderAndTwoAreTheOneAbove) {
     AddFolder(L"outer\\inner");
-    AddFile(L"outer\\file");
+    AddFile(L"outer\\file", "bytes");
     EXPECT_EQ(Files().Find(Path(L"outer\\inner\\."))->Name, L"inner");
     EXPECT_EQ(Files().Find(Path(L"outer\\inner\\.."))->Name, L"outer");
     EXPECT_EQ(AttributesOf(L"outer\\inner\\..\\file"), 0u);
@@ -186,8 +198,7 @@ TEST_P(FileSystemContract, AFolderIsMadeOnceWithItsParents) {
     EXPECT_EQ(Files().CreateFolder(Path(L"ONE\\two")), kFolderExists);
     EXPECT_EQ(Files().CreateFolder(Path(L"one\\four.")), kFolderCreated);
     EXPECT_EQ(NamesIn(L"one"), (Names{L"four", L"two"}));
-    const std::wstring drive = Root().substr(0, Root().find(L'\\') + 1);
-    EXPECT_EQ(Files().CreateFolder(drive), kFolderExists);
+    EXPECT_EQ(Files().CreateFolder(Drive()), kFolderExists);
 }
 
 TEST_P(FileSystemContract, AFolderIsNotMadeOverAFileNorBelowOne) {
@@ -211,6 +222,90 @@ TEST_P(FileSystemContract, AFolderIsNotMadeWithoutAProperPath) {
     EXPECT_TRUE(NamesIn(L"").empty());
 }
 
+TEST_P(FileSystemContract, AFolderIsNotMadeOnADriveNorOnAServerThatIsNotThere) {
+    for (const std::wstring& path :
+         {MissingDrive() + L"folder", MissingDrive() + L"outer\\inner",
+          std::wstring(kMissingServer) + L"share", std::wstring(kMissingServer) + L"share\\folder"}) {
+        const int result = Files().CreateFolder(path);
+        EXPECT_NE(result, kFolderCreated) << testing::PrintToString(path);
+        EXPECT_NE(result, kFolderExists) << testing::PrintToString(path);
+        EXPECT_EQ(Files().Attributes(path), kInvalidAttributes) << testing::PrintToString(path);
+    }
+}
+
+TEST_P(FileSystemContract, ADriveWithoutItsSeparatorIsTheDriveToAListing) {
+    const std::wstring drive = Drive();
+    EXPECT_NE(Files().Attributes(drive) & kAttributeDirectory, 0u);
+    EXPECT_NE(Files().Attributes(drive), kInvalidAttributes);
+    Names with;
+    Names without;
+    Files().Enumerate(drive, [&](const FoundItem& item) { with.push_back(item.Name); });
+    Files().Enumerate(drive.substr(0, 2), [&](const FoundItem& item) { without.push_back(item.Name); });
+    EXPECT_EQ(with, without);
+    EXPECT_FALSE(with.empty());
+}
+
+TEST_P(FileSystemContract, ADriveThatIsNotThereIsEmptyAndHasNoItem) {
+    const std::wstring root = MissingDrive();
+    for (const std::wstring& path : {root, root.substr(0, 2), root + L"x"}) {
+        EXPECT_EQ(Files().Attributes(path), kInvalidAttributes) << testing::PrintToString(path);
+        EXPECT_FALSE(Files().Find(path)) << testing::PrintToString(path);
+        Files().Enumerate(path, [](const FoundItem&) { ADD_FAILURE() << "an entry of nothing"; });
+    }
+}
+
+TEST_P(FileSystemContract, ASlashIsASeparatorToEverythingThatLooks) {
+    AddFolder(L"folder\\inner");
+    AddFile(L"folder\\file", "12345");
+    const std::wstring folder = WithSlashes(Path(L"folder"));
+    EXPECT_NE(Files().Attributes(folder) & kAttributeDirectory, 0u);
+    EXPECT_EQ(Files().Attributes(folder + L"/file") & kAttributeDirectory, 0u);
+    EXPECT_EQ(Files().FileSize(folder + L"/file"), 5u);
+    ASSERT_TRUE(Files().Find(folder + L"/FILE"));
+    EXPECT_EQ(Files().Find(folder + L"/FILE")->Name, L"file");
+    EXPECT_FALSE(Files().Find(folder + L"/missing"));
+    Names names;
+    for (const wchar_t* const end : {L"", L"/"})
+        Files().Enumerate(folder + end, [&](const FoundItem& item) { names.push_back(item.Name); });
+    EXPECT_EQ(names.size(), 4u);
+}
+
+TEST_P(FileSystemContract, ASlashIsASeparatorToEverythingThatChanges) {
+    AddFolder(L"folder");
+    AddFile(L"file", "bytes");
+    EXPECT_TRUE(Files().SetAttributes(WithSlashes(Path(L"file")), kHidden));
+    EXPECT_EQ(AttributesOf(L"file"), kHidden);
+    EXPECT_TRUE(Files().Rename(WithSlashes(Path(L"file")), WithSlashes(Path(L"folder\\new"))));
+    EXPECT_EQ(NamesIn(L"folder"), (Names{L"new"}));
+    EXPECT_FALSE(Files().RemoveFolder(WithSlashes(Path(L"folder"))));
+    EXPECT_TRUE(Files().Rename(Path(L"folder\\new"), Path(L"file")));
+    EXPECT_TRUE(Files().RemoveFolder(WithSlashes(Path(L"folder"))));
+    EXPECT_EQ(NamesIn(L""), (Names{L"file"}));
+}
+
+TEST_P(FileSystemContract, AFolderBehindSlashesIsMadeWhereItsParentIsThereAndNoParentWithIt) {
+    const std::wstring root = WithSlashes(Root());
+    EXPECT_EQ(Files().CreateFolder(root + L"/one"), kFolderCreated);
+    EXPECT_EQ(Files().CreateFolder(root + L"/one"), kFolderExists);
+    EXPECT_EQ(Files().CreateFolder(Path(L"one/two")), kFolderCreated);
+    const int result = Files().CreateFolder(root + L"/three/four");
+    EXPECT_NE(result, kFolderCreated);
+    EXPECT_NE(result, kFolderExists);
+    EXPECT_EQ(NamesIn(L""), (Names{L"one"}));
+    EXPECT_EQ(NamesIn(L"one"), (Names{L"two"}));
+}
+
+TEST_P(FileSystemContract, AUnitThatNobodySeesIsPartOfAName) {
+    const std::wstring name = L"work\x008B";
+    EXPECT_EQ(Files().CreateFolder(WithSlashes(Path(name))), kFolderCreated);
+    EXPECT_EQ(Files().CreateFolder(Path(name)), kFolderExists);
+    EXPECT_EQ(NamesIn(L""), (Names{name}));
+    EXPECT_FALSE(IsThere(L"work"));
+    AddFile(name + L"\\file");
+    EXPECT_EQ(NamesIn(name), (Names{L"file"}));
+    EXPECT_FALSE(IsThere(name + L"file")) << "it separates nothing";
+}
+
 TEST_P(FileSystemContract, OnlyAnEmptyFolderIsRemoved) {
     AddFolder(L"folder\\inner");
     AddFile(L"file");
@@ -221,6 +316,51 @@ TEST_P(FileSystemContract, OnlyAnEmptyFolderIsRemoved) {
     EXPECT_TRUE(Files().RemoveFolder(Path(L"FOLDER\\inner")));
     EXPECT_TRUE(Files().RemoveFolder(Path(L"folder")));
     EXPECT_EQ(NamesIn(L""), (Names{L"file"}));
+}
+
+TEST_P(FileSystemContract, AFolderThatWasMadePlainIsRemoved) {
+    AddFolder(L"folder");
+    ASSERT_TRUE(Files().SetAttributes(Path(L"folder"), kReadOnly | kHidden | kSystem | kAttributeDirectory));
+    ASSERT_TRUE(Files().SetAttributes(Path(L"folder"), kAttributeDirectory));
+    EXPECT_TRUE(Files().RemoveFolder(Path(L"folder")));
+    EXPECT_FALSE(IsThere(L"folder"));
+}
+
+TEST_P(FileSystemContract, WhatComesGoesOrIsRenamedInAFolderGivesItANewTime) {
+    AddFolder(L"outer\\inner");
+    AddFile(L"outer\\file");
+    const auto expectNewTime = [this](const char* what) {
+        EXPECT_NE(TimeOf(L"outer"), kSomeTime) << what;
+        SetTime(L"outer", kSomeTime);
+    };
+    SetTime(L"outer", kSomeTime);
+    ASSERT_TRUE(Files().Rename(Path(L"outer\\file"), Path(L"outer\\new")));
+    expectNewTime("renamed");
+    ASSERT_TRUE(Files().Rename(Path(L"outer\\new"), Path(L"away")));
+    expectNewTime("moved out");
+    ASSERT_TRUE(Files().Rename(Path(L"away"), Path(L"outer\\back")));
+    expectNewTime("moved in");
+    ASSERT_TRUE(Files().RemoveFolder(Path(L"outer\\inner")));
+    expectNewTime("removed");
+    AddFolder(L"outer\\again");
+    expectNewTime("made");
+}
+
+TEST_P(FileSystemContract, LookingAtThingsAndSettingAttributesChangesNoTime) {
+    AddFolder(L"outer\\inner");
+    AddFile(L"outer\\file", "bytes", kSomeTime);
+    SetTime(L"outer\\inner", kSomeTime);
+    SetTime(L"outer", kSomeTime);
+    NamesIn(L"outer");
+    IsThere(L"outer\\file");
+    Files().FileSize(Path(L"outer\\file"));
+    EXPECT_EQ(Files().CreateFolder(Path(L"outer\\inner")), kFolderExists);
+    EXPECT_FALSE(Files().RemoveFolder(Path(L"outer")));
+    ASSERT_TRUE(Files().SetAttributes(Path(L"outer"), kHidden));
+    ASSERT_TRUE(Files().SetAttributes(Path(L"outer\\file"), kHidden));
+    Files().NotifyFolderMade(Path(L"outer\\inner"));
+    for (const wchar_t* const item : {L"outer", L"outer\\inner", L"outer\\file"})
+        EXPECT_EQ(TimeOf(item), kSomeTime) << testing::PrintToString(std::wstring(item));
 }
 
 TEST_P(FileSystemContract, AFileGetsANewNameWithEverythingElseAsItWas) {
@@ -289,7 +429,8 @@ TEST_P(FileSystemContract, ANewNameLosesTheDotsAndBlanksAtItsEnd) {
 }
 
 TEST_P(FileSystemContract, RootsAreDrivesAndShares) {
-    for (const wchar_t* const root : {L"C:\\", L"z:\\", L"\\", L"\\\\server", L"\\\\server\\share"})
+    for (const wchar_t* const root :
+         {L"C:\\", L"z:\\", L"\\", L"\\\\server", L"\\\\server\\", L"\\\\server\\share"})
         EXPECT_TRUE(Files().IsRoot(root)) << testing::PrintToString(std::wstring(root));
     for (const wchar_t* const other : {L"", L"C", L"C:", L"C:/", L"C:\\x", L"C:\\x\\", L"\\x", L"name",
                                        L"\\\\server\\share\\x", L"\\\\server\\share\\"})

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 
+#include "base/utf16.h"
 #include "core/transfer/model_run.h"
 
 namespace ferry::transfer {
@@ -23,9 +24,11 @@ protected:
     }
 
     void AddSource(std::wstring_view path) { run.Request.Sources.Append(path); }
-    void AddFile(std::wstring_view path, std::string content = "bytes", std::uint64_t time = kTime) {
-        run.Shared.Files.AddFile(path, std::move(content), time);
-    }
+
+    /// Every file has a content of its own, so that none can stand for another.
+    static std::string BytesOf(std::wstring_view path) { return "bytes of " + base::ToUtf8(path); }
+
+    void AddFile(std::wstring_view path) { run.Shared.Files.AddFile(path, BytesOf(path), kTime); }
     void UsePolicy(std::uint32_t policy) { run.Request.Settings.Policy = policy; }
     void UseMove() { run.Request.What = Operation::Move; }
     bool Exists(std::wstring_view path) const { return run.Shared.Files.At(path) != nullptr; }
@@ -116,7 +119,7 @@ TEST_F(IndividualRunTest, AnyFailureToMakeAFolderTellsTheShellAndCopiesTheAttrib
     const Lines calls(Log().begin() + 5, Log().begin() + 9);
     EXPECT_EQ(calls, (Lines{L"CreateFolder D:\\out\\dir", L"NotifyFolderMade D:\\out\\dir",
                             L"Attributes C:\\src\\dir", L"SetAttributes D:\\out\\dir 16"}));
-    EXPECT_EQ(ContentAt(L"D:\\out\\dir"), "bytes");
+    EXPECT_EQ(ContentAt(L"D:\\out\\dir"), BytesOf(L"D:\\out\\dir"));
     EXPECT_TRUE(Exists(L"C:\\src\\dir")) << "a folder without a counterpart stays";
 }
 
@@ -135,7 +138,7 @@ TEST_F(IndividualRunTest, AMovedFolderWithSkippedFilesStaysWithItsParents) {
     AddFile(L"C:\\src\\dir\\sub\\skipped");
     AddFile(L"C:\\src\\dir\\sub\\moved");
     AddFile(L"C:\\src\\dir\\other\\moved");
-    AddFile(L"D:\\out\\dir\\sub\\skipped", "existing");
+    AddFile(L"D:\\out\\dir\\sub\\skipped");
     AddSource(L"C:\\src\\dir");
     UseMove();
     UsePolicy(2);
@@ -143,7 +146,9 @@ TEST_F(IndividualRunTest, AMovedFolderWithSkippedFilesStaysWithItsParents) {
     EXPECT_TRUE(Exists(L"C:\\src\\dir\\sub\\skipped"));
     EXPECT_FALSE(Exists(L"C:\\src\\dir\\sub\\moved"));
     EXPECT_FALSE(Exists(L"C:\\src\\dir\\other"));
-    EXPECT_EQ(ContentAt(L"D:\\out\\dir\\sub\\skipped"), "existing");
+    EXPECT_EQ(ContentAt(L"D:\\out\\dir\\sub\\skipped"), BytesOf(L"D:\\out\\dir\\sub\\skipped"));
+    EXPECT_EQ(ContentAt(L"D:\\out\\dir\\sub\\moved"), BytesOf(L"C:\\src\\dir\\sub\\moved"));
+    EXPECT_EQ(ContentAt(L"D:\\out\\dir\\other\\moved"), BytesOf(L"C:\\src\\dir\\other\\moved"));
 }
 
 TEST_F(IndividualRunTest, AReadOnlyFolderIsMadePlainAndRemoved) {
@@ -189,14 +194,25 @@ TEST_F(IndividualRunTest, AnEmptyFolderWhoseCounterpartCouldNotBeMadeStays) {
     EXPECT_TRUE(Exists(L"C:\\src\\dir"));
 }
 
-TEST_F(IndividualRunTest, ACopyRemovesNothing) {
+TEST_F(IndividualRunTest, ACopyChangesNothingAtTheSourceNotEvenATime) {
     AddFile(L"C:\\src\\dir\\a");
+    AddFile(L"C:\\src\\b");
     run.Shared.Files.AddFolder(L"C:\\src\\dir\\empty").Attributes = 0x13;
+    AddFile(L"D:\\out\\dir\\a");
+    AddFile(L"D:\\out\\b");
     AddSource(L"C:\\src\\dir");
-    const auto before = run.Shared.Files.Snapshot(L"C:\\src");
-    EXPECT_TRUE(run.Run());
-    EXPECT_EQ(run.Shared.Files.Snapshot(L"C:\\src"), before);
-    EXPECT_EQ(ContentAt(L"D:\\out\\dir\\a"), "bytes");
+    AddSource(L"C:\\src\\b");
+    run.Person.NewName = [count = 0]() mutable {
+        return NameAnswer{kEndOk, L"name " + std::to_wstring(count++)};
+    };
+    const auto before = run.Shared.Files.Snapshot(L"C:");
+    for (std::uint32_t policy = 0; policy <= 8; ++policy) {
+        UsePolicy(policy);
+        AnswerCollisions({{kEndForAll, 3}});
+        EXPECT_TRUE(run.Run());
+        EXPECT_EQ(run.Shared.Files.Snapshot(L"C:"), before) << policy;
+    }
+    EXPECT_EQ(ContentAt(L"D:\\out\\dir\\a"), BytesOf(L"C:\\src\\dir\\a"));
 }
 
 TEST_F(IndividualRunTest, ACancelStopsBeforeTheNextItemAndRemovesNoFolder) {
@@ -212,7 +228,8 @@ TEST_F(IndividualRunTest, ACancelStopsBeforeTheNextItemAndRemovesNoFolder) {
     EXPECT_FALSE(run.Run());
     EXPECT_EQ(Log().back(), L"Drain");
     EXPECT_EQ(run.View.Steps, (std::vector<std::size_t>{2}));
-    EXPECT_EQ(ContentAt(L"D:\\out\\dir\\a"), "bytes") << "the range is dir, a, b: the cancel came before b";
+    EXPECT_EQ(ContentAt(L"D:\\out\\dir\\a"), BytesOf(L"C:\\src\\dir\\a"))
+        << "the range is dir, a, b: the cancel came before b";
     EXPECT_TRUE(Exists(L"C:\\src\\dir\\b"));
     EXPECT_TRUE(Exists(L"C:\\src\\later"));
 }
@@ -227,6 +244,39 @@ TEST_F(IndividualRunTest, AnAbortedOperationStopsTheWholeTransfer) {
     };
     EXPECT_FALSE(run.Run());
     EXPECT_EQ(Log().back(), L"Copy C:\\src\\a > D:\\out\\ flags 2A14 asked");
+}
+
+TEST_F(IndividualRunTest, ChoicesOfTheBatchModeChangeNothing) {
+    const auto logOf = [](const TransferSettings& settings) {
+        model::ModelRun one;
+        one.Shared.Logging = true;
+        for (const wchar_t* const path : {L"C:\\src\\dir\\a", L"C:\\src\\dir\\b", L"D:\\out\\dir\\b"})
+            one.Shared.Files.AddFile(path, BytesOf(path), kTime);
+        one.Request.Sources.Append(L"C:\\src\\dir");
+        one.Request.Destination = L"D:\\out\\";
+        one.Request.Settings = settings;
+        EXPECT_TRUE(one.Run());
+        return one.Shared.Log;
+    };
+    for (std::uint32_t policy = 0; policy <= 8; ++policy) {
+        const Lines plain = logOf({1, policy, 0, 0, 0});
+        EXPECT_EQ(logOf({1, policy, 1, 0, 0}), plain) << "told not to ask";
+        EXPECT_EQ(logOf({1, policy, 0, 1, 0}), plain) << "told to show the destination";
+        EXPECT_EQ(logOf({0, policy, 1, 1, 0}), plain);
+    }
+}
+
+TEST_F(IndividualRunTest, ARootTakesWhatAnyFolderTakes) {
+    AddFile(L"C:\\src\\dir\\a");
+    AddFile(L"C:\\src\\b");
+    AddSource(L"C:\\src\\dir");
+    AddSource(L"C:\\src\\b");
+    run.Request.Destination = L"D:\\";
+    UseMove();
+    EXPECT_TRUE(run.Run());
+    EXPECT_EQ(ContentAt(L"D:\\dir\\a"), BytesOf(L"C:\\src\\dir\\a"));
+    EXPECT_EQ(ContentAt(L"D:\\b"), BytesOf(L"C:\\src\\b"));
+    EXPECT_FALSE(Exists(L"C:\\src\\dir"));
 }
 
 TEST_F(IndividualRunTest, MoreThan65535ItemsMakeTheRangeWrap) {
@@ -249,15 +299,24 @@ class CollisionQuestions : public IndividualRunTest {
 protected:
     CollisionQuestions() {
         for (const wchar_t* const name : {L"a", L"b", L"c"}) {
-            AddFile(std::wstring(L"C:\\src\\") + name, "incoming");
-            AddFile(std::wstring(L"D:\\out\\") + name, "existing");
+            AddFile(std::wstring(L"C:\\src\\") + name);
+            AddFile(std::wstring(L"D:\\out\\") + name);
             AddSource(std::wstring(L"C:\\src\\") + name);
         }
         UsePolicy(7);
     }
 
+    /// What stands under each of the three names at the destination.
     std::string Contents() const {
-        return ContentAt(L"D:\\out\\a") + " " + ContentAt(L"D:\\out\\b") + " " + ContentAt(L"D:\\out\\c");
+        std::string all;
+        for (const wchar_t* const name : {L"a", L"b", L"c"}) {
+            const std::string content = ContentAt(std::wstring(L"D:\\out\\") + name);
+            const bool isIncoming = content == BytesOf(std::wstring(L"C:\\src\\") + name);
+            const bool isExisting = content == BytesOf(std::wstring(L"D:\\out\\") + name);
+            all += all.empty() ? "" : " ";
+            all += isIncoming ? "incoming" : isExisting ? "existing" : content;
+        }
+        return all;
     }
 };
 
@@ -305,7 +364,7 @@ TEST_F(CollisionQuestions, AnAutomaticNameOnceChosenHoldsForLaterFiles) {
     AnswerCollisions({{kEndOk, 6}, {kEndOk, 3}, {kEndOk, 3}});
     EXPECT_TRUE(run.Run());
     EXPECT_EQ(Contents(), "existing existing existing");
-    EXPECT_EQ(ContentAt(L"D:\\out\\c (2)"), "incoming");
+    EXPECT_EQ(ContentAt(L"D:\\out\\c (2)"), BytesOf(L"C:\\src\\c"));
 }
 
 TEST_F(CollisionQuestions, EqualsPolicyThreeWhenTheAnswerIsOutOfRange) {
@@ -331,13 +390,13 @@ TEST_F(IndividualRunTest, EverySourceLandsBelowTheDestinationUnderItsOwnName) {
     for (const Case& item : cases) {
         SCOPED_TRACE(item.Source);
         model::ModelRun one;
-        one.Shared.Files.AddFile(item.File, "bytes");
+        one.Shared.Files.AddFile(item.File, BytesOf(item.File));
         one.Shared.Files.AddFolder(L"D:\\out").Attributes = 0x10;
         one.Request.Destination = L"D:\\out\\";
         one.Request.What = Operation::Move;
         one.Request.Sources.Append(item.Source);
         EXPECT_TRUE(one.Run());
-        ASSERT_NE(one.Shared.Files.At(item.Expected), nullptr);
+        EXPECT_EQ(one.Shared.Files.ContentAt(item.Expected), BytesOf(item.File));
         EXPECT_EQ(one.Shared.Files.At(item.File), nullptr);
         EXPECT_EQ(one.Shared.Files.At(L"D:\\out")->Attributes, 0x10u);
     }
@@ -371,15 +430,15 @@ TEST_F(IndividualRunTest, AVanishedSourceIsNotTakenForAFolder) {
 }
 
 TEST_F(IndividualRunTest, AFolderWhoseAttributesCannotBeReadIsWalkedAndNotHandedOverWhole) {
-    AddFile(L"C:\\src\\dir\\a", "incoming");
-    AddFile(L"D:\\out\\dir\\a", "existing");
+    AddFile(L"C:\\src\\dir\\a");
+    AddFile(L"D:\\out\\dir\\a");
     AddSource(L"C:\\src\\dir");
     UsePolicy(2);
     run.Shared.Faults = [](std::size_t index, std::wstring_view) {
         return index == 0 ? Fault::Fail : Fault::None;
     };
     EXPECT_TRUE(run.Run());
-    EXPECT_EQ(ContentAt(L"D:\\out\\dir\\a"), "existing");
+    EXPECT_EQ(ContentAt(L"D:\\out\\dir\\a"), BytesOf(L"D:\\out\\dir\\a"));
     EXPECT_EQ(run.View.Ranges, (std::vector<std::uint32_t>{2}));
 }
 
@@ -390,8 +449,8 @@ TEST_F(IndividualRunTest, ADestinationInsideTheSourceIsNotCopiedIntoItselfWithou
     AddSource(L"C:\\src\\dir");
     UseMove();
     EXPECT_TRUE(run.Run());
-    EXPECT_EQ(ContentAt(L"C:\\src\\dir\\in\\dir\\f"), "bytes");
-    EXPECT_EQ(ContentAt(L"C:\\src\\dir\\in\\dir\\in\\g"), "bytes");
+    EXPECT_EQ(ContentAt(L"C:\\src\\dir\\in\\dir\\f"), BytesOf(L"C:\\src\\dir\\f"));
+    EXPECT_EQ(ContentAt(L"C:\\src\\dir\\in\\dir\\in\\g"), BytesOf(L"C:\\src\\dir\\in\\g"));
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 // The model keeps the contract that the adapters keep.
 #include "core/transfer/model_ports.h"
 #include "core/transfer/port_contract.h"
+#include "core/transfer/progress_contract.h"
 
 namespace ferry::transfer::contract {
 namespace {
@@ -19,6 +20,10 @@ public:
         world_.Files.AddFile(path, content, time);
     }
 
+    void SetTime(const std::wstring& path, std::uint64_t time) override {
+        world_.Files.At(path)->LastWriteTime = time;
+    }
+
     std::optional<std::string> ReadFile(const std::wstring& path) override {
         const model::Node* const node = world_.Files.At(path);
         return node == nullptr || node->IsFolder ? std::nullopt : std::optional(node->Content);
@@ -34,6 +39,27 @@ std::unique_ptr<Place> MakeModelPlace() {
     return std::make_unique<ModelPlace>();
 }
 
+class ModelProgressPlace final : public ProgressPlace {
+public:
+    Progress& View() override { return view_; }
+    void RequestCancel() override { view_.CancelRequested = true; }
+
+    bool Shows(std::uint32_t position, std::uint32_t range, const std::wstring& line) override {
+        const bool isEmpty = view_.Ranges.empty() && range == 0 && position == 0;
+        return view_.Line == line &&
+               (isEmpty || (view_.Ranges.back() == range && view_.Steps.back() == position));
+    }
+
+private:
+    model::World world_;
+    model::ModelProgress view_{world_};
+};
+
+std::unique_ptr<ProgressPlace> MakeModelProgressPlace() {
+    return std::make_unique<ModelProgressPlace>();
+}
+
+INSTANTIATE_TEST_SUITE_P(Model, ProgressContract, testing::Values(&MakeModelProgressPlace));
 INSTANTIATE_TEST_SUITE_P(Model, FileSystemContract, testing::Values(&MakeModelPlace));
 INSTANTIATE_TEST_SUITE_P(Model, ShellContract, testing::Values(&MakeModelPlace));
 

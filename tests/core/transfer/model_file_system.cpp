@@ -25,25 +25,20 @@ bool SaysDone(Fault fault) {
 }
 
 /// Whether a name in `path`, below its drive, is one that Windows forbids.
-bool HasForbiddenName(std::wstring_view path) {
+bool HasForbiddenName(std::wstring_view given) {
+    const std::wstring path = WithBackslashes(given);
     for (std::size_t start = path.find(L'\\'); start != path.npos; start = path.find(L'\\', start + 1)) {
         const std::size_t end = path.find(L'\\', start + 1);
-        const std::wstring_view name = path.substr(start + 1, end == path.npos ? end : end - start - 1);
+        const std::wstring name = path.substr(start + 1, end == path.npos ? end : end - start - 1);
         if (!name.empty() && IsForbiddenName(name))
             return true;
     }
     return false;
 }
 
-/// Whether any parent of `path` is a file, so that no folder can be made there.
-bool HasFileAbove(const Tree& files, std::wstring_view path) {
-    for (std::size_t end = path.find(L'\\'); end != std::wstring_view::npos;
-         end = path.find(L'\\', end + 1)) {
-        const Node* const above = files.At(path.substr(0, end));
-        if (above != nullptr && !above->IsFolder)
-            return true;
-    }
-    return false;
+/// Whether `path` lies on a server, none of which is there.
+bool IsOnServer(std::wstring_view path) {
+    return path.starts_with(L"\\\\");
 }
 
 }  // namespace
@@ -117,10 +112,29 @@ int ModelFileSystem::CreateFolder(std::wstring_view path) {
         return kFolderExists;  // the shell says so of a file too
     if (HasForbiddenName(path))
         return kInvalidName;
-    if (HasFileAbove(world_.Files, path) || world_.Files.At(path.substr(0, path.find(L'\\'))) == nullptr)
-        return kPathNotFound;
-    world_.Files.AddFolder(path);
-    return SaysDone(fault) ? kFolderCreated : kAccessDenied;
+    return MakeWithParents(path) ? (SaysDone(fault) ? kFolderCreated : kAccessDenied) : kPathNotFound;
+}
+
+bool ModelFileSystem::MakeWithParents(std::wstring_view path) {
+    // A missing parent is made where a backslash ends its name; a slash ends none.
+    for (std::size_t end = path.find(L'\\'); end != path.npos; end = path.find(L'\\', end + 1)) {
+        if (!MakeOne(path.substr(0, end)))
+            return false;
+    }
+    return MakeOne(path);
+}
+
+bool ModelFileSystem::MakeOne(std::wstring_view path) {
+    const Node* const existing = world_.Files.At(path);
+    if (existing != nullptr)
+        return existing->IsFolder;
+    const bool hasParent = path.find_first_of(L"\\/") != path.npos;
+    Node* const parent = hasParent ? world_.Files.ParentOf(path) : nullptr;
+    if (parent == nullptr)
+        return false;
+    world_.Touch(world_.Files.AddFolder(WithBackslashes(path)));
+    world_.Touch(*parent);
+    return true;
 }
 
 void ModelFileSystem::NotifyFolderMade(std::wstring_view path) {
@@ -135,6 +149,7 @@ bool ModelFileSystem::RemoveFolder(std::wstring_view path) {
     if (Stops(fault) || node == nullptr || !node->IsFolder || !node->Children.empty() ||
         (node->Attributes & kReadOnly) != 0)
         return false;
+    world_.Touch(*world_.Files.ParentOf(path));
     world_.Files.Detach(path);
     world_.RemovedFolders.emplace_back(path);
     return SaysDone(fault);
@@ -161,6 +176,8 @@ bool ModelFileSystem::Move(std::wstring_view from, std::wstring_view to) {
     if (node == nullptr || parent == nullptr || isTaken || liesInside || IsForbiddenName(name))
         return false;
     world_.RenamedAway.insert(base::SmallLetters(from));
+    world_.Touch(*world_.Files.ParentOf(from));
+    world_.Touch(*parent);
     auto moved = world_.Files.Detach(from);
     moved->Name = name;
     parent->Children.push_back(std::move(moved));
@@ -169,12 +186,10 @@ bool ModelFileSystem::Move(std::wstring_view from, std::wstring_view to) {
 
 bool ModelFileSystem::IsRoot(std::wstring_view path) {
     world_.Enter(L"IsRoot", path);
-    if (path.size() == 3)
-        return path.substr(1) == L":\\";
-    if (!path.starts_with(L"\\\\") || path.ends_with(L'\\'))
-        return path == L"\\";
-    const std::size_t share = path.find(L'\\', 2);
-    return share == std::wstring_view::npos || path.find(L'\\', share + 1) == std::wstring_view::npos;
+    if (path.size() == 3 && path.substr(1) == L":\\")
+        return true;
+    // A server counts as a root with and without its separator, a share only without.
+    return path == L"\\" || (IsOnServer(path) && std::ranges::count(path.substr(2), L'\\') <= 1);
 }
 
 double ModelFileSystem::LocalDate(std::uint64_t fileTime) {

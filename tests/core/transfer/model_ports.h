@@ -31,6 +31,8 @@ public:
 
 private:
     bool Move(std::wstring_view from, std::wstring_view to);
+    bool MakeWithParents(std::wstring_view path);
+    bool MakeOne(std::wstring_view path);
 
     World& world_;
     int openSearches_ = 0;
@@ -102,6 +104,7 @@ public:
 
     std::vector<std::uint32_t> Ranges;
     std::vector<std::size_t> Steps;         ///< Per range.
+    std::wstring Line;                      ///< The name of the last item.
     std::size_t FoldersRemovedAtRange = 0;  ///< How many folders were gone when the last range began.
     bool CancelRequested = false;
 

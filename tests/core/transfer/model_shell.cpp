@@ -23,14 +23,18 @@ std::wstring FreshName(const Node& folder, const std::wstring& name) {
     }
 }
 
+std::wstring Hexadecimal(std::uint32_t flags) {
+    wchar_t digits[16];
+    std::swprintf(digits, std::size(digits), L"%04X", static_cast<unsigned>(flags));
+    return digits;
+}
+
 std::wstring Details(const ShellTransfer& transfer) {
-    wchar_t flags[16];
-    std::swprintf(flags, std::size(flags), L"%04X", static_cast<unsigned>(transfer.Flags));
     std::wstring text = L"> ";
     text += transfer.TargetFolder;
     if (!transfer.NewName.empty())
         text.append(L" as ").append(transfer.NewName);
-    text.append(L" flags ").append(flags);
+    text.append(L" flags ").append(Hexadecimal(transfer.Flags));
     if (transfer.AskAborted)
         text += L" asked";
     return text;
@@ -76,7 +80,10 @@ ShellOutcome ModelShell::TransferFile(const ShellTransfer& transfer) {
 ShellOutcome ModelShell::Perform(const ShellTransfer& transfer, Fault fault) {
     Node* const source = world_.Files.At(transfer.Source);
     Node* const folder = world_.Files.At(transfer.TargetFolder);
-    if (source == nullptr || folder == nullptr)
+    // The shell makes no item of a path with a slash in it.
+    const bool hasSlash = transfer.Source.find(L'/') != transfer.Source.npos ||
+                          transfer.TargetFolder.find(L'/') != transfer.TargetFolder.npos;
+    if (source == nullptr || folder == nullptr || hasSlash)
         return {kNothingQueued, false};
     // What is refused the person has to skip, and that counts as an abort.
     const ShellOutcome refused{kRefused, transfer.AskAborted};
@@ -112,7 +119,8 @@ ShellOutcome ModelShell::PlaceFolder(const Placing& placing) {
     if (base::SmallLetters(target).starts_with(base::SmallLetters(source) + L'\\'))
         return {kRefused, transfer.AskAborted};
     world_.FoldersHandedOver.insert(base::SmallLetters(source));
-    world_.Files.AddFolder(target);
+    world_.Touch(world_.Files.AddFolder(target));
+    world_.Touch(placing.Folder);
     std::vector<std::wstring> names;
     for (const auto& child : placing.Source.Children)
         names.push_back(child->Name);
@@ -123,8 +131,10 @@ ShellOutcome ModelShell::PlaceFolder(const Placing& placing) {
             Perform({path, target, {}, transfer.Function, transfer.Flags, transfer.AskAborted}, placing.What);
         whole = {one.Result != 0 ? one.Result : whole.Result, one.Aborted || whole.Aborted};
     }
-    if (transfer.Function == kFunctionMove && placing.Source.Children.empty())
+    if (transfer.Function == kFunctionMove && placing.Source.Children.empty()) {
+        world_.Touch(*world_.Files.ParentOf(source));
         world_.Files.Detach(source);
+    }
     return whole;
 }
 
@@ -157,16 +167,22 @@ ShellOutcome ModelShell::Place(const Placing& placing) {
         world_.Files.Detach(record.Target);
     }
     const bool fails = isHalf || placing.What == Fault::KeepSource;
-    if (!record.SourceStays)
+    if (!record.SourceStays) {
+        world_.Touch(*world_.Files.ParentOf(transfer.Source));
         world_.Files.Detach(transfer.Source);
+    }
     placing.Folder.Children.push_back(std::move(placed));
+    world_.Touch(placing.Folder);
     world_.Transfers.push_back(std::move(record));
     return {fails ? kUnspecified : 0, false};
 }
 
 std::int32_t ModelShell::TransferBatch(const base::TextList& sources, std::wstring_view destination,
                                        std::uint32_t function, std::uint32_t flags) {
-    const Fault fault = world_.Enter(L"Batch", destination, std::to_wstring(function));
+    std::wstring details = function == kFunctionCopy ? L"copy" : L"move";
+    for (const std::wstring_view source : sources)
+        details.append(L" ").append(source);
+    const Fault fault = world_.Enter(L"Batch", destination, details + L" flags " + Hexadecimal(flags));
     if (fault == Fault::NoObject)
         return 1;
     if (fault == Fault::Fail)
@@ -237,6 +253,7 @@ void ModelProgress::Step() {
 
 void ModelProgress::ShowItem(std::wstring_view name) {
     world_.EnterPlain(L"Show", name);
+    Line = name;
 }
 
 }  // namespace ferry::transfer::model

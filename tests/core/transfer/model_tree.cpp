@@ -40,7 +40,15 @@ std::wstring_view TakenName(std::wstring_view name) {
     return name.substr(0, name.find_last_not_of(L". ") + 1);
 }
 
-std::wstring PlainPath(std::wstring_view path) {
+std::wstring WithBackslashes(std::wstring_view path) {
+    std::wstring text(path);
+    std::ranges::replace(text, L'/', L'\\');
+    return text;
+}
+
+std::wstring PlainPath(std::wstring_view given) {
+    const std::wstring text = WithBackslashes(given);
+    std::wstring_view path = text;
     std::wstring plain;
     const std::wstring_view end = path.ends_with(L'\\') ? L"\\" : L"";
     path = WithoutTrailingSeparator(path);
@@ -71,7 +79,7 @@ Node* Tree::Child(const Node& folder, std::wstring_view name) {
 
 Node* Tree::At(std::wstring_view path) {
     // Only a component that begins with a dot or a blank can be one without a name.
-    if (path.find(L"\\.") != path.npos || path.find(L"\\ ") != path.npos) {
+    if (path.find(L"\\.") != path.npos || path.find(L"\\ ") != path.npos || path.find(L'/') != path.npos) {
         const std::wstring plain = PlainPath(path);
         return AtPlain(plain);
     }

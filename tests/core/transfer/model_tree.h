@@ -25,8 +25,11 @@ struct Node {
 /// `name` as Windows takes it: without dots and blanks at its end. "." and ".." give nothing.
 std::wstring_view TakenName(std::wstring_view name);
 
-/// `path` without the components "." and "..", as Windows takes it. A last component of nothing but
-/// dots and blanks leaves the separator before it.
+/// `path` with its slashes made backslashes: to the file system they are the same.
+std::wstring WithBackslashes(std::wstring_view path);
+
+/// `path` with backslashes and without the components "." and "..", as Windows takes it. A last component of
+/// nothing but dots and blanks leaves the separator before it.
 std::wstring PlainPath(std::wstring_view path);
 
 /// Whether Windows allows no item to be called `name`.

@@ -102,6 +102,9 @@ public:
     /// Adds a file with a content of its own and returns it.
     Node& AddUniqueFile(std::wstring_view path, std::uint64_t lastWriteTime);
 
+    /// Gives `folder` the time at which an entry of it came, went or was renamed: later than any before.
+    void Touch(Node& folder) noexcept { folder.LastWriteTime = ++now_; }
+
     /// The policy that holds for the file at hand.
     std::uint32_t EffectivePolicy() const { return PolicyForOne.value_or(RunPolicy); }
 
@@ -117,6 +120,7 @@ private:
     std::string UniqueContent();
 
     std::size_t contentCount_ = 0;
+    std::uint64_t now_ = 140'000'000'000'000'000;
     std::array<std::wstring, 4> recent_;  ///< The paths of the last calls.
     std::size_t recentNext_ = 0;
 };

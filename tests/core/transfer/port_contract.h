@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -11,6 +12,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/utf16.h"
 #include "transfer/ports.h"
 
 namespace ferry::transfer::contract {
@@ -23,7 +25,7 @@ public:
     virtual FileSystem& Files() = 0;
     virtual ShellOperations& Shell() = 0;
 
-    /// Whether this shell can transfer files.
+    /// Whether this shell can transfer files; one that cannot keeps no contract.
     virtual bool HasShell() const = 0;
 
     /// The folder: empty, of a full path, without a trailing separator.
@@ -31,6 +33,9 @@ public:
 
     /// Writes a file by other means than the port; its folder exists.
     virtual void WriteFile(const std::wstring& path, const std::string& content, std::uint64_t time) = 0;
+
+    /// Sets the time at which the item at `path` was last written, by other means than the port.
+    virtual void SetTime(const std::wstring& path, std::uint64_t time) = 0;
 
     /// The bytes of a file, by other means than the port; nothing when there is no such file.
     virtual std::optional<std::string> ReadFile(const std::wstring& path) = 0;
@@ -63,10 +68,15 @@ protected:
         return Path(relative);
     }
 
-    std::wstring AddFile(std::wstring_view relative, const std::string& content = "bytes",
+    std::wstring AddFile(std::wstring_view relative, const std::string& content,
                          std::uint64_t time = kSomeTime) {
         place_->WriteFile(Path(relative), content, time);
         return Path(relative);
+    }
+
+    /// A file whose content is its own.
+    std::wstring AddFile(std::wstring_view relative) {
+        return AddFile(relative, "bytes of " + base::ToUtf8(relative));
     }
 
     bool IsThere(std::wstring_view relative) {
@@ -83,8 +93,22 @@ protected:
         return place_->ReadFile(Path(relative)).value_or("nothing");
     }
 
+    /// The time at which the item was last written.
+    std::uint64_t TimeOf(std::wstring_view relative) { return Files().Find(Path(relative))->LastWriteTime; }
+    void SetTime(std::wstring_view relative, std::uint64_t time) { place_->SetTime(Path(relative), time); }
+
     /// The names in a folder of the place, sorted.
     Names NamesIn(std::wstring_view relative);
+
+    /// The root of the drive that the place lies on, and of one that is not there.
+    std::wstring Drive() const { return Root().substr(0, Root().find(L'\\') + 1); }
+    std::wstring MissingDrive();
+
+    /// `path` as one types it who knows Unix.
+    static std::wstring WithSlashes(std::wstring path) {
+        std::ranges::replace(path, L'\\', L'/');
+        return path;
+    }
 
     FileSystem& Files() { return place_->Files(); }
     ShellOperations& Shell() { return place_->Shell(); }
@@ -97,12 +121,10 @@ private:
 
 class FileSystemContract : public PortContract {};
 
-/// The same where the shell transfers files; skipped elsewhere.
 class ShellContract : public PortContract {
 protected:
     void SetUp() override {
-        if (!HasShell())
-            GTEST_SKIP() << "this system's file operation does not copy";
+        ASSERT_TRUE(HasShell()) << "this system's file operation does not copy";
         AddFolder(L"to");
     }
 
@@ -114,10 +136,13 @@ protected:
 
     ShellOutcome TransferInto(std::wstring_view folder, std::wstring_view relative, std::uint32_t function,
                               std::wstring_view newName = {}, std::uint32_t flags = kFlagNoConfirmation) {
-        const std::wstring source = Path(relative);
-        const std::wstring target = Path(folder);
+        return TransferPath(Path(relative), Path(folder), function, newName, flags);
+    }
+
+    ShellOutcome TransferPath(std::wstring_view source, std::wstring_view folder, std::uint32_t function,
+                              std::wstring_view newName = {}, std::uint32_t flags = kFlagNoConfirmation) {
         return Shell().TransferFile(
-            {source, target, newName, function, flags | kFlagSilent | kFlagNoErrorWindow, true});
+            {source, folder, newName, function, flags | kFlagSilent | kFlagNoErrorWindow, true});
     }
 
     static constexpr std::uint32_t kFlagNoErrorWindow = 0x0400;  // shellapi.h

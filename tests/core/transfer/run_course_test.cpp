@@ -6,7 +6,10 @@
 #include <utility>
 #include <vector>
 
+#include "base/utf16.h"
 #include "core/transfer/model_run.h"
+#include "transfer/batch_run.h"
+#include "transfer/destination.h"
 
 namespace ferry::transfer {
 namespace {
@@ -31,8 +34,8 @@ protected:
     /// Files of these names at both places; the incoming ones are the sources.
     void AddCollisions(std::initializer_list<const wchar_t*> names) {
         for (const std::wstring name : names) {
-            AddFile(L"C:\\src\\" + name, "incoming");
-            AddFile(L"D:\\out\\" + name, "existing");
+            AddFile(L"C:\\src\\" + name, "incoming " + base::ToUtf8(name));
+            AddFile(L"D:\\out\\" + name, "existing " + base::ToUtf8(name));
             AddSource(L"C:\\src\\" + name);
         }
         run.Request.Settings.Policy = 7;
@@ -45,11 +48,11 @@ protected:
 
     std::string ContentAt(std::wstring_view path) const { return run.Shared.Files.ContentAt(path); }
 
-    /// How many files hold `content`, wherever they are.
-    std::size_t FilesWith(const std::string& content) const {
+    /// How many files hold a content that begins like this, wherever they are.
+    std::size_t FilesWith(const std::string& start) const {
         std::size_t count = 0;
         run.Shared.Files.ForEach([&](const std::wstring&, const model::Node& node) {
-            count += !node.IsFolder && node.Content == content;
+            count += !node.IsFolder && node.Content.starts_with(start);
         });
         return count;
     }
@@ -66,8 +69,8 @@ TEST_F(RunCourse, AnAnswerForAllHoldsInLaterSourcesAndTheirSubfolders) {
     AnswerCollisions({{kEndForAll, 3}});
     EXPECT_TRUE(run.Run());
     EXPECT_EQ(questions, 1u);
-    EXPECT_EQ(ContentAt(L"D:\\out\\dir\\b"), "incoming");
-    EXPECT_EQ(ContentAt(L"D:\\out\\dir\\sub\\c"), "incoming");
+    EXPECT_EQ(ContentAt(L"D:\\out\\dir\\b"), "incoming dir\\b");
+    EXPECT_EQ(ContentAt(L"D:\\out\\dir\\sub\\c"), "incoming dir\\sub\\c");
 }
 
 TEST_F(RunCourse, AnAnswerForAllEndsWithItsRun) {
@@ -92,8 +95,8 @@ TEST_F(RunCourse, AQuestionThatEndsWithoutAnAnswerSkipsItsFile) {
         AnswerCollisions({{endCode, 3}});
         questions = 0;
         EXPECT_TRUE(run.Run());
-        EXPECT_EQ(ContentAt(L"D:\\out\\a"), "existing") << endCode;
-        EXPECT_EQ(ContentAt(L"C:\\src\\a"), "incoming") << endCode;
+        EXPECT_EQ(ContentAt(L"D:\\out\\a"), "existing a") << endCode;
+        EXPECT_EQ(ContentAt(L"C:\\src\\a"), "incoming a") << endCode;
     }
 }
 
@@ -143,6 +146,80 @@ TEST_F(RunCourse, ACancelDuringTheLastFileOfASourceStopsBeforeTheNextSource) {
     EXPECT_EQ(run.Shared.Files.At(L"C:\\src\\dir"), nullptr) << "the folder that the file emptied is gone";
     EXPECT_EQ(ContentAt(L"C:\\src\\later"), "later");
     EXPECT_EQ(run.Shared.Log.back(), L"Drain");
+}
+
+TEST_F(RunCourse, ADestinationThatWasTypedWithASlashGetsEmptyFoldersAndNoFile) {
+    AddFile(L"C:\\src\\a", "first");
+    AddFile(L"C:\\src\\dir\\b", "second");
+    AddSource(L"C:\\src\\a");
+    AddSource(L"C:\\src\\dir");
+    run.Request.Destination = MakeWorkingDestination(L"D:/work").Path;
+    EXPECT_EQ(EnsureDestinationFolder(run.Files, run.Request.Destination).Outcome, FolderOutcome::Ready);
+    run.Request.What = Operation::Move;
+    const auto before = run.Shared.Files.Snapshot(L"C:\\src");
+    for (std::uint32_t policy = 0; policy <= 8; ++policy) {
+        run.Request.Settings.Policy = policy;
+        EXPECT_TRUE(run.Run());
+        EXPECT_EQ(run.Shared.Files.Snapshot(L"C:\\src"), before);
+    }
+    RunBatch(run.Request, run.Shell);
+    EXPECT_EQ(run.Shared.Files.Snapshot(L"C:\\src"), before);
+    EXPECT_EQ(run.Shared.Files.At(L"D:\\work"), nullptr);
+    // The unit that nobody sees separates nothing, so a folder lands beside the destination.
+    const std::wstring destination = L"D:\\work\x008B";
+    EXPECT_TRUE(run.Shared.Files.At(destination)->Children.empty());
+    EXPECT_TRUE(run.Shared.Files.At(destination + L"dir")->Children.empty());
+    EXPECT_TRUE(run.Shared.Transfers.empty());
+}
+
+/// What the person sees at the moment of each call: the bar and the second line.
+class RunAsSeen : public RunCourse {
+protected:
+    /// The run's log as a person would follow it: at each call that takes time, where the bar stands and
+    /// what the second line names.
+    std::vector<std::wstring> Seen() const {
+        std::vector<std::wstring> seen;
+        std::wstring range = L"0";
+        std::wstring line;
+        int position = 0;
+        for (const std::wstring& call : run.Shared.Log) {
+            const std::wstring port = call.substr(0, call.find(L' '));
+            const std::wstring rest = port.size() < call.size() ? call.substr(port.size() + 1) : L"";
+            if (port == L"SetRange") {
+                range = rest;
+                position = 0;
+            } else if (port == L"Step") {
+                ++position;
+            } else if (port == L"Show") {
+                line = rest;
+            } else if (port == L"Copy" || port == L"Move" || port == L"CreateFolder") {
+                const std::wstring path = rest.substr(0, rest.find(L' '));
+                seen.push_back(path.substr(path.rfind(L'\\') + 1) + L": " + std::to_wstring(position) + L"/" +
+                               range + L" " + line);
+            }
+        }
+        return seen;
+    }
+};
+
+TEST_F(RunAsSeen, TheBarCountsAnItemBeforeItIsHandledAndTheLineNamesTheOneBeforeIt) {
+    AddFile(L"C:\\src\\dir\\a", "first");
+    AddFile(L"C:\\src\\dir\\sub\\b", "second");
+    AddFile(L"C:\\src\\later", "third");
+    AddSource(L"C:\\src\\dir");
+    AddSource(L"C:\\src\\later");
+    EXPECT_TRUE(run.Run());
+    EXPECT_EQ(Seen(), (std::vector<std::wstring>{L"dir: 1/4 ", L"sub: 2/4 dir", L"a: 3/4 sub", L"b: 4/4 a",
+                                                 L"later: 1/1 b"}));
+    EXPECT_EQ(run.Shared.Log.back(), L"Show later");
+}
+
+TEST_F(RunAsSeen, AFileThatIsLeftAloneByItsPolicyIsNamedAndOneThatThePersonSkippedIsNot) {
+    AddCollisions({L"a", L"b"});
+    AnswerCollisions({{kEndOk, 2}, {kEndCancel, 3}});
+    EXPECT_TRUE(run.Run());
+    std::erase_if(run.Shared.Log, [](const std::wstring& call) { return !call.starts_with(L"Show "); });
+    EXPECT_EQ(run.Shared.Log, (std::vector<std::wstring>{L"Show a"}));
 }
 
 TEST_F(RunCourse, TheRangeIsTheCountModulo65536) {

@@ -19,6 +19,75 @@ TEST_P(ShellContract, ACopyKeepsTheSourceAndGivesItsBytesItsTimeAndItsAttributes
     }
 }
 
+TEST_P(ShellContract, ACopyChangesNoTimeInTheFolderThatItComesFrom) {
+    AddFolder(L"from");
+    AddFile(L"from\\file", "bytes", kSomeTime);
+    SetTime(L"from", kSomeTime);
+    SetTime(L"to", kSomeTime);
+    EXPECT_EQ(Transfer(L"from\\file", kFunctionCopy).Result, 0);
+    EXPECT_EQ(TimeOf(L"from"), kSomeTime);
+    EXPECT_NE(TimeOf(L"to"), kSomeTime);
+    EXPECT_EQ(Transfer(L"from\\file", kFunctionMove).Result, 0);
+    EXPECT_NE(TimeOf(L"from"), kSomeTime);
+}
+
+TEST_P(ShellContract, WhatIsNotAskedTellsNoAbort) {
+    AddFile(L"a", "bytes");
+    AddFolder(L"to\\a");
+    const std::wstring source = Path(L"a");
+    const std::wstring folder = Path(L"to\\");
+    const std::uint32_t flags = kFlagSilent | kFlagNoConfirmation | kFlagNoErrorWindow;
+    EXPECT_FALSE(Shell().TransferFile({source, folder, {}, kFunctionCopy, flags, false}).Aborted);
+    EXPECT_TRUE(Shell().TransferFile({source, folder, {}, kFunctionCopy, flags, true}).Aborted);
+}
+
+TEST_P(ShellContract, APathWithASlashIsNothingToTheShell) {
+    AddFile(L"a", "bytes");
+    for (const wchar_t* const name : {L"", L"b"}) {
+        for (const std::uint32_t function : {kFunctionCopy, kFunctionMove}) {
+            for (const auto& [source, folder] : {std::pair(WithSlashes(Path(L"a")), Path(L"to\\")),
+                                                 std::pair(Path(L"a"), WithSlashes(Path(L"to\\")))}) {
+                const ShellOutcome outcome = TransferPath(source, folder, function, name);
+                EXPECT_LT(outcome.Result, 0);
+                EXPECT_FALSE(outcome.Aborted);
+            }
+        }
+    }
+    EXPECT_TRUE(NamesIn(L"to").empty());
+    EXPECT_EQ(ContentOf(L"a"), "bytes");
+}
+
+TEST_P(ShellContract, AUnitThatNobodySeesIsPartOfAName) {
+    const std::wstring unseen = L"\x008B";
+    AddFolder(L"to" + unseen);
+    AddFile(L"a" + unseen, "bytes");
+    EXPECT_EQ(TransferInto(L"to" + unseen + L"\\", L"a" + unseen, kFunctionCopy).Result, 0);
+    EXPECT_EQ(NamesIn(L"to" + unseen), (Names{L"a" + unseen}));
+    EXPECT_LT(TransferPath(Path(L"a" + unseen), WithSlashes(Path(L"to" + unseen)), kFunctionCopy).Result, 0);
+    EXPECT_TRUE(NamesIn(L"to").empty());
+}
+
+TEST_P(ShellContract, AFolderIsMergedIntoOneOfItsName) {
+    for (const std::uint32_t function : {kFunctionCopy, kFunctionMove}) {
+        AddFolder(L"dir\\sub");
+        AddFile(L"dir\\sub\\both", "incoming both");
+        AddFile(L"dir\\new", "incoming new");
+        if (!IsThere(L"to\\dir"))
+            AddFolder(L"to\\dir\\sub");
+        AddFile(L"to\\dir\\sub\\both", "existing both");
+        AddFile(L"to\\dir\\old", "existing old");
+        EXPECT_EQ(Transfer(L"dir", function).Result, 0);
+        EXPECT_EQ(NamesIn(L"to\\dir"), (Names{L"new", L"old", L"sub"}));
+        EXPECT_EQ(ContentOf(L"to\\dir\\sub\\both"), "incoming both");
+        EXPECT_EQ(ContentOf(L"to\\dir\\old"), "existing old");
+        if (function == kFunctionCopy) {
+            Files().Rename(Path(L"dir"), Path(L"copied"));
+            continue;
+        }
+        EXPECT_FALSE(IsThere(L"dir"));
+    }
+}
+
 TEST_P(ShellContract, AMoveTakesTheSourceAway) {
     AddFile(L"File.txt", "bytes", kSomeTime);
     const ShellOutcome outcome = Transfer(L"File.txt", kFunctionMove);
@@ -143,6 +212,16 @@ TEST_P(ShellContract, AFileNeverTakesThePlaceOfAFolder) {
     EXPECT_EQ(ContentOf(L"to\\a\\inside"), "other");
 }
 
+TEST_P(ShellContract, AFolderNeverTakesThePlaceOfAFile) {
+    AddFolder(L"a");
+    AddFile(L"a\\inside", "bytes");
+    AddFile(L"to\\a", "other");
+    for (const std::uint32_t function : {kFunctionCopy, kFunctionMove})
+        EXPECT_LT(Transfer(L"a", function).Result, 0);
+    EXPECT_EQ(ContentOf(L"a\\inside"), "bytes");
+    EXPECT_EQ(ContentOf(L"to\\a"), "other");
+}
+
 TEST_P(ShellContract, AFileIsNotTransferredOntoItself) {
     AddFile(L"to\\a", "bytes");
     for (const std::uint32_t function : {kFunctionCopy, kFunctionMove}) {
@@ -170,9 +249,11 @@ TEST_P(ShellContract, AFolderInThePlaceOfAFileIsTransferredWithAllThatItHolds) {
     for (const std::uint32_t function : {kFunctionCopy, kFunctionMove}) {
         const std::wstring name = function == kFunctionCopy ? L"copied" : L"moved";
         AddFolder(name + L"\\inner");
-        AddFile(name + L"\\inner\\file", "bytes");
+        AddFile(name + L"\\inner\\file", base::ToUtf8(name));
+        AddFile(name + L"\\other", "other");
         EXPECT_EQ(Transfer(name, function).Result, 0);
-        EXPECT_EQ(ContentOf(L"to\\" + name + L"\\inner\\file"), "bytes");
+        EXPECT_EQ(ContentOf(L"to\\" + name + L"\\inner\\file"), base::ToUtf8(name));
+        EXPECT_EQ(ContentOf(L"to\\" + name + L"\\other"), "other");
         EXPECT_EQ(IsThere(name), function == kFunctionCopy);
     }
     AddFolder(L"again");

@@ -1,0 +1,46 @@
+// What the program relies on in its clock. The clock that stands still and the system's are held against the
+// same tests.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+
+#include "naming/clock.h"
+
+namespace ferry::naming::contract {
+
+/// Times that every file system keeps as they are set, an even second each.
+inline constexpr CalendarFields kWritten{2024, 2, 29, 23, 59, 58};
+inline constexpr CalendarFields kRead{2031, 12, 31, 12, 30, 2};
+
+/// A clock under test, with items for it to look at.
+class Place {
+public:
+    virtual ~Place() = default;
+
+    virtual Clock& TheClock() = 0;
+
+    /// The paths of a file, of a folder and of a file at a path of more than 300 units, all of them last
+    /// written at kWritten and last read at kRead, in local time.
+    virtual std::wstring File() = 0;
+    virtual std::wstring Folder() = 0;
+    virtual std::wstring DeepFile() = 0;
+
+    /// A path at which there is nothing.
+    virtual std::wstring Nothing() = 0;
+};
+
+using PlaceMaker = std::unique_ptr<Place> (*)();
+
+class ClockContract : public testing::TestWithParam<PlaceMaker> {
+protected:
+    Place& AtPlace() { return *place_; }
+    Clock& TheClock() { return place_->TheClock(); }
+
+private:
+    std::unique_ptr<Place> place_ = GetParam()();
+};
+
+}  // namespace ferry::naming::contract
