@@ -23,6 +23,8 @@ void FakeLookup::Search(std::wstring_view pattern,
 }
 
 ComboBoxTest::ComboBoxTest() {
+    const INITCOMMONCONTROLSEX classes{sizeof(classes), ICC_USEREX_CLASSES};
+    InitCommonControlsEx(&classes);
     WNDCLASSW description{};
     description.lpfnWndProc = DefWindowProcW;
     description.hInstance = GetModuleHandleW(nullptr);
@@ -35,6 +37,7 @@ ComboBoxTest::ComboBoxTest() {
         WS_CHILD | WS_VISIBLE | CBS_DROPDOWN | CBS_AUTOHSCROLL | WS_VSCROLL | WS_TABSTOP, 10, 10, 260, 200,
         parent_.Get(), reinterpret_cast<HMENU>(static_cast<INT_PTR>(kControlId)), GetModuleHandleW(nullptr),
         nullptr);
+    EXPECT_NE(control_, nullptr);
     SetForegroundWindow(parent_.Get());
     HoldKeys({});
 }

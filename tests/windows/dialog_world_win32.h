@@ -23,11 +23,13 @@ public:
     std::wstring AskedPath;  ///< The item of the last question.
 };
 
-/// A message file that is not there.
-class NoMessages : public lang::CatalogueSource {
+/// A message file with the lines that a test puts there before the first text is asked for.
+class WorldMessages : public lang::CatalogueSource {
 public:
-    std::optional<std::wstring> ReadMessageFile() override { return std::nullopt; }
+    std::optional<std::wstring> ReadMessageFile() override { return Lines; }
     void ReportCannotOpen() override {}
+
+    std::wstring Lines;
 };
 
 /// The program's services, as a dialog meets them on a fresh machine: in Japanese until a language is put
@@ -35,12 +37,16 @@ public:
 class DialogWorld {
 public:
     DialogWorld();
+
+    /// For a program at the path `program`, beside which its dialog texts lie.
+    explicit DialogWorld(std::wstring program);
     ~DialogWorld();
     DialogWorld(const DialogWorld&) = delete;
     DialogWorld& operator=(const DialogWorld&) = delete;
 
     MemoryStore Store;
     StandingClock Clock;
+    WorldMessages Messages;
 
     /// The services with `clock` in the place of the standing one.
     dialogs::Services ServicesWith(naming::Clock& clock);
@@ -48,8 +54,7 @@ public:
 
 private:
     hostlink::HostData host_;
-    NoMessages messageFile_;
-    lang::Catalogue messages_{messageFile_};
+    lang::Catalogue messages_{Messages};
     lang::DialogLocaliser localiser_;
     framework::CShellManager shell_;
     dialogs::Services services_;
