@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "base/handles_win32.h"
+#include "windows/shell_version_child_win32.h"
 #include "windows/support_win32.h"
 
 namespace ferry::test {
@@ -61,6 +62,11 @@ std::wstring WaitArguments(const std::wstring& started, const std::wstring& stop
     return std::wstring(kChildSwitch) + L" wait " + Quoted(started) + L" " + Quoted(stop);
 }
 
+std::wstring ShellVersionArguments(const std::wstring& file, int major, int minor, bool isReadableAtFirst) {
+    return std::wstring(kChildSwitch) + L" shell " + Quoted(file) + L" " + std::to_wstring(major) + L" " +
+           std::to_wstring(minor) + (isReadableAtFirst ? L" readable" : L" unreadable");
+}
+
 std::optional<int> PlayChild() {
     const std::vector<std::wstring> arguments = Arguments();
     if (arguments.size() < 4 || arguments[1] != kChildSwitch) {
@@ -71,6 +77,11 @@ std::optional<int> PlayChild() {
     }
     if (arguments[2] == L"report") {
         return Report(arguments[3]);
+    }
+    if (arguments[2] == L"shell" && arguments.size() == 7) {
+        ReportShellVersion(arguments[3], std::stoi(arguments[4]), std::stoi(arguments[5]),
+                           arguments[6] == L"readable");
+        return 0;
     }
     return arguments.size() == 5 ? Wait(arguments[3], arguments[4]) : 1;
 }

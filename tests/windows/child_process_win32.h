@@ -17,6 +17,10 @@ std::wstring ReportArguments(const std::wstring& file);
 /// with 0. Both exist already.
 std::wstring WaitArguments(const std::wstring& started, const std::wstring& stop);
 
+/// Argument text for a child that writes into `file` what the program makes of a shell of version
+/// `major`.`minor`, which cannot be read at first when `isReadableAtFirst` is false.
+std::wstring ShellVersionArguments(const std::wstring& file, int major, int minor, bool isReadableAtFirst);
+
 /// What the command line asks a child to do, done; nothing when this is no child.
 std::optional<int> PlayChild();
 

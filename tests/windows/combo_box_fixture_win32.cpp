@@ -13,6 +13,8 @@ constexpr int kControlId = 1410;
 }  // namespace
 
 ComboBoxTest::ComboBoxTest() {
+    const INITCOMMONCONTROLSEX classes{sizeof(classes), ICC_USEREX_CLASSES};
+    InitCommonControlsEx(&classes);
     WNDCLASSW description{};
     description.lpfnWndProc = DefWindowProcW;
     description.hInstance = GetModuleHandleW(nullptr);
@@ -25,6 +27,7 @@ ComboBoxTest::ComboBoxTest() {
         WS_CHILD | WS_VISIBLE | CBS_DROPDOWN | CBS_AUTOHSCROLL | WS_VSCROLL | WS_TABSTOP, 10, 10, 260, 200,
         parent_.Get(), reinterpret_cast<HMENU>(static_cast<INT_PTR>(kControlId)), GetModuleHandleW(nullptr),
         nullptr);
+    EXPECT_NE(control_, nullptr);
     SetForegroundWindow(parent_.Get());
     HoldKeys({});
 }

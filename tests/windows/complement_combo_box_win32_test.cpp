@@ -2,14 +2,13 @@
 #include "controls/complement_combo_box.h"
 
 #include <windows.h>
-// After windows.h, which the shell's headers build on.
-#include <shellapi.h>
-#include <shlobj.h>
 
 #include <algorithm>
-#include <cstring>
 
 #include "windows/combo_box_fixture_win32.h"
+#include "windows/drop_win32.h"
+#include "windows/watched_import_win32.h"
+#include "windows/watched_messages_win32.h"
 
 namespace ferry::test {
 namespace {
@@ -26,7 +25,7 @@ protected:
         using CComplementComboBox::SetFixedItems;
     };
 
-    ComplementComboBoxTest() {
+    ComplementComboBoxTest() : belowBox_(Control()) {
         EXPECT_TRUE(box_.Prepare(Control()));
         box_.SetCompletionOn(true);
         box_.SetFixedItems({L"H:\\one\\", L"H:\\two\\", L"H:\\three\\"});
@@ -43,6 +42,17 @@ protected:
         ASSERT_EQ(box_.SelectedItem(), -1);
     }
 
+    /// Whether the last character of the field's text can be seen.
+    bool ShowsItsEnd() {
+        const auto last = static_cast<WPARAM>(Text().size() - 1);
+        const int left = static_cast<short>(LOWORD(SendMessageW(box_.Edit(), EM_POSFROMCHAR, last, 0)));
+        RECT area{};
+        GetClientRect(box_.Edit(), &area);
+        return left >= 0 && left < area.right;
+    }
+
+    /// What comes to the control behind the object under test.
+    test::WatchedMessages belowBox_;
     TestBox box_{lookup_, messages_};
 };
 
@@ -142,6 +152,46 @@ TEST_F(ComplementComboBoxTest, AltGrTypesACharacterInsteadOfDoingWhatCtrlDoes) {
         EXPECT_FALSE(Press(key, {VK_CONTROL, VK_MENU, VK_RMENU}));
     }
     EXPECT_EQ(Text(), L"C:\\abc");
+}
+
+TEST_F(ComplementComboBoxTest, AChangedTextIsScrolledToItsCaret) {
+    const std::wstring folder = L"C:\\" + std::wstring(150, L'm') + L"\\";
+    const WatchedMessages edit(box_.Edit());
+    // Some systems scroll when the caret is placed, others only when they are told to.
+    const auto isScrolled = [&] {
+        return ShowsItsEnd() && edit.Last({WM_SETTEXT, EM_SETSEL, EM_SCROLLCARET}) == EM_SCROLLCARET;
+    };
+    Type(folder + L"last");
+    EXPECT_TRUE(Press(VK_PRIOR));
+    EXPECT_EQ(Text(), folder);
+    EXPECT_TRUE(isScrolled());
+    box_.ReplaceText(folder + L"another\\");
+    EXPECT_TRUE(isScrolled());
+    lookup_.Items = {{L"single", true}};
+    EXPECT_TRUE(Press(VK_TAB));
+    EXPECT_EQ(Text(), folder + L"another\\single\\");
+    EXPECT_TRUE(isScrolled());
+}
+
+TEST_F(ComplementComboBoxTest, WindowsIsToldOfAConsumedKeyWithAlt) {
+    // Else the release of Alt would open the window's menu.
+    const test::WatchedImport<&DefWindowProcW> told("DefWindowProcW");
+    const auto keys = [&] {
+        std::vector<WPARAM> seen;
+        for (const auto& [window, message, key, data] : told.Calls()) {
+            if (message == WM_SYSKEYDOWN) {
+                EXPECT_EQ(window, box_.Edit());
+                seen.push_back(key);
+            }
+        }
+        return seen;
+    };
+    Type(L"\\");
+    EXPECT_TRUE(Press(VK_DOWN));
+    EXPECT_FALSE(Press('A', {VK_MENU}));
+    EXPECT_EQ(keys(), std::vector<WPARAM>{});
+    EXPECT_TRUE(Press(VK_DOWN, {VK_MENU}));
+    EXPECT_EQ(keys(), std::vector<WPARAM>{VK_DOWN});
 }
 
 TEST_F(ComplementComboBoxTest, TabAloneCompletesWhenCompletionIsOn) {
@@ -530,23 +580,6 @@ TEST_F(ComplementComboBoxTest, TheFocusIsInTheFieldAgainWhenTheListHasClosed) {
     EXPECT_TRUE(IsWindowVisible(box_.Edit()));
 }
 
-HDROP MakeDrop(const Texts& paths) {
-    std::wstring names;
-    for (const std::wstring& path : paths) {
-        names += path;
-        names.push_back(L'\0');
-    }
-    // One NUL ends the list; without any name the system wants two.
-    names.append(2, L'\0');
-    const HGLOBAL memory = GlobalAlloc(GHND, sizeof(DROPFILES) + names.size() * sizeof(wchar_t));
-    auto* const block = static_cast<DROPFILES*>(GlobalLock(memory));
-    block->pFiles = sizeof(DROPFILES);
-    block->fWide = TRUE;
-    std::memcpy(block + 1, names.data(), names.size() * sizeof(wchar_t));
-    GlobalUnlock(memory);
-    return static_cast<HDROP>(memory);
-}
-
 TEST_F(ComplementComboBoxTest, ADropPutsItsFirstItemIntoTheFieldAndSearchesThereFromNowOn) {
     lookup_.Items = {{L"dropped", true}};
     box_.SetFoldersOnly(true);
@@ -566,6 +599,15 @@ TEST_F(ComplementComboBoxTest, ADroppedFileGivesItsFolderWhenOnlyFoldersAreWante
     box_.SetFoldersOnly(false);
     SendMessageW(Control(), WM_DROPFILES, reinterpret_cast<WPARAM>(MakeDrop({L"D:\\dir\\file.txt"})), 0);
     EXPECT_EQ(Text(), L"D:\\dir\\file.txt");
+}
+
+TEST_F(ComplementComboBoxTest, ADropGoesOnToTheDefaultHandling) {
+    const HDROP drop = MakeDrop({L"D:\\dropped"});
+    SendMessageW(Control(), WM_DROPFILES, reinterpret_cast<WPARAM>(drop), 0);
+    ASSERT_EQ(belowBox_.Count(WM_DROPFILES), 1U);
+    EXPECT_EQ(belowBox_.Of(WM_DROPFILES)[0].wParam, reinterpret_cast<WPARAM>(drop));
+    SendMessageW(Control(), WM_DROPFILES, reinterpret_cast<WPARAM>(MakeDrop({})), 0);
+    EXPECT_EQ(belowBox_.Count(WM_DROPFILES), 2U);
 }
 
 TEST_F(ComplementComboBoxTest, ADropOfNothingChangesNothing) {

@@ -16,12 +16,13 @@ class PickyControl : public CWnd {
 public:
     bool PreTranslateMessage(MSG& message) override {
         ++Seen;
-        if (message.wParam == VK_F2) {
+        if (message.wParam == FailingKey) {
             throw InvalidArgument();
         }
         return message.wParam == VK_F3;
     }
     int Seen = 0;
+    WPARAM FailingKey = VK_F2;
 };
 
 class DialogKeys : public testing::Test {
@@ -61,6 +62,18 @@ TEST_F(DialogKeys, AnExceptionOnTheWayIsToldAndTheDialogStays) {
     EXPECT_EQ(told.get(), L"Encountered an improper argument.");
     EXPECT_TRUE(IsWindow(dialog_.Handle()));
     EXPECT_TRUE(Press(VK_F3, dialog_.Item(IDC_DESTINATION)));
+}
+
+TEST_F(DialogKeys, AKeyWhoseHandlingFailedIsNotHandledAgain) {
+    control_.FailingKey = VK_ESCAPE;
+    ShowWindow(dialog_.Handle(), SW_SHOW);
+    auto told = test::AnswerNextBox(IDOK);
+    EXPECT_TRUE(Press(VK_ESCAPE, dialog_.Item(IDC_DESTINATION)));
+    told.wait();
+    EXPECT_TRUE(IsWindowVisible(dialog_.Handle()));
+    // Anywhere else the key ends the dialog.
+    EXPECT_TRUE(Press(VK_ESCAPE, dialog_.Item(IDC_SOURCE_LIST)));
+    EXPECT_FALSE(IsWindowVisible(dialog_.Handle()));
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include "windows/dialog_world_win32.h"
 
+#include <utility>
+
 #include "framework/common_controls.h"
 #include "process/module_path_win32.h"
 #include "windows/support_win32.h"
@@ -15,7 +17,10 @@ std::wstring InstalledProgram() {
 
 }  // namespace
 
-DialogWorld::DialogWorld() : localiser_(Store, InstalledProgram()), services_(ServicesWith(Clock)) {
+DialogWorld::DialogWorld() : DialogWorld(InstalledProgram()) {}
+
+DialogWorld::DialogWorld(std::wstring program)
+    : localiser_(Store, std::move(program)), services_(ServicesWith(Clock)) {
     const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_WIN95_CLASSES};
     framework::CommonControls::Get().Init(&controls);
     HoldKeys({});

@@ -20,12 +20,16 @@ namespace ferry::test {
 class DialogWorld {
 public:
     DialogWorld();
+
+    /// For a program at the path `program`, beside which its dialog texts lie.
+    explicit DialogWorld(std::wstring program);
     ~DialogWorld();
     DialogWorld(const DialogWorld&) = delete;
     DialogWorld& operator=(const DialogWorld&) = delete;
 
     MemoryStore Store;
     StandingClock Clock;
+    MessageText Messages;  ///< Not there until a test puts its lines there.
 
     /// The services with `clock` in the place of the standing one.
     dialogs::Services ServicesWith(naming::Clock& clock);
@@ -33,8 +37,7 @@ public:
 
 private:
     hostlink::HostData host_;
-    MessageText messageFile_;
-    lang::Catalogue messages_{messageFile_};
+    lang::Catalogue messages_{Messages};
     lang::DialogLocaliser localiser_;
     framework::CShellManager shell_;
     dialogs::Services services_;

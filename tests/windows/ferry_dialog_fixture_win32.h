@@ -55,6 +55,7 @@ protected:
         return item.iImage;
     }
 
+    const test::ForegroundLockKeeper lock_;
     test::DialogWorld world_;
     std::unique_ptr<CFerryDlg> dialog_;
 };

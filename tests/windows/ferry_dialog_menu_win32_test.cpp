@@ -2,9 +2,11 @@
 #include <windows.h>
 
 #include <cstdlib>
+#include <set>
 
 #include "samplehost/host_block_writer.h"
 #include "windows/ferry_dialog_fixture_win32.h"
+#include "windows/watched_import_win32.h"
 
 namespace ferry::dialogs {
 namespace {
@@ -106,6 +108,24 @@ TEST_F(TabMenu, EscapeChangesNothing) {
     OpenWithTabs({L"D:\\one", L"D:\\two"});
     ASSERT_EQ(OpenMenu({VK_DOWN, VK_ESCAPE}).Ids.size(), 2U);
     EXPECT_EQ(Destination(), L"");
+}
+
+TEST_F(TabMenu, LeavesNoMenuBehind) {
+    OpenWithTabs({L"D:\\one", L"D:\\two"});
+    std::set<HMENU> menus;
+    const test::WatchedImport<&CreatePopupMenu> make("CreatePopupMenu", [&] {
+        const HMENU menu = make.CallReal();
+        menus.insert(menu);
+        return menu;
+    });
+    const test::WatchedImport<&DestroyMenu> end("DestroyMenu", [&](HMENU menu) {
+        menus.erase(menu);
+        return end.CallReal(menu);
+    });
+    OpenMenu({VK_ESCAPE});
+    OpenMenu({VK_DOWN, VK_RETURN});
+    EXPECT_EQ(make.Calls().size(), 2U);
+    EXPECT_TRUE(menus.empty());
 }
 
 TEST_F(TabMenu, TheLastOfManyFoldersCanBeChosen) {

@@ -7,6 +7,12 @@ namespace {
 
 class RaisingTheDialog : public FerryDialogTest {
 protected:
+    void SetUp() override {
+        if (!test::MayTakeForeground()) {
+            GTEST_SKIP() << test::kNoForeground;
+        }
+    }
+
     /// Opens the dialog while `held` are held and puts another window before it.
     void OpenBehindAnotherWindow(std::initializer_list<int> held) {
         test::HoldKeys(held);

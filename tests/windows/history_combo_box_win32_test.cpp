@@ -34,6 +34,21 @@ protected:
     controls::CHistryComboBoxEx box_{lookup_, messages_, store_};
 };
 
+TEST_F(HistoryComboBoxTest, IsLoadedByACommandOfItsOwn) {
+    constexpr WPARAM kLoad = 55500;
+    MSG message{};
+    ASSERT_TRUE(PeekMessageW(&message, Control(), WM_COMMAND, WM_COMMAND, PM_REMOVE));
+    EXPECT_EQ(message.wParam, kLoad);
+    EXPECT_EQ(message.lParam, 0);
+    EXPECT_FALSE(PeekMessageW(&message, Control(), WM_COMMAND, WM_COMMAND, PM_REMOVE));
+    for (const WPARAM other : {kLoad - 1, kLoad + 1}) {
+        SendMessageW(Control(), WM_COMMAND, other, 0);
+        EXPECT_EQ(Shown(), Texts{});
+    }
+    SendMessageW(Control(), WM_COMMAND, kLoad, 0);
+    EXPECT_EQ(Shown(), (Texts{L"C:\\one", L"C:\\two", L"C:\\three"}));
+}
+
 TEST_F(HistoryComboBoxTest, IsLoadedWhenTheOwnersMessagesAreHandled) {
     EXPECT_EQ(Shown(), Texts{});
     Type(L"C:\\preset\\");

@@ -2,6 +2,7 @@
 #include <windows.h>
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <cstring>
 #include <future>
 #include <thread>
@@ -14,7 +15,9 @@
 #include "hostlink/host_variable.h"
 #include "hostlink/last_error_win32.h"
 #include "hostlink/shared_memory_view_win32.h"
+#include "windows/answered_boxes_win32.h"
 #include "windows/support_win32.h"
+#include "windows/watched_import_win32.h"
 
 namespace ferry::hostlink {
 namespace {
@@ -149,8 +152,22 @@ TEST_F(HostLinkTest, WaitsForTheHostToLetTheBlockGo) {
     MakeBlock(L"1\t0\t\t\tunfinished\t");
     SetVariable(kShared);
     const base::MutexHandle guard(CreateMutexW(nullptr, TRUE, kGuardName));
+    std::atomic<HANDLE> opened = nullptr;
+    std::atomic<bool> isWaiting = false;
+    const test::WatchedImport<&CreateMutexW> opening(
+        "CreateMutexW", [&](LPSECURITY_ATTRIBUTES security, BOOL owned, LPCWSTR name) {
+            return opened = opening.CallReal(security, owned, name);
+        });
+    const test::WatchedImport<&WaitForSingleObject> waiting("WaitForSingleObject",
+                                                            [&](HANDLE object, DWORD limitMs) {
+                                                                if (object == opened) {
+                                                                    EXPECT_EQ(limitMs, INFINITE);
+                                                                    isWaiting = true;
+                                                                }
+                                                                return waiting.CallReal(object, limitMs);
+                                                            });
     auto reading = std::async(std::launch::async, ReadHostData);
-    EXPECT_EQ(reading.wait_for(std::chrono::milliseconds(200)), std::future_status::timeout);
+    EXPECT_TRUE(test::WaitUntil([&] { return isWaiting.load(); }));
     WriteBlock(L"1\t0\t\t\tfinished\t");
     ReleaseMutex(guard.Get());
     EXPECT_EQ(Copy(reading.get().SelectedItems), (Texts{L"finished"}));
@@ -217,10 +234,13 @@ TEST(ReportSystemError, ReportsTheLastError) {
 }
 
 TEST(ReportSystemError, NoErrorShowsNothing) {
-    // A box would wait for an answer that nobody gives.
+    const test::AnsweredBoxes boxes;
     ReportSystemError(ERROR_SUCCESS, L"Prefix");
     SetLastError(ERROR_SUCCESS);
     ReportLastError();
+    EXPECT_TRUE(boxes.Asked.empty());
+    ReportSystemError(ERROR_ACCESS_DENIED);
+    EXPECT_EQ(boxes.Only().Buttons(), UINT{MB_OK});
 }
 
 TEST(PresenceMutex, OnlyTheFirstInstanceHoldsIt) {

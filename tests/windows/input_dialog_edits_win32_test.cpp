@@ -92,6 +92,19 @@ TEST_F(InputDialogEdits, TrailingDigitsGoAndTheCaretStandsAtTheEnd) {
     EXPECT_TRUE(NameHasFocus());
 }
 
+TEST_F(InputDialogEdits, TheEndOfALongNameIsScrolledIntoView) {
+    const std::wstring name(120, L'm');
+    const std::pair<int, std::wstring> cases[] = {{IDC_REMOVE_COPY_MARKS, name + L" - コピー"},
+                                                  {IDC_REMOVE_TRAILING_DIGITS, name + L"12"}};
+    for (const auto& [button, text] : cases) {
+        OpenWith(text);
+        const test::WatchedMessages field(Control(IDC_NEW_NAME));
+        Click(button);
+        EXPECT_EQ(Text(IDC_NEW_NAME), name);
+        EXPECT_TRUE(IsScrolledTo(name.size() - 1, field));
+    }
+}
+
 TEST_F(InputDialogEdits, LeadingDigitsGoAndTheCaretStandsAtTheStart) {
     OpenWith(L"0012abc", L"7z");
     Click(IDC_REMOVE_LEADING_DIGITS);

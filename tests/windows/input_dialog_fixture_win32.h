@@ -11,6 +11,7 @@
 #include "ids.h"
 #include "windows/dialog_world_win32.h"
 #include "windows/support_win32.h"
+#include "windows/watched_messages_win32.h"
 
 namespace ferry::dialogs {
 
@@ -68,6 +69,17 @@ protected:
     }
     void SetSelection(int start, int end) {
         SendMessageW(Control(IDC_NEW_NAME), EM_SETSEL, static_cast<WPARAM>(start), end);
+    }
+
+    /// Whether the character at `index` of the new name, where the caret is, can be seen and was scrolled
+    /// into view: some systems do that when the caret is placed, others only when they are told to.
+    bool IsScrolledTo(std::size_t index, const test::WatchedMessages& name) const {
+        const int left =
+            static_cast<short>(LOWORD(SendMessageW(Control(IDC_NEW_NAME), EM_POSFROMCHAR, index, 0)));
+        RECT area{};
+        GetClientRect(Control(IDC_NEW_NAME), &area);
+        return left >= 0 && left < area.right &&
+               name.Last({WM_SETTEXT, EM_SETSEL, EM_SCROLLCARET}) == EM_SCROLLCARET;
     }
 
     RECT RectOf(int id) const {

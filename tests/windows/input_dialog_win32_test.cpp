@@ -183,6 +183,30 @@ TEST_F(InputDialogTest, ASplitCheckBoxRebuildsBothFieldsAndDiscardsWhatWasTyped)
     }
 }
 
+TEST_F(InputDialogTest, ALongNameIsScrolledToItsCaretWheneverItIsShownAnew) {
+    const std::wstring name(120, L'm');
+    Open(MakeFile(name + L".txt"));
+    const test::WatchedMessages field(Control(IDC_NEW_NAME));
+    Click(IDC_SPLIT_FILES);
+    EXPECT_EQ(Names(), name + L".txt|");
+    EXPECT_TRUE(IsScrolledTo(name.size() + 3, field));
+    Click(IDC_SPLIT_FILES);
+    EXPECT_EQ(Names(), name + L"|txt");
+    EXPECT_TRUE(IsScrolledTo(name.size() - 1, field));
+}
+
+TEST_F(InputDialogTest, ASplitCheckBoxKeepsTheDateSourceThatWasJustChosen) {
+    world_.Store.Numbers[L"DateType"] = 1;
+    Open(MakeFile(L"a.txt"));
+    Select(IDC_DATE_SOURCES, 3);
+    Click(IDC_SPLIT_FILES);
+    EXPECT_EQ(SelectedIndex(IDC_DATE_SOURCES), 3);
+    Click(IDC_SPLIT_FOLDERS);
+    EXPECT_EQ(SelectedIndex(IDC_DATE_SOURCES), 3);
+    Click(IDOK);
+    EXPECT_EQ(world_.Store.Numbers[L"DateType"], 3U);
+}
+
 TEST_F(InputDialogTest, TheCheckBoxForTheOtherKindAlsoStartsOverButSplitsNothing) {
     Open(MakeFolder(L"a.b"));
     SetText(IDC_NEW_NAME, L"typed");

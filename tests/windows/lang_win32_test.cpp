@@ -2,6 +2,8 @@
 #include <windows.h>
 #include <gtest/gtest.h>
 
+#include <cstdio>
+#include <cstdlib>
 #include <vector>
 
 #include "base/handles_win32.h"
@@ -11,6 +13,7 @@
 #include "lang/dialog_localiser_win32.h"
 #include "lang/message_file_win32.h"
 #include "windows/support_win32.h"
+#include "windows/watched_import_win32.h"
 
 namespace ferry::lang {
 namespace {
@@ -61,16 +64,19 @@ TEST_F(MessageFileTest, AsksForTheLanguageOnce) {
 }
 
 TEST_F(MessageFileTest, PathThatCannotBeMadeAbsoluteStaysAsItIs) {
-    std::wstring folder = L"C:";
-    for (int depth = 0; depth < 8; ++depth) {
-        folder += L"\\" + std::wstring(60, L'd');
-    }
-    const std::wstring composed = ComposeMessageFilePath(folder + L"\\Ferry.exe", L".ja-JP");
-    MessageFile file(store_, folder + L"\\Ferry.exe");
-    if (file.Path().find(L"..") == std::wstring::npos) {
-        GTEST_SKIP() << "this C library makes paths of any length absolute";
-    }
-    EXPECT_EQ(file.Path(), composed);
+    const test::WatchedImport<&_wfullpath> full(
+        "_wfullpath", [](wchar_t*, const wchar_t*, size_t) { return static_cast<wchar_t*>(nullptr); });
+    EXPECT_EQ(file_.Path(), folder_ / L"Command\\Ferry\\..\\..\\Lang\\Msg.ja-JP.txt");
+    EXPECT_EQ(full.Calls().size(), 1U);
+}
+
+TEST_F(MessageFileTest, IsReadAtAPathOfAnyLength) {
+    const std::wstring path = folder_.LongFolder() + L"\\Msg.ja-JP.txt";
+    test::WriteUnits(path, L"62325\tfar away\r\n");
+    // Some C libraries make no path of this length absolute.
+    const test::WatchedImport<&_wfullpath> full(
+        "_wfullpath", [&](wchar_t*, const wchar_t*, size_t) { return _wcsdup(path.c_str()); });
+    EXPECT_EQ(catalogue_.Fetch(62325), L"far away");
 }
 
 TEST_F(MessageFileTest, GivesTheTextsOfTheFile) {
@@ -98,6 +104,27 @@ TEST_F(MessageFileTest, FileThatSomebodyWritesCannotBeOpened) {
         EXPECT_FALSE(file_.ReadMessageFile());
     }
     EXPECT_TRUE(file_.ReadMessageFile());
+}
+
+TEST_F(MessageFileTest, NobodyWritesWhileItIsRead) {
+    test::WriteUnits(path_, L"1\ttext\r\n");
+    const auto opens = [&](DWORD access) {
+        const base::FileHandle file(CreateFileW(path_.c_str(), access,
+                                                FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                                nullptr, OPEN_EXISTING, 0, nullptr));
+        return static_cast<bool>(file);
+    };
+    const test::WatchedImport<&_wfsopen> open("_wfsopen",
+                                              [&](const wchar_t* path, const wchar_t* mode, int sharing) {
+                                                  EXPECT_EQ(std::wstring(mode), L"rbS");
+                                                  std::FILE* const file = open.CallReal(path, mode, sharing);
+                                                  EXPECT_FALSE(opens(GENERIC_WRITE));
+                                                  EXPECT_TRUE(opens(GENERIC_READ));
+                                                  return file;
+                                              });
+    EXPECT_TRUE(file_.ReadMessageFile());
+    EXPECT_EQ(open.Calls().size(), 1U);
+    EXPECT_TRUE(opens(GENERIC_WRITE));
 }
 
 TEST_F(MessageFileTest, AnyBytesAreReadAsUnits) {
@@ -173,6 +200,22 @@ TEST_F(DialogLocaliserTest, BuiltInLanguageReadsAndWritesNothing) {
     EXPECT_EQ(test::TextOfWindow(dialog_.Get()), L"題名");
 }
 
+TEST_F(DialogLocaliserTest, BuiltInLanguageStaysAlthoughAFileLiesThere) {
+    const std::wstring path = folder_ / L"Command\\Ferry\\.ja-JP\\Ferry\\102.txt";
+    const std::wstring text = L"\xFEFFTitle\r\n1002\tButton\tother\r\n";
+    test::MakeFolders(folder_ / L"Command\\Ferry\\.ja-JP\\Ferry");
+    test::WriteUnits(path, text);
+    const test::WatchedImport<&_wfsopen> open("_wfsopen");
+    for (const wchar_t* suffix : {L"", L".ja-JP"}) {
+        LanguageStore builtIn(suffix, 0);
+        Localise(builtIn);
+    }
+    EXPECT_TRUE(open.Calls().empty());
+    EXPECT_EQ(test::TextOfWindow(dialog_.Get()), L"題名");
+    EXPECT_EQ(Text(kButton), L"開始(&S)");
+    EXPECT_EQ(test::ReadUnits(path), text);
+}
+
 TEST_F(DialogLocaliserTest, HostMayAskForTheFilesOfTheBuiltInLanguage) {
     LanguageStore maintained(L".ja-JP", 1);
     Localise(maintained);
@@ -203,6 +246,16 @@ TEST_F(DialogLocaliserTest, ReadsTheFileInTheNextRun) {
     EXPECT_EQ(Text(kLabel), L"label\twith\r\nbreaks");
     EXPECT_EQ(Text(kButton), L"開始(&S)");
     EXPECT_EQ(test::ReadUnits(path_), written);
+}
+
+TEST_F(DialogLocaliserTest, FilesAreWrittenAndReadAtPathsOfAnyLength) {
+    modulePath_ = folder_.LongFolder() + L"\\Ferry.exe";
+    Localise(english_);
+    const std::wstring path = folder_.LongFolder() + L"\\.en-US\\Ferry\\102.txt";
+    EXPECT_TRUE(test::ReadUnits(path).starts_with(L"\xFEFF題名\r\n"));
+    test::WriteUnits(path, L"\xFEFFTitle\r\n");
+    Localise(english_);
+    EXPECT_EQ(test::TextOfWindow(dialog_.Get()), L"Title");
 }
 
 TEST_F(DialogLocaliserTest, TranslatesTitleControlsAndLists) {

@@ -15,6 +15,7 @@
 #include "naming/name_edits.h"
 #include "naming/scan.h"
 #include "windows/support_win32.h"
+#include "windows/watched_import_win32.h"
 
 namespace ferry::naming {
 namespace {
@@ -142,6 +143,24 @@ TEST(SystemClock, TakesAnItemThatHasVanishedForOneOfTheFileTimeZero) {
         EXPECT_EQ(fields, expected);
         EXPECT_EQ(text, L"1900-01-01");
     }
+}
+
+TEST(SystemClock, KnowsNoTimeThatTheSystemCannotConvert) {
+    const TempFolder folder;
+    const std::wstring file = folder / L"a.txt";
+    test::WriteUnits(file, L"x");
+    SystemClock clock;
+    const auto text = [&] { return InsertedText(clock, DateSource::Modified, file, L"%Y-%m-%d %H:%M:%S"); };
+    {
+        const test::WatchedImport<&FileTimeToLocalFileTime> toLocal(
+            "FileTimeToLocalFileTime", [](const FILETIME*, LPFILETIME) { return FALSE; });
+        EXPECT_EQ(clock.ItemTime(file, DateSource::Modified), std::nullopt);
+        EXPECT_EQ(text(), L"1899-12-30 00:00:00");
+    }
+    const test::WatchedImport<&FileTimeToSystemTime> toFields(
+        "FileTimeToSystemTime", [](const FILETIME*, LPSYSTEMTIME) { return FALSE; });
+    EXPECT_EQ(clock.ItemTime(file, DateSource::Modified), std::nullopt);
+    EXPECT_EQ(text(), L"1899-12-30 00:00:00");
 }
 
 TEST(SystemClock, KeepsNoHoldOfWhatItLookedAt) {

@@ -4,14 +4,15 @@
 // After windows.h, which the shell's headers build on.
 #include <shlobj.h>
 
-#include <cstring>
 #include <vector>
 
 #include "base/com_ptr_win32.h"
 #include "paths/path_helpers_win32.h"
 #include "paths/shell_item_win32.h"
+#include "windows/drop_win32.h"
 #include "windows/recording_operation_win32.h"
 #include "windows/support_win32.h"
+#include "windows/watched_import_win32.h"
 
 namespace ferry::paths {
 namespace {
@@ -43,30 +44,26 @@ TEST(ExpandLongName, LeavesWhatTheSystemDoesNotKnow) {
     EXPECT_EQ(ExpandLongName(L""), L"");
 }
 
-/// A drop as the system hands it over; the caller frees it with DragFinish.
-HDROP MakeDrop(const std::vector<std::wstring>& paths) {
-    std::wstring names;
-    for (const std::wstring& path : paths) {
-        names += path + L'\0';
-    }
-    names += L'\0';
-    const std::size_t bytes = names.size() * sizeof(wchar_t);
-    const HGLOBAL memory = GlobalAlloc(GHND, sizeof(DROPFILES) + bytes);
-    auto* const header = static_cast<DROPFILES*>(GlobalLock(memory));
-    header->pFiles = sizeof(DROPFILES);
-    header->fWide = TRUE;
-    std::memcpy(header + 1, names.data(), bytes);
-    GlobalUnlock(memory);
-    return static_cast<HDROP>(memory);
-}
-
 TEST(DroppedFileName, GivesEachPathInFull) {
     const std::wstring longPath = L"C:\\" + std::wstring(400, L'n');
-    const HDROP drop = MakeDrop({L"C:\\a.txt", L"\\\\?\\C:\\b", longPath});
+    const HDROP drop = test::MakeDrop({L"C:\\a.txt", L"\\\\?\\C:\\b", longPath});
     EXPECT_EQ(DroppedFileName(drop, 0), L"C:\\a.txt");
     EXPECT_EQ(DroppedFileName(drop, 1), L"C:\\b");
     EXPECT_EQ(DroppedFileName(drop, 2), longPath);
     EXPECT_EQ(DroppedFileName(drop, 3), L"");
+    DragFinish(drop);
+}
+
+TEST(DroppedFileName, IsExpandedToItsLongForm) {
+    const TempFolder folder;
+    const std::wstring file = folder / L"a name that is longer than eight and three.text";
+    test::WriteUnits(file, L"x");
+    const std::wstring shortName = ShortName(file);
+    if (shortName.find(L'~') == std::wstring::npos) {
+        GTEST_SKIP() << "this volume keeps no short names";
+    }
+    const HDROP drop = test::MakeDrop({shortName});
+    EXPECT_EQ(DroppedFileName(drop, 0), file);
     DragFinish(drop);
 }
 
@@ -76,12 +73,6 @@ protected:
     TempFolder folder_;
 };
 
-/// Whether the shell itself parses `path` as it is.
-bool ShellParses(const std::wstring& path) {
-    base::ComPtr<IShellItem> item;
-    return SUCCEEDED(SHCreateItemFromParsingName(path.c_str(), nullptr, IID_PPV_ARGS(item.Put())));
-}
-
 TEST_F(ShellItemTest, ParsesFoldersWithAndWithoutTheirSeparator) {
     for (const std::wstring& path : {folder_.Path(), folder_.Path() + L"\\"}) {
         base::ComPtr<IShellItem> item;
@@ -90,13 +81,53 @@ TEST_F(ShellItemTest, ParsesFoldersWithAndWithoutTheirSeparator) {
     }
 }
 
-TEST_F(ShellItemTest, ParsesLongPathsInWhicheverFormTheShellTakes) {
-    const std::wstring path = folder_.LongFolder() + L"\\file";
-    test::WriteUnits(path, L"x");
+/// A shell that parses one form of paths only; what it parses is an item of the folder `any`.
+class PickyShell {
+public:
+    PickyShell(const std::wstring& any, bool takesPrefixed)
+        : parse_(
+              "SHCreateItemFromParsingName",
+              [this, any, takesPrefixed](PCWSTR path, IBindCtx* context, REFIID id, void** item) -> HRESULT {
+                  Asked.emplace_back(path);
+                  *item = nullptr;
+                  if (Asked.back().starts_with(L"\\\\?\\") != takesPrefixed) {
+                      return kRefused + static_cast<HRESULT>(Asked.size());
+                  }
+                  return parse_.CallReal(any.c_str(), context, id, item);
+              }) {}
+
+    static constexpr HRESULT kRefused = static_cast<HRESULT>(0x80040000);
+
+    std::vector<std::wstring> Asked;
+
+private:
+    test::WatchedImport<&SHCreateItemFromParsingName> parse_;
+};
+
+TEST_F(ShellItemTest, OfALongPathIsMadeFromThePlainFormWhereTheShellTakesIt) {
+    const std::wstring path = L"C:\\" + std::wstring(300, L'd');
+    const PickyShell shell(folder_.Path(), false);
     base::ComPtr<IShellItem> item;
-    const bool isParsed = SUCCEEDED(MakeShellItem(path, item));
-    EXPECT_EQ(isParsed, ShellParses(path) || ShellParses(L"\\\\?\\" + path));
-    EXPECT_EQ(isParsed, static_cast<bool>(item));
+    EXPECT_EQ(MakeShellItem(path, item), S_OK);
+    EXPECT_TRUE(item);
+    EXPECT_EQ(shell.Asked, (std::vector{path}));
+}
+
+TEST_F(ShellItemTest, OfALongPathIsMadeFromThePrefixedFormWhereTheShellWantsThat) {
+    const std::wstring path = L"C:\\" + std::wstring(300, L'd');
+    const PickyShell shell(folder_.Path(), true);
+    base::ComPtr<IShellItem> item;
+    EXPECT_EQ(MakeShellItem(path, item), S_OK);
+    EXPECT_TRUE(item);
+    EXPECT_EQ(shell.Asked, (std::vector{path, L"\\\\?\\" + path}));
+}
+
+TEST_F(ShellItemTest, OfAShortPathIsAskedForOnce) {
+    const PickyShell shell(folder_.Path(), true);
+    base::ComPtr<IShellItem> item;
+    EXPECT_EQ(MakeShellItem(L"C:\\short", item), PickyShell::kRefused + 1);
+    EXPECT_FALSE(item);
+    EXPECT_EQ(shell.Asked, std::vector<std::wstring>{L"C:\\short"});
 }
 
 TEST_F(ShellItemTest, MissingFileGivesNoItem) {
@@ -121,6 +152,15 @@ TEST_F(QueueTest, QueuesTheItemIntoTheFolderUnderItsNewName) {
     EXPECT_EQ(QueueMove(&operation, source, folder_ / L"c"), S_OK);
     const std::wstring from = source + L" > " + folder_.Path() + L" as ";
     EXPECT_EQ(log.Calls, (std::vector<std::wstring>{L"CopyItem " + from + L"b", L"MoveItem " + from + L"c"}));
+}
+
+TEST_F(QueueTest, WithoutAFolderPassesNone) {
+    const std::wstring source = folder_ / L"a";
+    test::WriteUnits(source, L"x");
+    test::OperationLog log;
+    test::RecordingOperation operation(log);
+    EXPECT_EQ(QueueCopy(&operation, source, L""), S_OK);
+    EXPECT_EQ(log.Calls, std::vector<std::wstring>{L"CopyItem " + source + L" > (none) as "});
 }
 
 TEST_F(QueueTest, StopsAtTheFirstFailure) {

@@ -32,14 +32,6 @@ std::size_t CountByPlaces(Make make, Unmake unmake, unsigned placesPerObject) {
     return last - kProbes;
 }
 
-std::size_t CountHandles() {
-    DWORD count = 0;
-    if (GetProcessHandleCount(GetCurrentProcess(), &count) && count != 0) {
-        return count;
-    }
-    return CountByPlaces([] { return CreateEventW(nullptr, FALSE, FALSE, nullptr); }, CloseHandle, 4);
-}
-
 std::size_t CountUserObjects() {
     const DWORD count = GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS);
     return count != 0 ? count : CountByPlaces([] { return CreateMenu(); }, DestroyMenu, 2);
@@ -51,6 +43,14 @@ std::size_t CountGdiObjects() {
 }
 
 }  // namespace
+
+std::size_t CountHandles() {
+    DWORD count = 0;
+    if (GetProcessHandleCount(GetCurrentProcess(), &count) && count != 0) {
+        return count;
+    }
+    return CountByPlaces([] { return CreateEventW(nullptr, FALSE, FALSE, nullptr); }, CloseHandle, 4);
+}
 
 std::size_t CountThreads() {
     const base::FileHandle snapshot(CreateToolhelp32Snapshot(TH32CS_SNAPTHREAD, 0));

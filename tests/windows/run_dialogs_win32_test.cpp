@@ -2,11 +2,14 @@
 #include <windows.h>
 #include <gtest/gtest.h>
 
+#include <set>
+
 #include "dialogs/busy_dialog.h"
 #include "dialogs/file_mode_dialog.h"
 #include "ids.h"
 #include "windows/dialog_world_win32.h"
 #include "windows/support_win32.h"
+#include "windows/watched_import_win32.h"
 
 namespace ferry::dialogs {
 namespace {
@@ -330,12 +333,21 @@ TEST_F(ProgressDialog, ItemsThatComeSteadilyAreShownMeanwhile) {
 
 TEST_F(ProgressDialog, WithNothingNewNoTimerGoesOn) {
     Open(true);
+    std::set<UINT_PTR> running;
+    const test::WatchedImport<&SetTimer> set("SetTimer",
+                                             [&](HWND window, UINT_PTR id, UINT period, TIMERPROC procedure) {
+                                                 EXPECT_EQ(window, dialog_.Handle());
+                                                 running.insert(id);
+                                                 return set.CallReal(window, id, period, procedure);
+                                             });
+    const test::WatchedImport<&KillTimer> kill("KillTimer", [&](HWND window, UINT_PTR id) {
+        running.erase(id);
+        return kill.CallReal(window, id);
+    });
     dialog_.SetSecondLine(L"a");
+    EXPECT_EQ(running.size(), 1U);
     ASSERT_TRUE(WillShow({L"a", 0, 0}));
-    SetDlgItemTextW(dialog_.Handle(), IDC_BUSY_ITEM, L"untouched");
-    Sleep(3 * kShowDelayMs);
-    test::Pump();
-    EXPECT_EQ(test::TextOfControl(dialog_.Handle(), IDC_BUSY_ITEM), L"untouched");
+    EXPECT_TRUE(running.empty());
 }
 
 TEST_F(ProgressDialog, AStrangersTimerShowsNothing) {
@@ -366,6 +378,18 @@ public:
 
     std::vector<int> EndCodes;
 };
+
+TEST_F(ProgressDialog, IsEndedWithTheCodeOfCancelWhenThePersonStopsIt) {
+    for (const UINT message : {WM_COMMAND, WM_CLOSE}) {
+        WatchedProgress dialog(world_.Services());
+        dialog.SetCancellable(true);
+        ASSERT_TRUE(dialog.Create(nullptr));
+        SendMessageW(dialog.Handle(), message, message == WM_COMMAND ? IDCANCEL : 0, 0);
+        test::Pump();
+        EXPECT_EQ(dialog.EndCodes, std::vector<int>{2});
+        EXPECT_TRUE(dialog.TakeCancelRequest());
+    }
+}
 
 TEST_F(ProgressDialog, IsEndedWithCodeZeroBeforeItsWindowGoes) {
     WatchedProgress dialog(world_.Services());

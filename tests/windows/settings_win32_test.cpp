@@ -7,7 +7,9 @@
 
 #include "base/handles_win32.h"
 #include "settings/registry_store_win32.h"
+#include "windows/resource_counts_win32.h"
 #include "windows/support_win32.h"
+#include "windows/watched_import_win32.h"
 
 namespace ferry::settings {
 namespace {
@@ -164,18 +166,100 @@ TEST_F(RegistryStoreTest, KeyThatCannotBeOpenedGivesDefaultsAndFailedWrites) {
 }
 
 TEST_F(RegistryStoreTest, KeepsNoKeyOpen) {
+    constexpr std::size_t kRounds = 50;
     store_.WriteNumber(L"Mode", 1);
-    DWORD before = 0;
-    ASSERT_TRUE(GetProcessHandleCount(GetCurrentProcess(), &before));
-    for (int round = 0; round < 50; ++round) {
+    const std::size_t before = test::CountHandles();
+    for (std::size_t round = 0; round < kRounds; ++round) {
         store_.ReadText(L"Time", L"");
         store_.ReadNumber(L"Mode", 0);
         store_.WriteText(L"Time", L"text");
         store_.WriteNumber(L"Mode", 1);
     }
-    DWORD after = 0;
-    ASSERT_TRUE(GetProcessHandleCount(GetCurrentProcess(), &after));
-    EXPECT_EQ(after, before);
+    // Whichever of the four kept its key, there would be one for each round.
+    EXPECT_LT(test::CountHandles(), before + kRounds / 2);
+}
+
+/// How a key was asked for.
+struct AskedKey {
+    HKEY Root = nullptr;
+    std::wstring Path;
+    std::wstring Class;
+    DWORD Options = 0;
+    REGSAM Access = 0;
+    const SECURITY_ATTRIBUTES* Security = nullptr;
+
+    bool operator==(const AskedKey&) const = default;
+};
+
+TEST_F(RegistryStoreTest, EveryFunctionAsksForFullAccessAndKeepsWhatItMakes) {
+    constexpr REGSAM kKeyAllAccess = 0xF003F;
+    std::vector<AskedKey> asked;
+    const test::WatchedImport<&RegCreateKeyExW> create(
+        "RegCreateKeyExW",
+        [&](HKEY root, LPCWSTR path, DWORD reserved, LPWSTR className, DWORD options, REGSAM access,
+            const LPSECURITY_ATTRIBUTES security, PHKEY, LPDWORD) -> LSTATUS {
+            EXPECT_EQ(reserved, 0U);
+            asked.push_back({root, path, className, options, access, security});
+            return ERROR_ACCESS_DENIED;
+        });
+    store_.ReadText(L"a", L"");
+    store_.ReadNumber(L"a", 0);
+    store_.WriteText(L"a", L"");
+    store_.WriteNumber(L"a", 0);
+    store_.ReadHostText(L"a", L"");
+    store_.ReadHostNumber(L"a");
+    store_.WriteTextToKey(root_, L"a", L"");
+    store_.WriteNumberToKey(root_, L"a", 0);
+    const auto key = [&](const std::wstring& path) {
+        return AskedKey{HKEY_CURRENT_USER, path, L"", REG_OPTION_NON_VOLATILE, kKeyAllAccess, nullptr};
+    };
+    EXPECT_EQ(asked, (std::vector{key(key_), key(key_), key(key_), key(key_), key(kHostKey), key(kHostKey),
+                                  key(root_), key(root_)}));
+}
+
+TEST_F(RegistryStoreTest, AKeyThatMayOnlyBeReadGivesTheDefaults) {
+    ASSERT_TRUE(store_.WriteText(L"Time", L"stored"));
+    ASSERT_TRUE(store_.WriteNumber(L"Mode", 1));
+    const test::WatchedImport<&RegCreateKeyExW> create(
+        "RegCreateKeyExW",
+        [&](HKEY root, LPCWSTR path, DWORD reserved, LPWSTR className, DWORD options, REGSAM access,
+            const LPSECURITY_ATTRIBUTES security, PHKEY key, LPDWORD disposition) -> LSTATUS {
+            return (access & KEY_SET_VALUE) != 0 ? ERROR_ACCESS_DENIED
+                                                 : create.CallReal(root, path, reserved, className, options,
+                                                                   access, security, key, disposition);
+        });
+    EXPECT_EQ(store_.ReadText(L"Time", L"default"), L"default");
+    EXPECT_EQ(store_.ReadNumber(L"Mode", 4), 4U);
+    EXPECT_FALSE(store_.WriteNumber(L"Mode", 2));
+}
+
+/// Lets an empty key of the test stand for HKEY_CURRENT_USER.
+class EmptyUser {
+public:
+    explicit EmptyUser(const std::wstring& path) {
+        RegCreateKeyW(HKEY_CURRENT_USER, path.c_str(), key_.Put());
+        EXPECT_EQ(RegOverridePredefKey(HKEY_CURRENT_USER, key_.Get()), ERROR_SUCCESS);
+    }
+    ~EmptyUser() { RegOverridePredefKey(HKEY_CURRENT_USER, nullptr); }
+
+    EmptyUser(const EmptyUser&) = delete;
+    EmptyUser& operator=(const EmptyUser&) = delete;
+
+private:
+    base::RegistryKey key_;
+};
+
+TEST_F(RegistryStoreTest, AReadCreatesTheHostsKeyToo) {
+    const EmptyUser user(root_);
+    ASSERT_FALSE(Open(kHostKey));
+    EXPECT_EQ(store_.ReadHostText(L"NLS", L".ja-JP"), L".ja-JP");
+    EXPECT_TRUE(Open(kHostKey));
+}
+
+TEST_F(RegistryStoreTest, AReadOfAHostNumberCreatesTheHostsKeyToo) {
+    const EmptyUser user(root_);
+    EXPECT_EQ(store_.ReadHostNumber(L"LangOut"), 0U);
+    EXPECT_TRUE(Open(kHostKey));
 }
 
 TEST_F(RegistryStoreTest, MissingHostNumberIsZero) {

@@ -10,6 +10,7 @@
 #include "transfer/shell_operations_win32.h"
 #include "windows/recording_operation_win32.h"
 #include "windows/support_win32.h"
+#include "windows/watched_import_win32.h"
 
 namespace ferry::transfer {
 namespace {
@@ -84,6 +85,21 @@ TEST_F(RecordedOperationsTest, NoOperationObjectGivesOne) {
     EXPECT_TRUE(log_.Calls.empty());
 }
 
+TEST_F(RecordedOperationsTest, TheOperationMayComeFromAnyKindOfServer) {
+    constexpr DWORD kAnyServer = 0x17;
+    const test::WatchedImport<&CoCreateInstance> create("CoCreateInstance");
+    shell_.TransferFile({a_, destination_, {}, kFunctionCopy, 0, true});
+    const auto [classId, outer, servers, interfaceId, object] = create.OnlyCall();
+    EXPECT_TRUE(IsEqualGUID(classId, CLSID_FileOperation));
+    EXPECT_EQ(outer, nullptr);
+    EXPECT_EQ(servers, kAnyServer);
+    EXPECT_TRUE(IsEqualGUID(interfaceId, IID_IFileOperation));
+    base::TextList sources;
+    sources.Append(a_);
+    shell_.TransferBatch(sources, destination_, kFunctionCopy, 0);
+    EXPECT_EQ(std::get<2>(create.Calls().back()), kAnyServer);
+}
+
 TEST_F(RecordedOperationsTest, FileKeepsItsNameAndItsFlagsAndTellsWhetherItWasAborted) {
     log_.PerformResult = S_FALSE;
     log_.IsAborted = TRUE;
@@ -125,7 +141,7 @@ class RealOperationsTest : public ShellOperationsTest {
 protected:
     void SetUp() override {
         if (!test::ShellTransfers()) {
-            GTEST_SKIP() << "this system's file operation does not copy";
+            GTEST_SKIP() << test::kNoTransfers;
         }
     }
 

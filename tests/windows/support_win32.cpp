@@ -7,7 +7,6 @@
 
 #include "base/handles_win32.h"
 #include "base/utf16.h"
-#include "samplehost/process_windows_win32.h"
 
 namespace ferry::test {
 namespace {
@@ -37,29 +36,6 @@ void RemoveTree(const std::wstring& folder) {
         }
     }
     RemoveDirectoryW(folder.c_str());
-}
-
-// The control with a message box's text; a dialog of the program has none of this number.
-constexpr int kBoxTextId = 0xFFFF;
-
-bool IsBox(HWND window) {
-    wchar_t name[16] = {};
-    GetClassNameW(window, name, 16);
-    return std::wcscmp(name, L"#32770") == 0 && GetDlgItem(window, kBoxTextId) != nullptr;
-}
-
-HWND FindBox() {
-    return samplehost::FindVisibleWindow(GetCurrentProcessId(), IsBox);
-}
-
-std::wstring BoxText(HWND box) {
-    HWND label = nullptr;
-    while ((label = FindWindowExW(box, label, L"Static", nullptr)) != nullptr) {
-        if (std::wstring text = TextOfWindow(label); !text.empty()) {
-            return text;
-        }
-    }
-    return {};
 }
 
 }  // namespace
@@ -174,29 +150,28 @@ bool ShellTransfers() {
            server.find(L"ferry_fileop") != std::wstring::npos;
 }
 
-std::future<std::wstring> AnswerNextBox(int button, std::function<void()> whileOpen) {
-    return std::async(std::launch::async, [button, action = std::move(whileOpen)]() -> std::wstring {
-        HWND box = nullptr;
-        std::wstring text;
-        // The text comes after the window.
-        if (!WaitUntil([&] { return (box = FindBox()) != nullptr && !(text = BoxText(box)).empty(); })) {
-            return {};
-        }
-        if (action) {
-            action();
-        }
-        PostMessageW(box, WM_COMMAND, static_cast<WPARAM>(button), 0);
-        WaitUntil([box] { return !IsWindow(box); });
-        return text;
-    });
-}
-
 void HoldKeys(const std::vector<int>& keys) {
     std::array<BYTE, 256> state{};
     for (const int key : keys) {
         state[static_cast<std::size_t>(key)] = 0x80;
     }
     SetKeyboardState(state.data());
+}
+
+ForegroundLockKeeper::ForegroundLockKeeper() noexcept {
+    SystemParametersInfoW(SPI_GETFOREGROUNDLOCKTIMEOUT, 0, &lockMs_, 0);
+}
+
+ForegroundLockKeeper::~ForegroundLockKeeper() {
+    SystemParametersInfoW(SPI_SETFOREGROUNDLOCKTIMEOUT, 0,
+                          reinterpret_cast<void*>(static_cast<ULONG_PTR>(lockMs_)), 0);
+}
+
+bool MayTakeForeground() {
+    const TestWindow window(CreateWindowExW(0, L"Static", L"", WS_POPUP | WS_VISIBLE, 0, 0, 10, 10, nullptr,
+                                            nullptr, GetModuleHandleW(nullptr), nullptr));
+    SetForegroundWindow(window.Get());
+    return GetForegroundWindow() == window.Get();
 }
 
 std::wstring TextOfWindow(HWND window) {

@@ -70,15 +70,38 @@ bool Exists(const std::wstring& path);
 /// for it there has a library of its own.
 bool ShellTransfers();
 
+/// What a test says that is skipped where ShellTransfers() does not hold.
+inline constexpr char kNoTransfers[] = "this system's file operation does not copy";
+
 /// A name that no other process and no other test uses.
 std::wstring UniqueName(std::wstring_view prefix);
 
 /// Waits on another thread for this process's next message box, runs `whileOpen`, then presses
-/// `button`. The future gives the box's text; empty when no box came within kDeadline.
+/// `button`. The future gives the box's text; empty when no box came within kDeadline. A box without
+/// that button is a failure, and is closed.
 std::future<std::wstring> AnswerNextBox(int button, std::function<void()> whileOpen = {});
 
 /// Makes this thread believe that these keys, and no others, are held.
 void HoldKeys(const std::vector<int>& keys);
+
+/// Puts the session's foreground lock back at its end: bringing a window to the front changes it for every
+/// program, and so for the next test.
+class ForegroundLockKeeper {
+public:
+    ForegroundLockKeeper() noexcept;
+    ~ForegroundLockKeeper();
+    ForegroundLockKeeper(const ForegroundLockKeeper&) = delete;
+    ForegroundLockKeeper& operator=(const ForegroundLockKeeper&) = delete;
+
+private:
+    DWORD lockMs_ = 0;
+};
+
+/// Whether the session gives this program the foreground when it plainly asks for it.
+bool MayTakeForeground();
+
+/// What a test says that is skipped where MayTakeForeground() does not hold.
+inline constexpr char kNoForeground[] = "this session does not give the tests the foreground";
 
 struct WindowTraits {
     using Value = HWND;

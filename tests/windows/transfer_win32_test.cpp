@@ -3,13 +3,17 @@
 #include <gtest/gtest.h>
 // After windows.h, which it builds on.
 #include <oleauto.h>
+#include <shlobj.h>
+#include <winioctl.h>
 
+#include <cstdio>
 #include <vector>
 
 #include "base/handles_win32.h"
 #include "transfer/file_system_win32.h"
 #include "transfer/item_engine.h"
 #include "windows/support_win32.h"
+#include "windows/watched_import_win32.h"
 
 namespace ferry::transfer {
 namespace {
@@ -39,7 +43,7 @@ protected:
 
 TEST_F(WindowsFileSystemTest, EnumeratesInTheOrderOfTheSearchWithoutDots) {
     for (const wchar_t* name : {L"c", L"a", L".hidden", L"..two", L"b"}) {
-        test::WriteUnits(folder_ / name, L"x");
+        test::WriteUnits(folder_ / name, name);
     }
     test::MakeFolders(folder_ / L"folder");
     Names expected;
@@ -103,6 +107,98 @@ TEST_F(WindowsFileSystemTest, FindsNothingWhereNothingCanBe) {
     EXPECT_TRUE(files_.Find(folder_ / L"file")->IsTimeKnown);
 }
 
+constexpr DWORD kSurelyMissing[] = {ERROR_FILE_NOT_FOUND, ERROR_PATH_NOT_FOUND, ERROR_NO_MORE_FILES,
+                                    ERROR_INVALID_NAME,   ERROR_BAD_PATHNAME,   ERROR_FILENAME_EXCED_RANGE,
+                                    ERROR_DIRECTORY};
+constexpr DWORD kUnknown[] = {ERROR_ACCESS_DENIED, ERROR_NOT_READY,       ERROR_BAD_NETPATH,
+                              ERROR_BAD_NET_NAME,  ERROR_NETNAME_DELETED, ERROR_SEM_TIMEOUT};
+
+/// Lets every search fail with one error: the one of the plain call and that of the extended one, of which
+/// the program takes whichever suits the system.
+class FailingSearches {
+public:
+    explicit FailingSearches(DWORD error) : error_(error) {}
+
+    std::vector<std::wstring> Patterns;
+
+private:
+    HANDLE Fail(LPCWSTR pattern) {
+        Patterns.emplace_back(pattern);
+        SetLastError(error_);
+        return INVALID_HANDLE_VALUE;
+    }
+
+    DWORD error_;
+    test::WatchedImport<&FindFirstFileW> plain_{
+        "FindFirstFileW", [this](LPCWSTR pattern, LPWIN32_FIND_DATAW) { return Fail(pattern); }};
+    test::WatchedImport<&FindFirstFileExW> extended_{
+        "FindFirstFileExW", [this](LPCWSTR pattern, FINDEX_INFO_LEVELS, LPVOID, FINDEX_SEARCH_OPS, LPVOID,
+                                   DWORD) { return Fail(pattern); }};
+};
+
+/// Lets searches fail with one error and looks at attributes with another, or succeed.
+class FailingLooks {
+public:
+    explicit FailingLooks(DWORD searchError) : searches_(searchError) {}
+
+    DWORD AttributesError = ERROR_SUCCESS;
+    WIN32_FILE_ATTRIBUTE_DATA Attributes{};
+
+    std::size_t LooksWithoutSearch() const { return look_.Calls().size(); }
+
+private:
+    FailingSearches searches_;
+    test::WatchedImport<&GetFileAttributesExW> look_{
+        "GetFileAttributesExW", [this](LPCWSTR, GET_FILEEX_INFO_LEVELS level, LPVOID data) {
+            EXPECT_EQ(level, GetFileExInfoStandard);
+            *static_cast<WIN32_FILE_ATTRIBUTE_DATA*>(data) = Attributes;
+            SetLastError(AttributesError);
+            return AttributesError == ERROR_SUCCESS ? TRUE : FALSE;
+        }};
+};
+
+TEST_F(WindowsFileSystemTest, ASearchThatSaysSoMeansThatNothingIsThere) {
+    for (const DWORD error : kSurelyMissing) {
+        const FailingLooks looks(error);
+        EXPECT_FALSE(files_.Find(folder_ / L"a.txt")) << error;
+        EXPECT_EQ(looks.LooksWithoutSearch(), 0U) << error;
+    }
+}
+
+TEST_F(WindowsFileSystemTest, APlaceThatCannotBeSearchedIsLookedAtByItsAttributes) {
+    for (const DWORD error : kUnknown) {
+        FailingLooks looks(error);
+        looks.Attributes.dwFileAttributes = FILE_ATTRIBUTE_HIDDEN;
+        looks.Attributes.ftLastWriteTime = {0x12345678, 0x01DA0000};
+        const auto found = files_.Find(folder_ / L"a.txt");
+        ASSERT_TRUE(found) << error;
+        EXPECT_EQ(found->Name, L"a.txt");
+        EXPECT_TRUE(found->IsTimeKnown);
+        EXPECT_EQ(found->Attributes, DWORD{FILE_ATTRIBUTE_HIDDEN});
+        EXPECT_EQ(found->LastWriteTime, 0x01DA000012345678ULL);
+    }
+}
+
+TEST_F(WindowsFileSystemTest, APlaceThatCannotBeLookedAtAtAllCountsAsTakenAtAnUnknownTime) {
+    for (const DWORD error : kUnknown) {
+        FailingLooks looks(ERROR_ACCESS_DENIED);
+        looks.AttributesError = error;
+        const auto found = files_.Find(folder_ / L"a.txt");
+        ASSERT_TRUE(found) << error;
+        EXPECT_EQ(found->Name, L"a.txt");
+        EXPECT_FALSE(found->IsTimeKnown);
+    }
+}
+
+TEST_F(WindowsFileSystemTest, AttributesThatAreMissingMeanThatNothingIsThere) {
+    for (const DWORD error : kSurelyMissing) {
+        FailingLooks looks(ERROR_ACCESS_DENIED);
+        looks.AttributesError = error;
+        EXPECT_FALSE(files_.Find(folder_ / L"a.txt")) << error;
+        EXPECT_EQ(looks.LooksWithoutSearch(), 1U);
+    }
+}
+
 TEST_F(WindowsFileSystemTest, ReadsAndSetsAttributes) {
     const std::wstring file = folder_ / L"file";
     test::WriteUnits(file, L"x");
@@ -141,6 +237,10 @@ TEST_F(WindowsFileSystemTest, TellsSizesAboveFourGigabytes) {
     {
         const base::FileHandle handle(
             CreateFileW(file.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr));
+        // Best effort: where a volume cannot do it, it keeps such a file without its zeros anyway, or needs
+        // the room.
+        DWORD returned = 0;
+        DeviceIoControl(handle.Get(), FSCTL_SET_SPARSE, nullptr, 0, nullptr, 0, &returned, nullptr);
         LARGE_INTEGER size{};
         size.QuadPart = 0x140000000LL;
         ASSERT_TRUE(SetFilePointerEx(handle.Get(), size, nullptr, FILE_BEGIN));
@@ -255,9 +355,93 @@ TEST_F(WindowsFileSystemTest, TimeThatCannotBeConvertedIsDateZero) {
     EXPECT_EQ(files_.LocalDate(0xFFFFFFFFFFFFFFFFULL), 0.0);
 }
 
-TEST_F(WindowsFileSystemTest, TellsTheShellAboutAFolderWithoutHarm) {
+TEST_F(WindowsFileSystemTest, TellsTheShellThatAFolderWasMade) {
+    constexpr LONG kFolderMade = 8;
+    constexpr UINT kByPath = 5;
+    const test::WatchedImport<&SHChangeNotify> notify(
+        "SHChangeNotify", [&](LONG event, UINT flags, LPCVOID item, LPCVOID other) {
+            EXPECT_EQ(event, kFolderMade);
+            EXPECT_EQ(flags, kByPath);
+            EXPECT_EQ(std::wstring(static_cast<const wchar_t*>(item)), folder_.Path());
+            EXPECT_EQ(other, nullptr);
+        });
     files_.NotifyFolderMade(folder_.Path());
-    EXPECT_TRUE(test::Exists(folder_.Path()));
+    EXPECT_EQ(notify.Calls().size(), 1U);
+}
+
+TEST_F(WindowsFileSystemTest, FoldersAreMadeWithoutAWindow) {
+    const test::WatchedImport<&SHCreateDirectory> make("SHCreateDirectory");
+    EXPECT_EQ(files_.CreateFolder(folder_ / L"new"), kFolderCreated);
+    EXPECT_EQ(std::get<0>(make.OnlyCall()), nullptr);
+}
+
+/// Writes down the paths that the system is asked about.
+class WatchedPaths {
+public:
+    std::vector<std::wstring> Seen;
+
+private:
+    test::WatchedImport<&GetFileAttributesW> attributes_{"GetFileAttributesW", [this](LPCWSTR path) {
+                                                             Seen.emplace_back(path);
+                                                             return attributes_.CallReal(path);
+                                                         }};
+    test::WatchedImport<&SetFileAttributesW> setAttributes_{
+        "SetFileAttributesW", [this](LPCWSTR path, DWORD attributes) {
+            Seen.emplace_back(path);
+            return setAttributes_.CallReal(path, attributes);
+        }};
+    test::WatchedImport<&GetFileAttributesExW> look_{
+        "GetFileAttributesExW", [this](LPCWSTR path, GET_FILEEX_INFO_LEVELS level, LPVOID data) {
+            Seen.emplace_back(path);
+            return look_.CallReal(path, level, data);
+        }};
+    test::WatchedImport<&CreateFileW> open_{
+        "CreateFileW", [this](LPCWSTR path, DWORD access, DWORD sharing, LPSECURITY_ATTRIBUTES security,
+                              DWORD how, DWORD flags, HANDLE model) {
+            Seen.emplace_back(path);
+            return open_.CallReal(path, access, sharing, security, how, flags, model);
+        }};
+    test::WatchedImport<&CreateDirectoryW> make_{"CreateDirectoryW",
+                                                 [this](LPCWSTR path, LPSECURITY_ATTRIBUTES security) {
+                                                     Seen.emplace_back(path);
+                                                     return make_.CallReal(path, security);
+                                                 }};
+    test::WatchedImport<&RemoveDirectoryW> remove_{"RemoveDirectoryW", [this](LPCWSTR path) {
+                                                       Seen.emplace_back(path);
+                                                       return remove_.CallReal(path);
+                                                   }};
+    test::WatchedImport<&_wrename> rename_{"_wrename", [this](const wchar_t* from, const wchar_t* to) {
+                                               Seen.emplace_back(from);
+                                               Seen.emplace_back(to);
+                                               return rename_.CallReal(from, to);
+                                           }};
+};
+
+TEST_F(WindowsFileSystemTest, GivesTheSystemEveryLongPathInItsPrefixedForm) {
+    const std::wstring path = folder_.LongFolder() + L"\\below";
+    const std::wstring prefixed = L"\\\\?\\" + path;
+    WatchedPaths paths;
+    const FailingSearches searches(ERROR_ACCESS_DENIED);
+    files_.CreateFolder(path);
+    files_.Attributes(path);
+    files_.SetAttributes(path, kAttributeDirectory);
+    files_.Enumerate(path, [](const FoundItem&) {});
+    files_.Find(path);
+    files_.FileSize(path);
+    files_.Rename(path, path + L"2");
+    files_.RemoveFolder(path);
+    EXPECT_EQ(paths.Seen,
+              (Names{prefixed, prefixed, prefixed, prefixed, prefixed, prefixed, prefixed + L"2", prefixed}));
+    EXPECT_EQ(searches.Patterns, (Names{prefixed + L"\\*", prefixed}));
+}
+
+TEST_F(WindowsFileSystemTest, OpensAFileForItsSizeWithoutDisturbingAnybody) {
+    const test::WatchedImport<&CreateFileW> open("CreateFileW");
+    files_.FileSize(folder_ / L"missing");
+    const auto [path, access, sharing, security, how, flags, model] = open.OnlyCall();
+    EXPECT_EQ(access, DWORD{GENERIC_READ});
+    EXPECT_EQ(sharing, DWORD{FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE});
+    EXPECT_EQ(how, DWORD{OPEN_EXISTING});
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include "hostlink/host_messages_win32.h"
 #include "hostlink/window_placement_win32.h"
 #include "windows/support_win32.h"
+#include "windows/watched_import_win32.h"
 
 namespace ferry::hostlink {
 namespace {
@@ -59,6 +60,11 @@ protected:
         test::HoldKeys({});
         dialog_ = MakeWindow(kClass, {10, 20, 210, 120});
     }
+    void SetUp() override {
+        if (!test::MayTakeForeground()) {
+            GTEST_SKIP() << test::kNoForeground;
+        }
+    }
     ~WindowPlacementTest() override {
         test::HoldKeys({});
         dialog_.Reset();
@@ -105,6 +111,7 @@ protected:
         return rect;
     }
 
+    const test::ForegroundLockKeeper lock_;
     test::TestWindow dialog_;
     test::TestWindow host_;
 };
@@ -219,6 +226,34 @@ TEST_F(WindowPlacementTest, StaysInsideTheWorkArea) {
     CentreOverHost(dialog_.Get(), 1);
     EXPECT_EQ(DialogRect().right, work.right);
     EXPECT_EQ(DialogRect().bottom, work.bottom);
+}
+
+TEST_F(WindowPlacementTest, StaysBehindWhatStandsBeforeIt) {
+    MakeHost({300, 200, 700, 500});
+    const test::TestWindow before = MakeWindow(kClass, {0, 0, 50, 50});
+    ASSERT_EQ(GetWindow(before.Get(), GW_HWNDNEXT), host_.Get());
+    CentreOverHost(dialog_.Get(), 0);
+    EXPECT_EQ(DialogRect().left, 400);
+    EXPECT_EQ(GetWindow(before.Get(), GW_HWNDNEXT), host_.Get());
+    EXPECT_EQ(GetForegroundWindow(), before.Get());
+}
+
+TEST_F(WindowPlacementTest, GoesToTheMonitorThatIsNearestToTheHost) {
+    MakeHost({300, 200, 701, 501});
+    const HMONITOR second = reinterpret_cast<HMONITOR>(2);
+    const test::WatchedImport<&MonitorFromWindow> nearest("MonitorFromWindow",
+                                                          [=](HWND, DWORD) { return second; });
+    const test::WatchedImport<&GetMonitorInfoW> info("GetMonitorInfoW", [](HMONITOR, LPMONITORINFO monitor) {
+        EXPECT_EQ(monitor->cbSize, sizeof(MONITORINFO));
+        monitor->rcMonitor = {-1024, 0, 0, 768};
+        monitor->rcWork = {-1024, 0, 0, 740};
+        return TRUE;
+    });
+    CentreOverHost(dialog_.Get(), 0);
+    EXPECT_EQ(nearest.OnlyCall(), std::tuple(host_.Get(), DWORD{MONITOR_DEFAULTTONEAREST}));
+    EXPECT_EQ(std::get<0>(info.OnlyCall()), second);
+    EXPECT_EQ(DialogRect().right, 0);
+    EXPECT_EQ(DialogRect().top, 300);
 }
 
 TEST_F(WindowPlacementTest, OwnedDialogsAndDialogsWithoutAHostStay) {

@@ -98,7 +98,8 @@ TEST_F(CallTest, LogsThePluralCalls) {
 TEST_F(CallTest, TakesAnArrayOfItemsAndADataObject) {
     PIDLIST_ABSOLUTE ids[2] = {};
     for (int index = 0; index < 2; ++index) {
-        const auto file = folder_.MakeFile(L"from\\" + std::to_wstring(index), "content");
+        const auto file =
+            folder_.MakeFile(L"from\\" + std::to_wstring(index), "content " + std::to_string(index));
         ids[index] = ILCreateFromPathW(file.c_str());
         ASSERT_NE(ids[index], nullptr);
     }
@@ -109,6 +110,8 @@ TEST_F(CallTest, TakesAnArrayOfItemsAndADataObject) {
     EXPECT_EQ(operation->CopyItems(array.Get(), ItemOf(target_).Get()), S_OK);
     EXPECT_EQ(operation->PerformOperations(), S_OK);
     EXPECT_THAT(TreeOf(target_), ElementsAre(L"0", L"1"));
+    EXPECT_EQ(ContentOf(target_ + L"\\0"), "content 0");
+    EXPECT_EQ(ContentOf(target_ + L"\\1"), "content 1");
     for (PIDLIST_ABSOLUTE id : ids) {
         ILFree(id);
     }

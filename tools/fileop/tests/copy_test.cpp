@@ -70,17 +70,20 @@ TEST_F(CopyTest, PicksANumberedNameInAnotherFolder) {
     }
     EXPECT_THAT(TreeOf(target_), ElementsAre(L"a (2).txt", L"a (3).txt", L"a.txt"));
     EXPECT_EQ(ContentOf(target_ + L"\\a.txt"), "existing");
+    EXPECT_EQ(ContentOf(target_ + L"\\a (3).txt"), "incoming");
 }
 
 TEST_F(CopyTest, PicksACopyNameInTheSameFolder) {
-    const auto file = folder_.MakeFile(L"from\\a.txt", "content");
-    folder_.MakeFile(L"from\\d.x\\b.txt", "content");
+    const auto file = folder_.MakeFile(L"from\\a.txt", "a's content");
+    folder_.MakeFile(L"from\\d.x\\b.txt", "b's content");
     const DWORD flags = kQuiet | FOF_RENAMEONCOLLISION;
     EXPECT_EQ(Copy(file, source_, flags).Performed, S_OK);
     EXPECT_EQ(Copy(file, source_, flags).Performed, S_OK);
     EXPECT_EQ(Copy(folder_.In(L"from\\d.x"), source_, flags).Performed, S_OK);
     EXPECT_THAT(TreeOf(source_), ElementsAre(L"a - Copy (2).txt", L"a - Copy.txt", L"a.txt", L"d.x - Copy\\",
                                              L"d.x - Copy\\b.txt", L"d.x\\", L"d.x\\b.txt"));
+    EXPECT_EQ(ContentOf(source_ + L"\\a - Copy (2).txt"), "a's content");
+    EXPECT_EQ(ContentOf(source_ + L"\\d.x - Copy\\b.txt"), "b's content");
 }
 
 TEST_F(CopyTest, RefusesToCopyAFileOntoItself) {
@@ -143,6 +146,8 @@ TEST_F(CopyTest, GoesOnAfterAFailureAndStopsEarlyWhenToldSo) {
     EXPECT_THAT(TreeOf(target_), ElementsAre(L"same.txt"));
     EXPECT_EQ(Perform(jobs).Performed, kSameFile);
     EXPECT_THAT(TreeOf(target_), ElementsAre(L"other.txt", L"same.txt"));
+    EXPECT_EQ(ContentOf(target_ + L"\\other.txt"), "other");
+    EXPECT_EQ(ContentOf(target_ + L"\\same.txt"), "same");
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 // Faults made on purpose, as a whole operation sees them.
+#include "base/utf16.h"
 #include "service_fixture.h"
 #include "window_driver.h"
 
@@ -11,8 +12,19 @@ using testing::IsEmpty;
 class FaultRunTest : public ServiceTest {
 protected:
     FaultRunTest() {
-        for (const wchar_t* name : {L"1", L"2", L"3"}) {
-            jobs_.push_back({true, folder_.MakeFile(L"from\\" + std::wstring(name), "content"), target_});
+        for (const int number : {1, 2, 3}) {
+            const auto file =
+                folder_.MakeFile(L"from\\" + std::to_wstring(number), "content " + std::to_string(number));
+            jobs_.push_back({true, file, target_});
+        }
+    }
+
+    /// However a run ended: every file that is there has its own content.
+    ~FaultRunTest() override {
+        for (const std::wstring& folder : {source_, target_}) {
+            for (const std::wstring& name : TreeOf(folder)) {
+                EXPECT_EQ(ContentOf(folder + L"\\" + name), "content " + base::ToUtf8(name));
+            }
         }
     }
 

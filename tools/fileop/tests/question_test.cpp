@@ -13,9 +13,11 @@ constexpr wchar_t kTitle[] = L"Replace or Skip Files";
 class QuestionTest : public ServiceTest {
 protected:
     QuestionTest() {
-        for (const wchar_t* name : {L"1", L"2", L"3"}) {
-            jobs_.push_back({false, folder_.MakeFile(L"from\\" + std::wstring(name), "incoming"), target_});
-            folder_.MakeFile(L"to\\" + std::wstring(name), "existing");
+        for (const int number : {1, 2, 3}) {
+            const std::wstring name = std::to_wstring(number);
+            const std::string content = std::to_string(number);
+            jobs_.push_back({false, folder_.MakeFile(L"from\\" + name, "incoming " + content), target_});
+            folder_.MakeFile(L"to\\" + name, "existing " + content);
         }
     }
 
@@ -32,7 +34,7 @@ TEST_F(QuestionTest, EachFileIsReplacedOrSkippedAsAnswered) {
     EXPECT_EQ(outcome.Performed, S_OK);
     EXPECT_TRUE(outcome.IsAborted) << "a skipped file was not transferred";
     EXPECT_EQ(driver.Finish().size(), 3U);
-    EXPECT_THAT(Contents(), ElementsAre("incoming", "existing", "incoming"));
+    EXPECT_THAT(Contents(), ElementsAre("incoming 1", "existing 2", "incoming 3"));
     EXPECT_THAT(Log(), Contains(L"Question\t" + target_ + L"\\1\treplace"));
     EXPECT_THAT(Log(), Contains(L"Question\t" + target_ + L"\\2\tskip"));
 }
@@ -42,20 +44,20 @@ TEST_F(QuestionTest, CancelStopsTheRun) {
     const Outcome outcome = Perform(jobs_, FOF_SILENT);
     EXPECT_EQ(outcome.Performed, kCancelled);
     EXPECT_TRUE(outcome.IsAborted);
-    EXPECT_THAT(Contents(), ElementsAre("incoming", "existing", "existing"));
+    EXPECT_THAT(Contents(), ElementsAre("incoming 1", "existing 2", "existing 3"));
     EXPECT_THAT(Log(), Contains(L"Question\t" + target_ + L"\\2\tcancel"));
 }
 
 TEST_F(QuestionTest, AnAnswerForAllIsNotAskedAgain) {
     WindowDriver driver({{kTitle, L'a'}, {kTitle, L'r'}});
     EXPECT_EQ(Perform(jobs_, FOF_SILENT).Performed, S_OK);
-    EXPECT_THAT(Contents(), ElementsAre("incoming", "incoming", "incoming"));
+    EXPECT_THAT(Contents(), ElementsAre("incoming 1", "incoming 2", "incoming 3"));
 }
 
 TEST_F(QuestionTest, TheEnterKeySkips) {
     WindowDriver driver({{kTitle, VK_RETURN}});
     EXPECT_EQ(Perform({jobs_[0]}, FOF_SILENT).Performed, S_OK);
-    EXPECT_THAT(Contents(), ElementsAre("existing", "existing", "existing"));
+    EXPECT_THAT(Contents(), ElementsAre("existing 1", "existing 2", "existing 3"));
 }
 
 TEST_F(QuestionTest, TheOwnerWindowOwnsIt) {
@@ -78,7 +80,7 @@ TEST_F(QuestionTest, TheDesktopAsOwnerStaysEnabled) {
 
 TEST_F(QuestionTest, IsNotAskedWithoutConfirmation) {
     EXPECT_EQ(Perform(jobs_, FOF_SILENT | FOF_NOCONFIRMATION).Performed, S_OK);
-    EXPECT_THAT(Contents(), ElementsAre("incoming", "incoming", "incoming"));
+    EXPECT_THAT(Contents(), ElementsAre("incoming 1", "incoming 2", "incoming 3"));
     EXPECT_THAT(Log(), testing::Each(testing::Not(testing::StartsWith(L"Question"))));
 }
 

@@ -30,6 +30,9 @@ struct Job {
     std::wstring NewName = {};
 };
 
+/// What a test says that is skipped outside Wine, where the system's own class transfers.
+inline constexpr char kNoService[] = "the file-operation service is for Wine only";
+
 inline constexpr DWORD kQuiet = FOF_SILENT | FOF_NOCONFIRMATION | FOF_NOERRORUI | FOF_NOCONFIRMMKDIR;
 
 class ServiceTest : public testing::Test {
@@ -38,6 +41,7 @@ protected:
     ~ServiceTest() override;
 
     static void SetUpTestSuite();
+    void SetUp() override;
 
     /// The registered class's object.
     static ComRef<IFileOperation> NewOperation();

@@ -1,0 +1,275 @@
+// The list of paths: its icons and how they are asked for, and its drawing.
+#include "controls/cmd_list_ctrl.h"
+
+#include <windows.h>
+#include <gtest/gtest.h>
+// After windows.h, which these build on.
+#include <commctrl.h>
+#include <objbase.h>
+#include <shellapi.h>
+
+#include <atomic>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <set>
+
+#include "framework/dialog.h"
+#include "ids.h"
+#include "windows/support_win32.h"
+#include "windows/watched_import_win32.h"
+#include "windows/watched_messages_win32.h"
+
+namespace ferry::controls {
+namespace {
+
+constexpr UINT kIconsReady = 48500;
+constexpr UINT kByName = 0x4010;
+constexpr UINT kByPath = 0x4002;
+constexpr DWORD kFolderAttribute = 16;
+constexpr DWORD kFileAttribute = 128;
+
+/// What the shell was asked about one icon.
+struct AskedIcon {
+    std::wstring What;
+    DWORD Attributes = 0;
+    UINT Flags = 0;
+    bool IsOnWorker = false;
+
+    bool operator==(const AskedIcon&) const = default;
+};
+
+void PrintTo(const AskedIcon& icon, std::ostream* stream) {
+    *stream << testing::PrintToString(icon.What) << " " << icon.Attributes << " " << icon.Flags
+            << (icon.IsOnWorker ? " on a worker" : "");
+}
+
+/// Answers for the shell's icons: every file has number 7 unless the query fails.
+class WatchedIcons {
+public:
+    std::atomic<bool> Fails = false;
+
+    std::vector<AskedIcon> Asked() const {
+        const std::lock_guard guard(lock_);
+        return asked_;
+    }
+
+private:
+    DWORD_PTR Answer(LPCWSTR what, DWORD attributes, SHFILEINFOW* info, UINT size, UINT flags) {
+        EXPECT_EQ(size, sizeof(SHFILEINFOW));
+        const std::lock_guard guard(lock_);
+        asked_.push_back({what, attributes, flags, GetCurrentThreadId() != thread_});
+        info->iIcon = 7;
+        return Fails ? 0 : 1;
+    }
+
+    DWORD thread_ = GetCurrentThreadId();
+    mutable std::mutex lock_;
+    std::vector<AskedIcon> asked_;
+    test::WatchedImport<&SHGetFileInfoW> query_{
+        "SHGetFileInfoW", [this](LPCWSTR what, DWORD attributes, SHFILEINFOW* info, UINT size, UINT flags) {
+            return Answer(what, attributes, info, size, flags);
+        }};
+};
+
+/// The list stands in a dialog, which passes its notifications on to it.
+class CmdListCtrlTest : public testing::Test {
+protected:
+    void SetUp() override {
+        const INITCOMMONCONTROLSEX classes{sizeof(classes), ICC_USEREX_CLASSES | ICC_LISTVIEW_CLASSES};
+        ASSERT_TRUE(InitCommonControlsEx(&classes));
+        ASSERT_TRUE(dialog_.Create(nullptr));
+        icons_ = ImageList_Create(16, 16, ILC_COLOR, 1, 1);
+        list_ = std::make_unique<CCmdListCtrl>();
+        ASSERT_TRUE(list_->Prepare(dialog_.Item(IDC_SOURCE_LIST), icons_));
+        messages_ = std::make_unique<test::WatchedMessages>(list_->Handle());
+    }
+
+    ~CmdListCtrlTest() override {
+        dialog_.DestroyWindow();
+        ImageList_Destroy(icons_);
+    }
+
+    void Append(const std::vector<std::wstring>& paths) {
+        base::TextList list;
+        for (const std::wstring& path : paths) {
+            list.Append(path);
+        }
+        list_->Append(std::move(list));
+    }
+
+    /// Tells the list that these items are about to be drawn.
+    void Hint(int first, int last) {
+        NMLVCACHEHINT hint{};
+        hint.hdr = {list_->Handle(), IDC_SOURCE_LIST, static_cast<UINT>(LVN_ODCACHEHINT)};
+        hint.iFrom = first;
+        hint.iTo = last;
+        SendMessageW(dialog_.Handle(), WM_NOTIFY, IDC_SOURCE_LIST, reinterpret_cast<LPARAM>(&hint));
+    }
+
+    /// Hints and waits until the icons of these items have been found.
+    void FindIcons(int first, int last) {
+        const std::size_t before = messages_->Count(kIconsReady);
+        Hint(first, last);
+        EXPECT_TRUE(test::PumpUntil([&] { return messages_->Count(kIconsReady) > before; }));
+    }
+
+    int IconOf(int index) const { return list_->Items().Icon(static_cast<std::size_t>(index)); }
+
+    framework::CDialog dialog_{IDD_FERRY};
+    HIMAGELIST icons_ = nullptr;
+    WatchedIcons shell_;
+    std::unique_ptr<CCmdListCtrl> list_;
+    std::unique_ptr<test::WatchedMessages> messages_;
+};
+
+TEST_F(CmdListCtrlTest, ShowsTheSystemsSmallIcons) {
+    EXPECT_EQ(SendMessageW(list_->Handle(), LVM_GETIMAGELIST, LVSIL_SMALL, 0),
+              reinterpret_cast<LRESULT>(icons_));
+}
+
+TEST_F(CmdListCtrlTest, AsksForTheOpenIconOfAPathOnADrive) {
+    Append({L"C:\\dir\\a.txt", L"D:\\b"});
+    FindIcons(0, 1);
+    EXPECT_EQ(shell_.Asked(),
+              (std::vector<AskedIcon>{{L"C:\\dir\\a.txt", 0, kByPath, true}, {L"D:\\b", 0, kByPath, true}}));
+    EXPECT_EQ(IconOf(0), 7);
+    EXPECT_EQ(IconOf(1), 7);
+}
+
+TEST_F(CmdListCtrlTest, AsksForAnItemOnANetworkByItsNameAndAttributesAlone) {
+    const std::map<std::wstring, DWORD> attributes = {
+        {L"\\\\server\\share\\dir", FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_HIDDEN},
+        {L"\\\\server\\share\\file.txt", FILE_ATTRIBUTE_READONLY},
+        {L"\\\\server\\share\\gone.txt", INVALID_FILE_ATTRIBUTES}};
+    const test::WatchedImport<&GetFileAttributesW> look("GetFileAttributesW",
+                                                        [&](LPCWSTR path) { return attributes.at(path); });
+    std::vector<std::wstring> paths;
+    for (const auto& [path, bits] : attributes) {
+        paths.push_back(path);
+    }
+    Append(paths);
+    FindIcons(0, 2);
+    EXPECT_EQ(shell_.Asked(), (std::vector<AskedIcon>{{L"dir", kFolderAttribute, kByName, true},
+                                                      {L"file.txt", kFileAttribute, kByName, true},
+                                                      {L"gone.txt", kFileAttribute, kByName, true}}));
+}
+
+TEST_F(CmdListCtrlTest, LooksAtANetworkPathOfAnyLength) {
+    const std::wstring below = L"server\\share\\" + std::wstring(300, L'n');
+    std::wstring asked;
+    const test::WatchedImport<&GetFileAttributesW> look("GetFileAttributesW", [&](LPCWSTR path) -> DWORD {
+        asked = path;
+        return FILE_ATTRIBUTE_NORMAL;
+    });
+    Append({L"\\\\" + below});
+    FindIcons(0, 0);
+    EXPECT_EQ(asked, L"\\\\?\\UNC\\" + below);
+}
+
+TEST_F(CmdListCtrlTest, AFailedQueryGivesTheFirstIconAndIsNotMadeAgain) {
+    shell_.Fails = true;
+    Append({L"C:\\a.txt"});
+    FindIcons(0, 0);
+    EXPECT_EQ(IconOf(0), 0);
+    Append({L"C:\\b.txt"});
+    FindIcons(0, 1);
+    EXPECT_EQ(shell_.Asked().size(), 2U);
+}
+
+TEST_F(CmdListCtrlTest, TellsItselfWhichIconsAreThereAndDrawsThemAgain) {
+    Append({L"C:\\a", L"C:\\b", L"C:\\c"});
+    FindIcons(1, 2);
+    ASSERT_EQ(messages_->Count(kIconsReady), 1U);
+    EXPECT_EQ(messages_->Of(kIconsReady)[0].wParam, 1U);
+    EXPECT_EQ(messages_->Of(kIconsReady)[0].lParam, 2);
+    ASSERT_EQ(messages_->Count(LVM_REDRAWITEMS), 1U);
+    EXPECT_EQ(messages_->Of(LVM_REDRAWITEMS)[0].wParam, 1U);
+    EXPECT_EQ(messages_->Of(LVM_REDRAWITEMS)[0].lParam, 2);
+    EXPECT_EQ(IconOf(0), ListItems::kNoIcon);
+}
+
+TEST_F(CmdListCtrlTest, StartsNoWorkerWhileNoIconIsMissing) {
+    // Every worker begins COM for itself.
+    const test::WatchedImport<&CoInitialize> workers("CoInitialize");
+    Append({L"C:\\a", L"C:\\b"});
+    FindIcons(0, 1);
+    EXPECT_EQ(workers.Calls().size(), 1U);
+    Hint(0, 1);
+    Hint(1, 1);
+    // The list waits for its workers when its window goes.
+    dialog_.DestroyWindow();
+    EXPECT_EQ(workers.Calls().size(), 1U);
+    EXPECT_EQ(shell_.Asked().size(), 2U);
+}
+
+TEST_F(CmdListCtrlTest, AWorkerHasComWhileItAsksAndEndsItItself) {
+    std::atomic<int> begun = 0;
+    std::atomic<int> ended = 0;
+    const test::WatchedImport<&CoInitialize> begin("CoInitialize", [&](LPVOID reserved) {
+        begun += shell_.Asked().empty() ? 1 : 0;
+        return begin.CallReal(reserved);
+    });
+    const test::WatchedImport<&CoUninitialize> end("CoUninitialize", [&] {
+        ended += shell_.Asked().size() == 1 ? 1 : 0;
+        end.CallReal();
+    });
+    Append({L"C:\\a"});
+    FindIcons(0, 0);
+    dialog_.DestroyWindow();
+    EXPECT_EQ(begun, 1);
+    EXPECT_EQ(ended, 1);
+}
+
+TEST_F(CmdListCtrlTest, ItemsThatTheListDoesNotHaveAreNotAskedFor) {
+    Append({L"C:\\a"});
+    FindIcons(0, 50);
+    EXPECT_EQ(shell_.Asked().size(), 1U);
+    Hint(7, 9);
+    dialog_.DestroyWindow();
+    EXPECT_EQ(shell_.Asked().size(), 1U);
+}
+
+TEST_F(CmdListCtrlTest, EmptiedItHasNeitherItemsNorIcons) {
+    Append({L"C:\\a", L"C:\\b"});
+    FindIcons(0, 1);
+    list_->Clear();
+    EXPECT_EQ(SendMessageW(list_->Handle(), LVM_GETITEMCOUNT, 0, 0), 0);
+    EXPECT_EQ(list_->Items().Size(), 0U);
+    Append({L"C:\\c"});
+    EXPECT_EQ(IconOf(0), ListItems::kNoIcon);
+}
+
+TEST(ListItemsTest, AreGuardedByASectionThatSpinsAWhile) {
+    const test::WatchedImport<&InitializeCriticalSectionAndSpinCount> make(
+        "InitializeCriticalSectionAndSpinCount");
+    const ListItems items;
+    EXPECT_EQ(std::get<1>(make.OnlyCall()), 4000U);
+}
+
+TEST(ListItemsTest, AreChangedUnderTheirLockOnly) {
+    ListItems items;
+    std::set<LPCRITICAL_SECTION> entered;
+    const test::WatchedImport<&EnterCriticalSection> enter("EnterCriticalSection",
+                                                           [&](LPCRITICAL_SECTION section) {
+                                                               entered.insert(section);
+                                                               enter.CallReal(section);
+                                                           });
+    LPCRITICAL_SECTION own = nullptr;
+    {
+        const std::lock_guard guard(items.Lock());
+        ASSERT_EQ(entered.size(), 1U);
+        own = *entered.begin();
+    }
+    entered.clear();
+    base::TextList list;
+    list.Append(L"C:\\a");
+    items.Append(std::move(list));
+    EXPECT_TRUE(entered.contains(own));
+    entered.clear();
+    items.Clear();
+    EXPECT_TRUE(entered.contains(own));
+}
+
+}  // namespace
+}  // namespace ferry::controls

@@ -1,0 +1,193 @@
+// The windows of an item-by-item run as the run uses them.
+#include "dialogs/run_windows.h"
+
+#include <windows.h>
+#include <gtest/gtest.h>
+// After windows.h, which it builds on.
+#include <commctrl.h>
+
+#include "ids.h"
+#include "windows/answered_boxes_win32.h"
+#include "windows/dialog_world_win32.h"
+#include "windows/modal_visitor_win32.h"
+#include "windows/support_win32.h"
+#include "windows/watched_import_win32.h"
+
+namespace ferry::dialogs {
+namespace {
+
+using Steps = std::vector<std::string>;
+
+class RunWindows : public testing::Test {
+protected:
+    RunWindows() {
+        world_.Messages.File = L"5953\tmoving\r\n5954\tcopying\r\n6269\tsame\r\n62535\tno rename\r\n";
+    }
+
+    /// A control of the confirmation dialog whose label captions the rename dialog.
+    void AddLabel(int id, const wchar_t* text) {
+        CreateWindowExW(0, L"Button", text, WS_CHILD | BS_RADIOBUTTON, 0, 0, 50, 10, confirmation_.Get(),
+                        reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr, nullptr);
+    }
+
+    test::DialogWorld world_;
+    test::TestWindow confirmation_{CreateWindowExW(0, L"Static", L"confirmation", WS_POPUP, 0, 0, 100, 100,
+                                                   nullptr, nullptr, nullptr, nullptr)};
+};
+
+TEST_F(RunWindows, NameTheOperationInTheirFirstLine) {
+    const std::pair<transfer::Operation, const wchar_t*> cases[] = {{transfer::Operation::Move, L"moving"},
+                                                                    {transfer::Operation::Copy, L"copying"}};
+    for (const auto& [operation, title] : cases) {
+        const ProgressWindow progress(world_.Services(), confirmation_.Get(), operation);
+        EXPECT_EQ(test::TextOfControl(progress.Window(), IDC_BUSY_TITLE), title);
+        EXPECT_EQ(test::TextOfControl(progress.Window(), IDC_BUSY_ITEM), L"");
+    }
+}
+
+TEST_F(RunWindows, BelongToTheConfirmationWhichIsDisabledMeanwhile) {
+    {
+        const ProgressWindow progress(world_.Services(), confirmation_.Get(), transfer::Operation::Copy);
+        EXPECT_EQ(GetWindow(progress.Window(), GW_OWNER), confirmation_.Get());
+        EXPECT_TRUE(IsWindowVisible(progress.Window()));
+        EXPECT_TRUE(test::IsShown(progress.Window(), IDCANCEL));
+        EXPECT_FALSE(IsWindowEnabled(confirmation_.Get()));
+    }
+    EXPECT_TRUE(IsWindowEnabled(confirmation_.Get()));
+}
+
+TEST_F(RunWindows, EnableTheConfirmationBeforeTheyGo) {
+    // Else the foreground would go to another program.
+    Steps steps;
+    const test::WatchedImport<&EnableWindow> enable("EnableWindow", [&](HWND window, BOOL on) {
+        if (window == confirmation_.Get())
+            steps.push_back(on ? "enable" : "disable");
+        return enable.CallReal(window, on);
+    });
+    HWND window = nullptr;
+    const test::WatchedImport<&DestroyWindow> destroy("DestroyWindow", [&](HWND gone) {
+        if (gone == window)
+            steps.push_back("destroy");
+        return destroy.CallReal(gone);
+    });
+    {
+        const ProgressWindow progress(world_.Services(), confirmation_.Get(), transfer::Operation::Copy);
+        window = progress.Window();
+    }
+    EXPECT_EQ(steps, (Steps{"disable", "enable", "destroy"}));
+}
+
+TEST_F(RunWindows, MoveTheBarAndShowTheNameOfEachItem) {
+    ProgressWindow progress(world_.Services(), confirmation_.Get(), transfer::Operation::Copy);
+    const HWND bar = GetDlgItem(progress.Window(), IDC_BUSY_BAR);
+    const auto shows = [&](LRESULT done, LRESULT count, const std::wstring& name) {
+        return test::WaitUntil([&] {
+            EXPECT_FALSE(progress.DrainAndTakeCancel());
+            return SendMessageW(bar, PBM_GETPOS, 0, 0) == done &&
+                   SendMessageW(bar, PBM_GETRANGE, FALSE, 0) == count &&
+                   test::TextOfControl(progress.Window(), IDC_BUSY_ITEM) == name;
+        });
+    };
+    progress.SetRange(3);
+    EXPECT_TRUE(shows(0, 3, L""));
+    progress.Step();
+    progress.ShowItem(L"a & b.txt");
+    EXPECT_TRUE(shows(1, 3, L"a & b.txt"));
+    progress.Step();
+    progress.ShowItem(L"c");
+    EXPECT_TRUE(shows(2, 3, L"c"));
+    progress.SetRange(2);
+    EXPECT_TRUE(shows(0, 2, L"c"));
+}
+
+TEST_F(RunWindows, ACancelIsTakenOnce) {
+    ProgressWindow progress(world_.Services(), confirmation_.Get(), transfer::Operation::Copy);
+    EXPECT_FALSE(progress.DrainAndTakeCancel());
+    PostMessageW(GetDlgItem(progress.Window(), IDCANCEL), BM_CLICK, 0, 0);
+    EXPECT_TRUE(progress.DrainAndTakeCancel());
+    EXPECT_FALSE(progress.DrainAndTakeCancel());
+}
+
+TEST_F(RunWindows, AKeyReachesTheProgressWindowAsADialog) {
+    ProgressWindow progress(world_.Services(), confirmation_.Get(), transfer::Operation::Copy);
+    PostMessageW(GetDlgItem(progress.Window(), IDCANCEL), WM_KEYDOWN, VK_ESCAPE, 1);
+    EXPECT_TRUE(progress.DrainAndTakeCancel());
+}
+
+TEST_F(RunWindows, TheEndOfTheThreadStopsTheRunAndIsPassedOn) {
+    ProgressWindow progress(world_.Services(), confirmation_.Get(), transfer::Operation::Copy);
+    PostQuitMessage(7);
+    EXPECT_TRUE(progress.DrainAndTakeCancel());
+    MSG message{};
+    EXPECT_FALSE(GetMessageW(&message, nullptr, 0, 0));
+    EXPECT_EQ(message.wParam, 7U);
+}
+
+class RunQuestions : public RunWindows {
+protected:
+    ProgressWindow progress_{world_.Services(), confirmation_.Get(), transfer::Operation::Copy};
+    QuestionWindows questions_{world_.Services(), progress_, confirmation_.Get()};
+};
+
+TEST_F(RunQuestions, ErrorsAreShownAsErrors) {
+    constexpr UINT kErrorIcon = 16;
+    for (const auto& [number, text] :
+         {std::pair{std::uint16_t{6269}, L"same"}, std::pair{std::uint16_t{62535}, L"no rename"}}) {
+        const test::AnsweredBoxes boxes;
+        questions_.ShowError(number);
+        EXPECT_EQ(boxes.Only().Text, text);
+        EXPECT_EQ(boxes.Only().Icon(), kErrorIcon);
+        EXPECT_EQ(boxes.Only().Buttons(), UINT{MB_OK});
+    }
+}
+
+TEST_F(RunQuestions, TheRenameDialogHasThePolicysLabelWithoutAnyAmpersandForItsCaption) {
+    AddLabel(IDC_POLICY_RENAME_INCOMING, L"&rename && in&coming(&R)");
+    AddLabel(IDC_POLICY_RENAME_EXISTING, L"rename existing(&B)&");
+    const std::pair<transfer::RenameKind, const wchar_t*> cases[] = {
+        {transfer::RenameKind::Incoming, L"rename  incoming(R)"},
+        {transfer::RenameKind::Existing, L"rename existing(B)"}};
+    for (const auto& [kind, caption] : cases) {
+        std::wstring title;
+        const test::ModalVisitor visitor(progress_.Window(), [&](HWND dialog) {
+            title = test::TextOfWindow(dialog);
+            SetDlgItemTextW(dialog, IDC_NEW_NAME, L"typed");
+            PostMessageW(dialog, WM_COMMAND, IDOK, 0);
+        });
+        const transfer::NameAnswer answer = questions_.AskNewName(kind, L"C:\\dir\\a.txt");
+        EXPECT_TRUE(visitor.HasVisited());
+        EXPECT_EQ(title, caption);
+        EXPECT_EQ(answer.EndCode, transfer::kEndOk);
+        EXPECT_EQ(answer.Name, L"typed");
+    }
+}
+
+TEST_F(RunQuestions, ACancelledNameIsNone) {
+    const test::ModalVisitor visitor(progress_.Window(),
+                                     [](HWND dialog) { PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0); });
+    const transfer::NameAnswer answer =
+        questions_.AskNewName(transfer::RenameKind::Incoming, L"C:\\dir\\a.txt");
+    EXPECT_EQ(answer.EndCode, transfer::kEndCancel);
+    EXPECT_EQ(answer.Name, L"");
+}
+
+TEST_F(RunQuestions, TheCollisionDialogGivesItsButtonAndItsChoice) {
+    for (const int button :
+         {transfer::kEndOk, transfer::kEndCancel, transfer::kEndForAll, transfer::kEndStopAll}) {
+        std::wstring name;
+        const test::ModalVisitor visitor(progress_.Window(), [&](HWND dialog) {
+            name = test::TextOfControl(dialog, IDC_ITEM_NAME);
+            test::Click(dialog, IDC_CHOICE_FIRST + 4);
+            PostMessageW(dialog, WM_COMMAND, static_cast<WPARAM>(button), 0);
+        });
+        const transfer::CollisionAnswer answer = questions_.AskCollision(L"a & b.txt");
+        EXPECT_EQ(name, L"a & b.txt");
+        EXPECT_EQ(answer.EndCode, button);
+        if (button == transfer::kEndOk || button == transfer::kEndForAll) {
+            EXPECT_EQ(answer.Policy, 4U);
+        }
+    }
+}
+
+}  // namespace
+}  // namespace ferry::dialogs
