@@ -1,5 +1,7 @@
 #include "installed_ferry_win32.h"
 
+#include <cstdio>
+
 #include "e2e/driver/surroundings.h"
 #include "samplehost/host_block_writer.h"
 
@@ -17,6 +19,17 @@ bool HandOver::Prepare(std::wstring_view blockUnits) {
     variable.BlockSize = std::to_wstring(bytes.size());
     e2e::SetVariable(samplehost::kVariableName, VariableText(variable));
     return block_.Create(variable, bytes, static_cast<std::uint32_t>(bytes.size()), false);
+}
+
+bool HasEndedWell(const e2e::ChildProcess& process, int timeoutMs) {
+    if (!process.WaitForEnd(timeoutMs)) {
+        std::fprintf(stderr, "the program did not end within %d ms\n", timeoutMs);
+        return false;
+    }
+    const DWORD code = process.ExitCode();
+    if (code != 0)
+        std::fprintf(stderr, "the program ended with 0x%lx\n", code);
+    return code == 0;
 }
 
 }  // namespace ferry::bench

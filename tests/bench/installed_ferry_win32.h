@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "e2e/driver/child_process.h"
+#include "e2e/driver/poll.h"
 #include "samplehost/shared_block_win32.h"
 
 namespace ferry::bench {
@@ -23,5 +25,9 @@ public:
 private:
     samplehost::SharedBlock block_;
 };
+
+/// Waits until the program has ended. False when it does not, or not with 0, with a remark on the standard
+/// error.
+bool HasEndedWell(const e2e::ChildProcess& process, int timeoutMs = e2e::kPatienceMs);
 
 }  // namespace ferry::bench
