@@ -1,7 +1,7 @@
-// How long a batch of 2,000 sources takes, against the same calls of the shell written by hand.
+// How long a batch of 500 sources takes, against the same calls of the shell written by hand.
 //
 // Needs the file-operation service of the tests. Prints one line of JSON per comparison and ends
-// with 1 when a goal is missed.
+// with 1 when one could not be measured.
 #include <windows.h>
 // After windows.h, which the shell's headers build on.
 #include <shobjidl.h>
@@ -15,10 +15,9 @@
 
 #include "base/com_ptr_win32.h"
 #include "base/text_list.h"
+#include "bench_ground_win32.h"
 #include "comparison.h"
-#include "e2e/driver/contents.h"
 #include "e2e/driver/surroundings.h"
-#include "e2e/driver/temp_tree.h"
 #include "fileop/results.h"
 #include "transfer/batch_run.h"
 #include "transfer/shell_operations_win32.h"
@@ -27,10 +26,9 @@ namespace {
 
 using ferry::base::ComPtr;
 using ferry::base::TextList;
-using ferry::bench::Comparison;
-using ferry::e2e::TempTree;
+using ferry::bench::TreeSum;
 
-constexpr std::size_t kSourceCount = 2000;
+constexpr const ferry::bench::TreeShape& kSources = ferry::bench::kBatchTree;
 constexpr double kGoal = 1.05;
 
 /// What of a batch is timed. The copying itself is the same for both sides and takes nearly all of
@@ -39,14 +37,13 @@ constexpr double kGoal = 1.05;
 struct Stage {
     const char* Name;
     const wchar_t* Faults;  ///< The service's plan of faults.
-    int Rounds;
-    std::int32_t Result;  ///< What performing the operation has to answer.
-    std::size_t Copied;   ///< How many files it has to leave in the destination.
+    std::int32_t Result;    ///< What performing the operation has to answer.
+    TreeSum Copied;         ///< What it has to leave in the destination.
 };
 
-constexpr Stage kStages[] = {
-    {"queue 2000 sources, against bare shell calls", L"abort@*", 8, ferry::fileop::kCancelled, 0},
-    {"batch of 2000 sources, against bare shell calls", L"", 3, S_OK, kSourceCount},
+const Stage kStages[] = {
+    {"queue 500 sources, against bare shell calls", L"abort@*", ferry::fileop::kCancelled, {}},
+    {"batch of 500 sources, against bare shell calls", L"", S_OK, SumOf(kSources)},
 };
 
 /// The calls that any program makes for a batch: one operation, two shell items per source.
@@ -80,53 +77,57 @@ std::int32_t CopyByFerry(const TextList& sources, const std::wstring& destinatio
 class BatchRace {
 public:
     BatchRace() {
-        for (std::size_t i = 0; i < kSourceCount; ++i) {
-            plain_.push_back(tree_.WriteFile(L"source\\file " + std::to_wstring(i) + L".txt", "bench"));
-            list_.Append(plain_.back());
+        const std::wstring top = ground_.Tree(kSources);
+        for (std::size_t folder = 0; folder < kSources.Folders; ++folder) {
+            for (std::size_t file = 0; file < kSources.FilesInFolder; ++file) {
+                plain_.push_back(top + L'\\' + FilePath(kSources, folder, file));
+                list_.Append(plain_.back());
+            }
         }
     }
 
-    /// Measures one stage and reports it. False when the goal is missed or a batch went wrong.
+    /// Measures one stage. False when a batch went wrong.
     bool Run(const Stage& stage) {
         ferry::e2e::SetVariable(L"FERRY_FILEOP_FAULTS", stage.Faults);
-        Comparison comparison{stage.Name, kGoal, {}, {}};
-        return Race(
-                   comparison, {0, stage.Rounds}, [&] { return Time(stage, true); },
-                   [&] { return Time(stage, false); }) &&
-               Report(comparison);
+        return ferry::bench::Compare({[&] { return Time(stage, true); }, [&] { return Time(stage, false); }},
+                                     {{stage.Name, 0, 1, kGoal}}, {.WarmUpRounds = 0});
     }
 
 private:
     /// Nothing when the batch went wrong.
-    std::optional<double> Time(const Stage& stage, bool byFerry) const {
-        const std::wstring folder = tree_.MakeFolder(L"target") + L"\\";
+    std::optional<double> Time(const Stage& stage, bool byFerry) {
+        const std::wstring folder = ground_.NewFolder();
         std::int32_t result = 0;
         const double spent = ferry::bench::MillisecondsOf([&] {
             result =
                 byFerry ? CopyByFerry(list_, folder) : static_cast<std::int32_t>(CopyByHand(plain_, folder));
         });
-        const std::size_t copied = ferry::e2e::FilesBelow(tree_.Path(L"target")).size();
-        ferry::e2e::RemoveAll(tree_.Path(L"target"));
+        const TreeSum copied = ferry::bench::SumBelow(folder);
         if (result == stage.Result && copied == stage.Copied)
             return spent;
-        std::fprintf(stderr, "%s: %s answered 0x%lx and left %zu files\n", stage.Name,
-                     byFerry ? "the program" : "the bare calls", static_cast<unsigned long>(result), copied);
+        std::fprintf(stderr, "%s: %s answered 0x%lx and left %zu files of %llu bytes\n", stage.Name,
+                     byFerry ? "the program" : "the bare calls", static_cast<unsigned long>(result),
+                     copied.Files, static_cast<unsigned long long>(copied.Bytes));
         return std::nullopt;
     }
 
-    TempTree tree_;
+    ferry::bench::BenchGround ground_;
     std::vector<std::wstring> plain_;
     TextList list_;
 };
 
+bool MeasureStages() {
+    const ferry::base::ComApartment apartment;
+    BatchRace race;
+    bool isMeasured = true;
+    for (const Stage& stage : kStages) {
+        isMeasured = race.Run(stage) && isMeasured;
+    }
+    return isMeasured;
+}
+
 }  // namespace
 
 int main() {
-    const ferry::base::ComApartment apartment;
-    BatchRace race;
-    bool isGood = true;
-    for (const Stage& stage : kStages) {
-        isGood = race.Run(stage) && isGood;
-    }
-    return isGood ? 0 : 1;
+    return ferry::bench::ResultOf(MeasureStages);
 }

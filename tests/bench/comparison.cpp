@@ -1,41 +1,50 @@
 #include "comparison.h"
 
-#include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <exception>
+#include <optional>
 #include <utility>
+
+#include "this_machine.h"
 
 namespace ferry::bench {
 namespace {
 
-/// The middle of the sorted figures; of two middles the greater one.
-double Median(const std::vector<double>& sorted) {
-    return sorted[sorted.size() / 2];
+// Some benchmarks run on both hosts, and each line of a result has a name of its own.
+#ifdef _WIN32
+constexpr char kHost[] = "Windows";
+#else
+constexpr char kHost[] = "native";
+#endif
+
+void PrintGoal(const std::optional<double>& goal, double ratio) {
+    if (goal)
+        std::printf("\"goal\":%.2f,\"met\":%s", *goal, ratio <= *goal ? "true" : "false");
+    else
+        std::printf("\"goal\":null,\"met\":null");
 }
 
-/// Prints one line of JSON; whether its goal is met.
-bool Print(const Comparison& comparison, bool hasGoal) {
-    std::vector<double> ferry = comparison.Ferry;
-    std::vector<double> reference = comparison.Reference;
-    if (ferry.empty() || reference.empty()) {
-        std::fprintf(stderr, "%s: nothing was measured\n", comparison.Name.c_str());
-        return false;
-    }
-    std::ranges::sort(ferry);
-    std::ranges::sort(reference);
-    const double ratio = Median(ferry) / Median(reference);
-    const bool met = ratio <= comparison.Goal;
-    std::printf(R"({"name":"%s","ferry":%.2f,"reference":%.2f,"unit":"%s","ratio":%.3f,)",
-                comparison.Name.c_str(), Median(ferry), Median(reference), comparison.Unit.c_str(), ratio);
-    if (hasGoal)
-        std::printf("\"goal\":%.2f,\"met\":%s}\n", comparison.Goal, met ? "true" : "false");
-    else
-        std::printf("\"goal\":null,\"met\":null}\n");
+void Print(const Row& row, const Outcome& outcome) {
+    std::printf("{\"name\":\"%s (%s)\",\"ferry\":%.2f,\"reference\":%.2f,\"unit\":\"%s\",\"ratio\":%.3f,",
+                row.Name.c_str(), kHost, outcome.Ferry, outcome.Reference, row.Unit.c_str(), outcome.Ratio);
+    PrintGoal(row.Goal, outcome.Ratio);
+    std::printf(",\"rounds\":%zu,\"repeated\":%zu,\"spread\":%.3f,\"settled\":%s,\"seconds\":%.1f}\n",
+                outcome.Rounds, outcome.Repeated, outcome.Spread, outcome.IsSettled ? "true" : "false",
+                outcome.Seconds);
     std::fflush(stdout);
-    std::fprintf(stderr, "%s: %zu rounds, ferry %.2f to %.2f, reference %.2f to %.2f %s\n",
-                 comparison.Name.c_str(), ferry.size(), ferry.front(), ferry.back(), reference.front(),
-                 reference.back(), comparison.Unit.c_str());
-    return met;
+}
+
+/// What came of the race; nothing when a side went wrong, also by an exception.
+std::vector<Outcome> TryRace(const std::vector<Side>& sides, const std::vector<Row>& rows,
+                             const Limits& limits) {
+    static ThisMachine machine;
+    try {
+        return RunRace(machine, sides, rows, limits);
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "%s\n", error.what());
+        return {};
+    }
 }
 
 }  // namespace
@@ -58,27 +67,32 @@ Side Counting(std::size_t expected, std::function<std::size_t()> work) {
     };
 }
 
-bool Race(Comparison& comparison, const Rounds& rounds, const Side& ferry, const Side& reference) {
-    for (int round = 0; round < rounds.WarmUp + rounds.Counted; ++round) {
-        const bool isFerryFirst = round % 2 == 0;
-        const auto first = isFerryFirst ? ferry() : reference();
-        const auto second = first ? (isFerryFirst ? reference() : ferry()) : std::nullopt;
-        if (!second)
-            return false;
-        if (round >= rounds.WarmUp) {
-            comparison.Ferry.push_back(isFerryFirst ? *first : *second);
-            comparison.Reference.push_back(isFerryFirst ? *second : *first);
-        }
+bool Compare(const std::vector<Side>& sides, const std::vector<Row>& rows, const Limits& limits) {
+    const auto outcomes = TryRace(sides, rows, limits);
+    for (std::size_t index = 0; index < rows.size(); ++index) {
+        if (outcomes.empty())
+            std::fprintf(stderr, "could not measure: %s (%s)\n", rows[index].Name.c_str(), kHost);
+        else
+            Print(rows[index], outcomes[index]);
     }
-    return true;
+    return !outcomes.empty();
 }
 
-bool Report(const Comparison& comparison) {
-    return Print(comparison, true);
+void ReportExact(const std::string& name, double goal, const std::string& unit, double ferry,
+                 double reference) {
+    Outcome outcome{ferry, reference, ferry / reference};
+    outcome.Rounds = 1;
+    outcome.IsSettled = true;
+    Print({name, 0, 0, goal, unit}, outcome);
 }
 
-void ReportAside(const Comparison& comparison) {
-    Print(comparison, false);
+int ResultOf(const std::function<bool()>& measure) {
+    try {
+        return measure() ? 0 : 1;
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "could not measure: %s\n", error.what());
+        return 1;
+    }
 }
 
 }  // namespace ferry::bench

@@ -3,29 +3,12 @@
 
 #include <cstddef>
 #include <functional>
-#include <optional>
 #include <string>
 #include <vector>
 
+#include "race.h"
+
 namespace ferry::bench {
-
-/// What was measured of both sides of one comparison, in `Unit`.
-struct Comparison {
-    std::string Name;
-    double Goal = 1.0;  ///< The largest ratio of the medians that is good enough.
-    std::vector<double> Ferry;
-    std::vector<double> Reference;
-    std::string Unit = "ms";
-};
-
-/// How often the sides take turns.
-struct Rounds {
-    int WarmUp;  ///< So often first, without being measured.
-    int Counted;
-};
-
-/// One side of a comparison does its work once. What was measured, or nothing when it went wrong.
-using Side = std::function<std::optional<double>()>;
 
 /// How long `work` takes, in milliseconds.
 double MillisecondsOf(const std::function<void()>& work);
@@ -34,16 +17,17 @@ double MillisecondsOf(const std::function<void()>& work);
 /// and a remark on the standard error says so.
 Side Counting(std::size_t expected, std::function<std::size_t()> work);
 
-/// Measures both sides by turns into `comparison`. Whoever comes second finds warmer caches, so both
-/// are second equally often. False as soon as a side went wrong.
-bool Race(Comparison& comparison, const Rounds& rounds, const Side& ferry, const Side& reference);
+/// Runs the race on this machine and prints each row as one line of JSON on the standard output, its name
+/// followed by the host. When a side went wrong no line appears; the standard error names the rows.
+/// Whether all was measured, be the goals met or not.
+bool Compare(const std::vector<Side>& sides, const std::vector<Row>& rows, const Limits& limits = {});
 
-/// Prints the medians and their ratio as one line of JSON on the standard output, and the smallest
-/// and largest figures as a remark on the standard error. Whether the goal is met; a side without
-/// figures never meets it.
-bool Report(const Comparison& comparison);
+/// Prints a row whose figures are the same each time, so that one round says all.
+void ReportExact(const std::string& name, double goal, const std::string& unit, double ferry,
+                 double reference);
 
-/// Prints the medians and their ratio in the same form, without a goal: a remark for orientation.
-void ReportAside(const Comparison& comparison);
+/// The result of the program: 0 when `measure` says that all was measured, else 1, also when it throws,
+/// with a remark on the standard error.
+int ResultOf(const std::function<bool()>& measure);
 
 }  // namespace ferry::bench

@@ -1,7 +1,7 @@
 // How long completion takes in a folder of 100,000 entries, against a bare search with the same cap and
 // a sort; and how long a person waits from the key to the list.
 //
-// Prints one line of JSON and ends with 1 when the goal is missed; the time to the list is a remark.
+// Prints one line of JSON and ends with 1 when it could not be measured; the time to the list is a remark.
 #include <windows.h>
 #include <commctrl.h>
 
@@ -13,45 +13,21 @@
 #include <vector>
 
 #include "base/handles_win32.h"
+#include "bench_ground_win32.h"
 #include "comparison.h"
 #include "completion/candidates.h"
 #include "completion/folder_lookup_win32.h"
 #include "controls/complement_combo_box.h"
-#include "e2e/driver/surroundings.h"
-#include "e2e/driver/temp_tree.h"
 
 namespace {
 
-using ferry::e2e::TempTree;
+using ferry::bench::BenchGround;
 using Paths = std::vector<std::wstring>;
 
-constexpr std::size_t kEntries = 100'000;
-/// One entry of so many is a folder, so the cap is met on the way.
-constexpr std::size_t kFolderEvery = 15;
+// The folder holds more folders than that, so that the cap is met on the way.
 constexpr std::size_t kCap = 5000;
-constexpr ferry::bench::Rounds kRounds{2, 21};
+constexpr int kListsOpened = 5;
 constexpr double kGoal = 1.3;
-
-bool MakeEntry(const std::wstring& path, bool isFolder) {
-    if (isFolder)
-        return CreateDirectoryW(path.c_str(), nullptr) != FALSE;
-    return static_cast<bool>(ferry::base::FileHandle(
-        CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr)));
-}
-
-/// The folder with a backslash at its end; empty when an entry could not be made. FERRY_BENCH_FOLDER
-/// names one that somebody has filled already: Wine reads the whole folder for each new name, so that
-/// filling it from here takes an hour there.
-std::wstring MakeEntries(const TempTree& tree) {
-    if (const std::wstring filled = ferry::e2e::Variable(L"FERRY_BENCH_FOLDER"); !filled.empty())
-        return filled + L"\\";
-    std::wstring folder = tree.MakeFolder(L"many") + L"\\";
-    for (std::size_t entry = 0; entry < kEntries; ++entry) {
-        if (!MakeEntry(folder + L"Some entry " + std::to_wstring(entry), entry % kFolderEvery == 0))
-            return {};
-    }
-    return folder;
-}
 
 /// What a program would write that wants the sorted list and nothing else.
 std::size_t FindByHand(const std::wstring& folder) {
@@ -82,10 +58,9 @@ std::size_t FindByFerry(const std::wstring& folder) {
 /// Both searches end at the cap.
 bool CompareSearches(const std::wstring& folder) {
     using ferry::bench::Counting;
-    ferry::bench::Comparison comparison{"complete in 100000 entries, against a bare search", kGoal, {}, {}};
-    return Race(comparison, kRounds, Counting(kCap + 1, [&] { return FindByFerry(folder); }),
-                Counting(kCap + 1, [&] { return FindByHand(folder); })) &&
-           Report(comparison);
+    return ferry::bench::Compare({Counting(kCap + 1, [&] { return FindByFerry(folder); }),
+                                  Counting(kCap + 1, [&] { return FindByHand(folder); })},
+                                 {{"complete in 100000 entries, against a bare search", 0, 1, kGoal}});
 }
 
 /// No text is asked for.
@@ -111,7 +86,7 @@ bool TellTimeToList(const std::wstring& folder) {
     box.Prepare(control);
     box.SetFoldersOnly(true);
     std::vector<double> times;
-    for (int round = 0; round < kRounds.Counted; ++round) {
+    for (int round = 0; round < kListsOpened; ++round) {
         box.ReplaceText(folder);
         MSG key{};
         key.hwnd = box.Edit();
@@ -128,19 +103,18 @@ bool TellTimeToList(const std::wstring& folder) {
     return true;
 }
 
+bool MeasureCompletion() {
+    const BenchGround ground;
+    const std::wstring folder = ground.CrowdedFolder() + L"\\";
+    const bool isMeasured = CompareSearches(folder);
+    const bool hasOpened = TellTimeToList(folder);
+    if (!hasOpened)
+        std::fprintf(stderr, "could not measure: the list did not open\n");
+    return isMeasured && hasOpened;
+}
+
 }  // namespace
 
 int main() {
-    const TempTree tree;
-    const std::wstring folder = MakeEntries(tree);
-    if (folder.empty()) {
-        std::fprintf(stderr, "the folder could not be filled\n");
-        return 1;
-    }
-    const bool isMet = CompareSearches(folder);
-    if (!TellTimeToList(folder)) {
-        std::fprintf(stderr, "the list did not open\n");
-        return 1;
-    }
-    return isMet ? 0 : 1;
+    return ferry::bench::ResultOf(MeasureCompletion);
 }

@@ -1,14 +1,12 @@
-// How long an individual run of 10,000 files takes, from the press on "start" to the end of the
+// How long an individual run of 1000 files takes, from the press on "start" to the end of the
 // program, against the same calls of the system without dialogs; other copying programs beside it.
 //
 // Needs the file-operation service of the tests. FERRY_E2E_APP names the installed layout; without
-// it, the layout "app" beside the build tree is taken. Ends with 1 when a goal is missed. An
-// argument gives another number of rounds than three.
+// it, the layout "app" beside the build tree is taken. Prints one line of JSON per comparison and
+// ends with 1 when one could not be measured.
 #include <windows.h>
 
-#include <cstddef>
 #include <cstdio>
-#include <cstdlib>
 #include <functional>
 #include <optional>
 #include <string>
@@ -18,13 +16,12 @@
 #include "bare_run_win32.h"
 #include "base/com_ptr_win32.h"
 #include "base/handles_win32.h"
+#include "bench_ground_win32.h"
 #include "comparison.h"
 #include "e2e/driver/child_process.h"
-#include "e2e/driver/contents.h"
 #include "e2e/driver/poll.h"
 #include "e2e/driver/remote_dialog.h"
 #include "e2e/driver/settings_guard.h"
-#include "e2e/driver/surroundings.h"
 #include "e2e/driver/temp_tree.h"
 #include "installed_ferry_win32.h"
 #include "samplehost/delivery_win32.h"
@@ -34,31 +31,10 @@ namespace {
 
 using namespace ferry;
 
-constexpr std::size_t kFolders = 500;
-constexpr std::size_t kFilesInFolder = 20;
-constexpr std::size_t kFiles = kFolders * kFilesInFolder;
-constexpr std::size_t kFileSize = 4096;
-constexpr int kUsualRounds = 3;
+constexpr bench::Limits kLimits{.MostSeconds = 60, .WarmUpRounds = 0};
 constexpr double kGoal = 1.10;
-constexpr int kRunPatienceMs = 600'000;
-constexpr int kOtherPatienceMs = 120'000;
-
-/// Makes 500 folders of 20 files below `top`.
-bool MakeFiles(const e2e::TempTree& tree, const std::wstring& top) {
-    const std::string content(kFileSize, '#');
-    for (std::size_t folder = 0; folder < kFolders; ++folder) {
-        const std::wstring path = tree.MakeFolder(top + L"\\folder " + std::to_wstring(folder));
-        for (std::size_t file = 0; file < kFilesInFolder; ++file) {
-            const std::wstring name = path + L"\\some document " + std::to_wstring(file) + L".txt";
-            const base::FileHandle made(
-                CreateFileW(name.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr));
-            DWORD written = 0;
-            if (!made || !WriteFile(made.Get(), content.data(), kFileSize, &written, nullptr))
-                return false;
-        }
-    }
-    return true;
-}
+constexpr int kRunPatienceMs = 120'000;
+constexpr int kOtherPatienceMs = 60'000;
 
 /// Milliseconds from the press on "start" to the end of Ferry; nothing when it went wrong.
 std::optional<double> TimeFerry(const std::wstring& source, const std::wstring& destination, bool moves) {
@@ -74,16 +50,16 @@ std::optional<double> TimeFerry(const std::wstring& source, const std::wstring& 
     e2e::WaitForIdleProcess(ferry.Id(), e2e::kPatienceMs);
     const e2e::RemoteDialog dialog(window);
     dialog.SetDestination(destination);
-    bool hasEnded = false;
+    e2e::Ending ending;
     const double spent = bench::MillisecondsOf([&] {
         dialog.Click(e2e::kStart);
-        hasEnded = ferry.WaitForEnd(kRunPatienceMs);
+        ending = ferry.WaitForEnd(kRunPatienceMs);
     });
-    return hasEnded ? std::optional(spent) : std::nullopt;
+    return bench::IsGood(ending) ? std::optional(spent) : std::nullopt;
 }
 
 /// Milliseconds of another program, started by its command line with nobody at its input; nothing
-/// when the system has none like it or it does not end well.
+/// when it does not end well or `isDone` does not follow.
 std::optional<double> TimeProgram(std::wstring line, const std::function<bool()>& isDone) {
     SECURITY_ATTRIBUTES inherited{sizeof(inherited), nullptr, TRUE};
     const base::FileHandle nowhere(CreateFileW(L"NUL", GENERIC_READ | GENERIC_WRITE,
@@ -105,9 +81,12 @@ std::optional<double> TimeProgram(std::wstring line, const std::function<bool()>
     const base::ProcessHandle process(info.hProcess);
     if (!process)
         return std::nullopt;
+    DWORD code = 0;
     if (!hasEnded)
         TerminateProcess(process.Get(), 1);
-    return hasEnded ? std::optional(spent) : std::nullopt;
+    else
+        GetExitCodeProcess(process.Get(), &code);
+    return hasEnded && code == 0 ? std::optional(spent) : std::nullopt;
 }
 
 /// `path` as the system below Wine calls it; empty elsewhere.
@@ -120,117 +99,108 @@ std::wstring UnixPath(const std::wstring& path) {
         return {};
     const std::string name(text);
     HeapFree(GetProcessHeap(), 0, text);
-    return {name.begin(), name.end()};  // the test's own folder has an ASCII path
+    return std::wstring(name.begin(), name.end());  // the test's own folder has an ASCII path
 }
 
-class Race {
+class TransferBench {
 public:
-    explicit Race(int rounds) : rounds_(rounds) {}
-
-    bool Prepare() {
+    TransferBench() {
         e2e::WriteNumber(e2e::kProgramKey, L"Mode", 1);
         e2e::WriteNumber(e2e::kProgramKey, L"Name", 3);
-        return MakeFiles(tree_, L"from\\top");
     }
 
-    bool CopyRace() {
-        bench::Comparison comparison{"individual copy of 10000 files, against bare calls", kGoal, {}, {}};
-        const auto copy = [&](bool byFerry) {
-            const auto spent = Transfer(Source(), L"to", false, byFerry, comparison.Name);
-            e2e::RemoveAll(tree_.Path(L"to"));
-            return spent;
+    bool MeasureCopies() {
+        const std::wstring source = ground_.Tree(bench::kCopyTree);
+        std::vector<bench::Side> sides = {
+            [=, this] {
+                return Checked(bench::kCopyTree,
+                               [&](const auto& to) { return TimeFerry(source, to, false); });
+            },
+            [=, this] {
+                return Checked(bench::kCopyTree,
+                               [&](const auto& to) { return TimeByHand(source, to, false); });
+            },
+            [=, this] {
+                return Checked(bench::kCopyTree, [&](const auto& to) { return TimeXcopy(source, to); });
+            },
         };
-        if (!RaceIn(comparison, copy))
-            return false;
-        ferryCopies_ = comparison.Ferry;
-        return bench::Report(comparison);
-    }
-
-    /// The tree goes to and fro, and each side takes it in both directions.
-    bool MoveRace() {
-        bench::Comparison comparison{"individual move of 10000 files, against bare calls", kGoal, {}, {}};
-        std::wstring from = L"from";
-        std::wstring to = L"to";
-        const auto move = [&](bool byFerry) -> std::optional<double> {
-            const std::wstring source = tree_.Path(from + L"\\top");
-            const auto spent = Transfer(source, to, true, byFerry, comparison.Name);
-            std::swap(from, to);
-            return e2e::Exists(source) ? std::nullopt : spent;
+        std::vector<bench::Row> rows = {
+            {"individual copy of 1000 files, against bare calls", 0, 1, kGoal},
+            {"individual copy of 1000 files, beside xcopy", 0, 2, std::nullopt},
         };
-        return RaceIn(comparison, move) && bench::Report(comparison);
+        if (!UnixPath(source).empty()) {
+            sides.emplace_back([=, this] {
+                return Checked(bench::kCopyTree, [&](const auto& to) { return TimeCp(source, to); });
+            });
+            rows.push_back({"individual copy of 1000 files, beside cp -r", 0, 3, std::nullopt});
+        }
+        return bench::Compare(sides, rows, kLimits);
     }
 
-    void CompareWithOthers() {
-        const std::wstring target = tree_.MakeFolder(L"to\\top");
-        // None of the paths has a blank, so nothing needs quotes, which some versions misread.
-        Tell("individual copy of 10000 files, beside xcopy",
-             TimeProgram(L"xcopy.exe " + Source() + L" " + target + L" /E /I /Q /Y", [] { return true; }));
-        const std::wstring from = UnixPath(Source());
-        const std::wstring to = UnixPath(tree_.MakeFolder(L"to"));
-        if (from.empty())
-            return;
-        const std::wstring done = tree_.Path(L"done");
-        const std::wstring script =
-            L"cp -r '" + from + L"' '" + to + L"' && touch '" + UnixPath(tree_.Root()) + L"/done'";
-        Tell("individual copy of 10000 files, beside cp -r",
-             TimeProgram(L"start.exe /unix /bin/sh -c \"" + script + L"\"",
-                         [&] { return e2e::Exists(done); }));
+    /// The tree goes from folder to folder.
+    bool MeasureMoves() {
+        std::wstring place = ground_.Tree(bench::kMoveTree);
+        const auto move = [&](bool byFerry) {
+            return Checked(bench::kMoveTree, [&](const std::wstring& to) -> std::optional<double> {
+                const std::wstring source = std::exchange(place, to + bench::TreeName(bench::kMoveTree));
+                const auto spent = byFerry ? TimeFerry(source, to, true) : TimeByHand(source, to, true);
+                return e2e::Exists(source) ? std::nullopt : spent;
+            });
+        };
+        return bench::Compare({[&] { return move(true); }, [&] { return move(false); }},
+                              {{"individual move of 1000 files, against bare calls", 0, 1, kGoal}}, kLimits);
     }
 
 private:
-    std::wstring Source() const { return tree_.Path(L"from\\top"); }
-
-    void Tell(const char* name, const std::optional<double>& spent) {
-        const bool isWhole = e2e::FilesBelow(tree_.Path(L"to")).size() == kFiles;
-        e2e::RemoveAll(tree_.Path(L"to"));
-        if (spent && isWhole)
-            bench::ReportAside({name, 1.0, ferryCopies_, {*spent}});
-        else
-            std::fprintf(stderr, "%s: there is no such program, or it did not copy all\n", name);
+    /// What `transfer` into a new folder measures; nothing when not all arrived.
+    std::optional<double> Checked(
+        const bench::TreeShape& shape,
+        const std::function<std::optional<double>(const std::wstring& destination)>& transfer) {
+        const std::wstring destination = ground_.NewFolder();
+        const auto spent = transfer(destination);
+        const bench::TreeSum arrived = bench::SumBelow(destination + bench::TreeName(shape));
+        if (spent && arrived == SumOf(shape))
+            return spent;
+        std::fprintf(stderr, "%zu files of %llu bytes arrived%s\n", arrived.Files,
+                     static_cast<unsigned long long>(arrived.Bytes), spent ? "" : ", with a bad end");
+        return std::nullopt;
     }
 
-    bool RaceIn(bench::Comparison& comparison,
-                const std::function<std::optional<double>(bool byFerry)>& transfer) const {
-        return bench::Race(
-            comparison, {0, rounds_}, [&] { return transfer(true); }, [&] { return transfer(false); });
+    static double TimeByHand(const std::wstring& source, const std::wstring& destination, bool moves) {
+        return bench::MillisecondsOf([&] { bench::TransferByHand(source, destination, moves); });
     }
 
-    /// Nothing when not all arrived.
-    std::optional<double> Transfer(const std::wstring& source, const std::wstring& to, bool moves,
-                                   bool byFerry, const std::string& name) const {
-        const std::wstring destination = tree_.MakeFolder(to) + L'\\';
-        std::optional<double> spent;
-        if (byFerry)
-            spent = TimeFerry(source, destination, moves);
-        else
-            spent = bench::MillisecondsOf([&] { bench::TransferByHand(source, destination, moves); });
-        const std::size_t arrived = e2e::FilesBelow(destination + L"top").size();
-        if (!spent || arrived != kFiles) {
-            std::fprintf(stderr, "%s brought %zu files\n", byFerry ? "Ferry" : "the bare program", arrived);
-            return std::nullopt;
-        }
-        std::fprintf(stderr, "%s: %.0f ms by %s\n", name.c_str(), *spent,
-                     byFerry ? "Ferry" : "the bare program");
-        return spent;
+    /// None of the paths has a blank, so nothing needs quotes, which some versions misread.
+    static std::optional<double> TimeXcopy(const std::wstring& source, const std::wstring& destination) {
+        const std::wstring target = destination + bench::TreeName(bench::kCopyTree);
+        CreateDirectoryW(target.c_str(), nullptr);  // a failure shows in what arrives
+        return TimeProgram(L"xcopy.exe " + source + L" " + target + L" /E /I /Q /Y", [] { return true; });
     }
 
-    int rounds_;
+    /// Nobody can wait for the end of a program of the system below Wine, so it leaves a sign.
+    static std::optional<double> TimeCp(const std::wstring& source, const std::wstring& destination) {
+        const std::wstring to = UnixPath(destination);
+        const std::wstring script =
+            L"cp -r '" + UnixPath(source) + L"' '" + to + L"' && touch '" + to + L"/done'";
+        return TimeProgram(L"start.exe /unix /bin/sh -c \"" + script + L"\"",
+                           [&] { return e2e::Exists(destination + L"done"); });
+    }
+
     e2e::SettingsGuard settings_;
-    e2e::TempTree tree_;
-    std::vector<double> ferryCopies_;
+    bench::BenchGround ground_;
 };
 
-}  // namespace
-
-int main(int count, char** arguments) {
+bool MeasureTransfers() {
     const base::ComApartment apartment;
     // Under Wine the desktop must belong to a process that outlives every Ferry.
     GetDesktopWindow();
-    Race race(count > 1 ? static_cast<int>(std::strtol(arguments[1], nullptr, 10)) : kUsualRounds);
-    if (!race.Prepare())
-        return 1;
-    const bool isCopyGood = race.CopyRace();
-    race.CompareWithOthers();
-    const bool isMoveGood = race.MoveRace();
-    return isCopyGood && isMoveGood ? 0 : 1;
+    TransferBench bench;
+    const bool areCopiesMeasured = bench.MeasureCopies();
+    return bench.MeasureMoves() && areCopiesMeasured;
+}
+
+}  // namespace
+
+int main() {
+    return bench::ResultOf(MeasureTransfers);
 }

@@ -1,5 +1,7 @@
 #include "installed_ferry_win32.h"
 
+#include <cstdio>
+
 #include "e2e/driver/surroundings.h"
 #include "samplehost/host_block_writer.h"
 
@@ -17,6 +19,16 @@ bool HandOver::Prepare(std::wstring_view blockUnits) {
     variable.BlockSize = std::to_wstring(bytes.size());
     e2e::SetVariable(samplehost::kVariableName, VariableText(variable));
     return block_.Create(variable, bytes, static_cast<std::uint32_t>(bytes.size()), false);
+}
+
+bool IsGood(const e2e::Ending& ending) {
+    if (!ending.IsGood())
+        std::fprintf(stderr, "the program: %s\n", TextOf(ending).c_str());
+    return ending.IsGood();
+}
+
+bool HasEndedWell(const e2e::ChildProcess& process) {
+    return IsGood(process.WaitForEnd(e2e::kPatienceMs));
 }
 
 }  // namespace ferry::bench

@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "e2e/driver/child_process.h"
+#include "e2e/driver/poll.h"
 #include "samplehost/shared_block_win32.h"
 
 namespace ferry::bench {
@@ -23,5 +25,11 @@ public:
 private:
     samplehost::SharedBlock block_;
 };
+
+/// Whether a program ended with 0; a remark on the standard error when not.
+bool IsGood(const e2e::Ending& ending);
+
+/// Waits until the program has ended; as IsGood().
+bool HasEndedWell(const e2e::ChildProcess& process);
 
 }  // namespace ferry::bench

@@ -2,7 +2,7 @@
 // bare parse of the same block, and the peak memory of the installed program, against the block's bytes.
 //
 // FERRY_E2E_APP names the installed layout; without it, the layout "app" beside the build tree is
-// taken. Prints one line of JSON per comparison and ends with 1 when a goal is missed.
+// taken. Prints one line of JSON per comparison and ends with 1 when one could not be measured.
 #include <windows.h>
 // After windows.h, which they build on.
 #include <commctrl.h>
@@ -30,12 +30,7 @@
 
 namespace {
 
-using ferry::bench::Comparison;
-
 constexpr std::size_t kItems = 1'000'000;
-constexpr int kWarmUpRounds = 1;
-constexpr int kTimeRounds = 11;
-constexpr int kMemoryRounds = 3;
 constexpr ULONG_PTR kBlockTag = 255;
 constexpr double kMebibyte = 1024.0 * 1024.0;
 
@@ -88,25 +83,19 @@ std::optional<double> TimeDelivery(std::wstring block) {
     return dialog.HasAll() ? std::optional(spent) : std::nullopt;
 }
 
-double TimeParse(std::wstring block) {
+/// Nothing when not all items were read.
+std::optional<double> TimeParse(std::wstring block) {
     ferry::hostlink::HostData host;
-    return ferry::bench::MillisecondsOf([&] {
+    const double spent = ferry::bench::MillisecondsOf([&] {
         ferry::hostlink::ParseHostBlock(block, block.size() * sizeof(wchar_t),
                                         {host.CurrentDir, host.Option, host.SelectedItems, host.TabFolders});
     });
+    return host.SelectedItems.Size() == kItems ? std::optional(spent) : std::nullopt;
 }
 
 bool CompareTimes(const std::wstring& block) {
-    Comparison comparison{"list of 1000000 items, against the bare parse", 1.5, {}, {}};
-    for (int round = 0; round < kWarmUpRounds + kTimeRounds; ++round) {
-        const auto ferry = TimeDelivery(block);
-        const double reference = TimeParse(block);
-        if (ferry && round >= kWarmUpRounds) {
-            comparison.Ferry.push_back(*ferry);
-            comparison.Reference.push_back(reference);
-        }
-    }
-    return ferry::bench::Report(comparison);
+    return ferry::bench::Compare({[&] { return TimeDelivery(block); }, [&] { return TimeParse(block); }},
+                                 {{"list of 1000000 items, against the bare parse", 0, 1, 1.5}});
 }
 
 /// The dialog of the process once its count label tells all items; null when that takes too long.
@@ -122,12 +111,12 @@ HWND WaitForAllItems(DWORD processId) {
     return isReady ? dialog : nullptr;
 }
 
-double PeakBytes(DWORD processId) {
+double PeakMebibytes(DWORD processId) {
     PROCESS_MEMORY_COUNTERS counters{};
     const ferry::base::ProcessHandle process(
         OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, processId));
     GetProcessMemoryInfo(process.Get(), &counters, sizeof counters);
-    return static_cast<double>(counters.PeakWorkingSetSize);
+    return static_cast<double>(counters.PeakWorkingSetSize) / kMebibyte;
 }
 
 /// Nothing when the program did not come up with all items.
@@ -139,27 +128,26 @@ std::optional<double> MeasurePeak(const std::wstring& block) {
     const HWND dialog = process.IsStarted() ? WaitForAllItems(process.Id()) : nullptr;
     if (dialog == nullptr)
         return std::nullopt;
-    const double peak = PeakBytes(process.Id());
+    const double peak = PeakMebibytes(process.Id());
     PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
-    return process.WaitForEnd(ferry::e2e::kPatienceMs) && peak > 0 ? std::optional(peak) : std::nullopt;
+    return ferry::bench::HasEndedWell(process) && peak > 0 ? std::optional(peak) : std::nullopt;
 }
 
 bool CompareMemory(const std::wstring& block) {
-    Comparison comparison{"peak memory with 1000000 items, against the block", 2.5, {}, {}, "MiB"};
-    for (int round = 0; round < kMemoryRounds; ++round) {
-        if (const auto peak = MeasurePeak(block)) {
-            comparison.Ferry.push_back(*peak / kMebibyte);
-            comparison.Reference.push_back(static_cast<double>(block.size() * sizeof(wchar_t)) / kMebibyte);
-        }
-    }
-    return ferry::bench::Report(comparison);
+    const double blockSize = static_cast<double>(block.size() * sizeof(wchar_t)) / kMebibyte;
+    return ferry::bench::Compare(
+        {[&] { return MeasurePeak(block); }, [&] { return std::optional(blockSize); }},
+        {{"peak memory with 1000000 items, against the block", 0, 1, 2.5, "MiB"}}, {.WarmUpRounds = 0});
+}
+
+bool MeasureList() {
+    const std::wstring block = Block();
+    const bool areTimesMeasured = CompareTimes(block);
+    return CompareMemory(block) && areTimesMeasured;
 }
 
 }  // namespace
 
 int main() {
-    const std::wstring block = Block();
-    const bool timeMet = CompareTimes(block);
-    const bool memoryMet = CompareMemory(block);
-    return timeMet && memoryMet ? 0 : 1;
+    return ferry::bench::ResultOf(MeasureList);
 }

@@ -1,7 +1,6 @@
 // How long a block of a million paths takes to read, against a bare pass that makes the same strings.
 //
-// Prints one line of JSON per comparison and ends with 1 when a goal is missed. The two sides take
-// turns, so that a busy machine slows both, and medians are compared.
+// Prints one line of JSON per comparison and ends with 1 when they could not be measured.
 #include <cstddef>
 #include <cstdio>
 #include <optional>
@@ -19,7 +18,6 @@ using ferry::base::TextList;
 using ferry::bench::MillisecondsOf;
 
 constexpr std::size_t kPathCount = 1'000'000;
-constexpr ferry::bench::Rounds kRounds{0, 15};
 constexpr double kGoal = 1.2;
 
 /// A block in which the host selects kPathCount files of everyday depth and length.
@@ -82,28 +80,29 @@ double TimeBareListPass(const std::wstring& block, std::size_t& made) {
 
 using Measure = double (*)(const std::wstring&, std::size_t&);
 
-/// Compares ParseHostBlock with `reference`; whether the goal is met.
-bool Compare(const char* name, const std::wstring& block, Measure reference) {
-    const auto timed = [&](Measure measure) {
-        return [=, &block]() -> std::optional<double> {
-            std::size_t made = 0;
-            const double spent = measure(block, made);
-            if (made == kPathCount)
-                return spent;
-            std::fprintf(stderr, "%s: %zu strings were made\n", name, made);
-            return std::nullopt;
-        };
+/// A side that makes the strings of `block`.
+ferry::bench::Side Timed(const char* name, const std::wstring& block, Measure measure) {
+    return [=, &block]() -> std::optional<double> {
+        std::size_t made = 0;
+        const double spent = measure(block, made);
+        if (made == kPathCount)
+            return spent;
+        std::fprintf(stderr, "%zu strings were made by %s\n", made, name);
+        return std::nullopt;
     };
-    ferry::bench::Comparison comparison{name, kGoal, {}, {}};
-    return Race(comparison, kRounds, timed(TimeParse), timed(reference)) && Report(comparison);
+}
+
+bool MeasureParse() {
+    const std::wstring block = MakeBlock();
+    return ferry::bench::Compare(
+        {Timed("the program", block, TimeParse), Timed("the pass", block, TimeBarePass),
+         Timed("the pass into a text list", block, TimeBareListPass)},
+        {{"parse 1000000 paths, against a bare pass", 0, 1, kGoal},
+         {"parse 1000000 paths, against a bare pass into a text list", 0, 2, kGoal}});
 }
 
 }  // namespace
 
 int main() {
-    const std::wstring block = MakeBlock();
-    const bool strings = Compare("parse 1000000 paths, against a bare pass", block, TimeBarePass);
-    const bool lists =
-        Compare("parse 1000000 paths, against a bare pass into a text list", block, TimeBareListPass);
-    return strings && lists ? 0 : 1;
+    return ferry::bench::ResultOf(MeasureParse);
 }

@@ -2,7 +2,7 @@
 // that shows the same template and does nothing else.
 //
 // FERRY_E2E_APP names the installed layout; without it, the layout "app" beside the build tree is
-// taken. Prints one line of JSON per comparison and ends with 1 when a goal is missed.
+// taken. Prints one line of JSON per comparison and ends with 1 when they could not be measured.
 #include <windows.h>
 
 #include <array>
@@ -11,8 +11,6 @@
 #include <cstdio>
 #include <optional>
 #include <string>
-#include <utility>
-#include <vector>
 
 #include "comparison.h"
 #include "e2e/driver/child_process.h"
@@ -25,14 +23,12 @@
 
 namespace {
 
-using ferry::bench::Comparison;
 using ferry::e2e::ChildProcess;
 using ferry::samplehost::BlockFields;
 
 constexpr std::size_t kFewItems = 10;
 constexpr std::size_t kManyItems = 100'000;
-constexpr int kWarmUpRounds = 2;
-constexpr int kRounds = 21;
+constexpr ferry::bench::Limits kLimits{.MostSeconds = 45, .WarmUpRounds = 2};
 constexpr int kCountLabelId = 1350;
 
 // Asked this often when no window says that it appeared.
@@ -80,7 +76,7 @@ struct Contestant {
 /// The dialog of `process` once it is visible and filled; null when that takes too long.
 HWND WaitForReady(const ChildProcess& process, const AppearanceHook& hook, const std::wstring& label) {
     const ULONGLONG deadline = GetTickCount64() + ferry::e2e::kPatienceMs;
-    while (GetTickCount64() < deadline) {
+    while (process.IsRunning() && GetTickCount64() < deadline) {
         const HWND dialog = ferry::samplehost::FindFerryDialog(process.Id());
         if (dialog != nullptr && (label.empty() || CountLabel(dialog) == label))
             return dialog;
@@ -89,13 +85,9 @@ HWND WaitForReady(const ChildProcess& process, const AppearanceHook& hook, const
     return nullptr;
 }
 
-/// Milliseconds from just before the start to the filled dialog; nothing when it never came.
-std::optional<double> TimeStart(const Contestant& contestant, const AppearanceHook& hook) {
-    ferry::bench::HandOver handOver;
-    if (contestant.ReadyLabel.empty())
-        ferry::e2e::SetVariable(ferry::samplehost::kVariableName, L"");
-    else if (!handOver.Prepare(BlockUnits(contestant.Block)))
-        return std::nullopt;
+/// Milliseconds from just before the start to the filled dialog; nothing when it never came, or when the
+/// program did not end well afterwards.
+std::optional<double> TimeOneStart(const Contestant& contestant, const AppearanceHook& hook) {
     const auto begin = std::chrono::steady_clock::now();
     const ChildProcess process(contestant.Program, {});
     if (!process.IsStarted())
@@ -105,9 +97,21 @@ std::optional<double> TimeStart(const Contestant& contestant, const AppearanceHo
     if (dialog == nullptr)
         return std::nullopt;
     PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
-    if (!process.WaitForEnd(ferry::e2e::kPatienceMs))
+    if (!ferry::bench::HasEndedWell(process))
         return std::nullopt;
     return spent.count();
+}
+
+std::optional<double> TimeStart(const Contestant& contestant, const AppearanceHook& hook) {
+    ferry::bench::HandOver handOver;
+    if (contestant.ReadyLabel.empty())
+        ferry::e2e::SetVariable(ferry::samplehost::kVariableName, L"");
+    else if (!handOver.Prepare(BlockUnits(contestant.Block)))
+        return std::nullopt;
+    const auto spent = TimeOneStart(contestant, hook);
+    if (!spent)
+        std::fprintf(stderr, "%ls: no filled dialog, or a bad end\n", contestant.Program.c_str());
+    return spent;
 }
 
 /// A selection of `count` items, of which the first ones, those that the list shows, are real.
@@ -122,38 +126,21 @@ Contestant FerryWith(std::size_t count, const ferry::e2e::TempTree& tree) {
     return contestant;
 }
 
-/// Runs everybody by turns, each time beginning with another one, so that nobody always follows the
-/// same predecessor. Empty when a start failed.
-std::array<std::vector<double>, 3> TimeAll(const std::array<Contestant, 3>& contestants) {
+bool MeasureStarts() {
+    const ferry::e2e::TempTree tree;
+    const Contestant bare{ferry::e2e::OwnFolder() + L"\\bare_dialog.exe", L"", {}};
+    const Contestant few = FerryWith(kFewItems, tree);
+    const Contestant many = FerryWith(kManyItems, tree);
     const AppearanceHook hook;
-    std::array<std::vector<double>, 3> times;
-    for (int round = 0; round < kWarmUpRounds + kRounds; ++round) {
-        for (std::size_t turn = 0; turn < contestants.size(); ++turn) {
-            const std::size_t index = (static_cast<std::size_t>(round) + turn) % contestants.size();
-            const auto spent = TimeStart(contestants[index], hook);
-            if (!spent) {
-                std::fprintf(stderr, "%ls: no filled dialog\n", contestants[index].Program.c_str());
-                return {};
-            }
-            if (round >= kWarmUpRounds)
-                times[index].push_back(*spent);
-        }
-    }
-    return times;
+    return ferry::bench::Compare({[&] { return TimeStart(bare, hook); }, [&] { return TimeStart(few, hook); },
+                                  [&] { return TimeStart(many, hook); }},
+                                 {{"start with 10 items, against a bare dialog", 1, 0, 1.25},
+                                  {"start with 100000 items, against a bare dialog", 2, 0, 1.6}},
+                                 kLimits);
 }
 
 }  // namespace
 
 int main() {
-    const ferry::e2e::TempTree tree;
-    const std::array<Contestant, 3> contestants = {
-        Contestant{ferry::e2e::OwnFolder() + L"\\bare_dialog.exe", L"", {}},
-        FerryWith(kFewItems, tree),
-        FerryWith(kManyItems, tree),
-    };
-    const auto [bare, few, many] = TimeAll(contestants);
-    const bool fewMet = ferry::bench::Report({"start with 10 items, against a bare dialog", 1.25, few, bare});
-    const bool manyMet =
-        ferry::bench::Report({"start with 100000 items, against a bare dialog", 1.6, many, bare});
-    return fewMet && manyMet ? 0 : 1;
+    return ferry::bench::ResultOf(MeasureStarts);
 }
