@@ -21,7 +21,7 @@ std::wstring OwnFolder() {
     return path.substr(0, path.rfind(L'\\') + 1);
 }
 
-constexpr wchar_t kServerKey[] =
+constexpr wchar_t kRegistrationKey[] =
     L"Software\\Classes\\CLSID\\{3AD05575-8857-4850-9277-11B85BDB8E09}\\InprocServer32";
 
 /// The tests register the library beside them; the one that stood there before comes back afterwards.
@@ -29,12 +29,12 @@ class KeepsRegistration : public testing::Environment {
 public:
     void SetUp() override {
         DWORD size = sizeof(before_);
-        hasBefore_ = RegGetValueW(HKEY_LOCAL_MACHINE, kServerKey, nullptr, RRF_RT_REG_SZ, nullptr, before_,
+        hasBefore_ = RegGetValueW(HKEY_LOCAL_MACHINE, kRegistrationKey, nullptr, RRF_RT_REG_SZ, nullptr, before_,
                                   &size) == ERROR_SUCCESS;
     }
     void TearDown() override {
         if (hasBefore_)
-            RegSetKeyValueW(HKEY_LOCAL_MACHINE, kServerKey, nullptr, REG_SZ, before_,
+            RegSetKeyValueW(HKEY_LOCAL_MACHINE, kRegistrationKey, nullptr, REG_SZ, before_,
                             static_cast<DWORD>((wcslen(before_) + 1) * sizeof(wchar_t)));
     }
 
