@@ -99,7 +99,7 @@ std::wstring UnixPath(const std::wstring& path) {
         return {};
     const std::string name(text);
     HeapFree(GetProcessHeap(), 0, text);
-    return std::wstring(name.begin(), name.end());  // the test's own folder has an ASCII path
+    return {name.begin(), name.end()};  // the test's own folder has an ASCII path
 }
 
 class TransferBench {

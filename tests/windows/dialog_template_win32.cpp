@@ -28,7 +28,7 @@ public:
 
     std::wstring Text() {
         std::wstring text;
-        while (const wchar_t unit = Next<wchar_t>())
+        while (const auto unit = Next<wchar_t>())
             text += unit;
         return text;
     }
@@ -50,7 +50,7 @@ public:
 
 private:
     std::uint16_t Peek() const {
-        std::uint16_t unit;
+        std::uint16_t unit = 0;
         std::memcpy(&unit, next_, sizeof(unit));
         return unit;
     }

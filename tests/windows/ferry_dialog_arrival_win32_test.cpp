@@ -12,8 +12,6 @@ namespace {
 
 using Texts = std::vector<std::wstring>;
 
-constexpr ULONG_PTR kBlockTag = 255;
-
 class DialogAtItsStart : public FerryDialogTest {
 protected:
     bool IsChecked(int id) const { return IsDlgButtonChecked(Window(), id) == BST_CHECKED; }
@@ -81,7 +79,7 @@ protected:
     }
 
     LRESULT DeliverBlock(const samplehost::BlockFields& fields) {
-        return Deliver(kBlockTag, samplehost::BlockUnits(fields));
+        return Deliver(samplehost::kBlockTag, samplehost::BlockUnits(fields));
     }
 
     LRESULT ItemCount() const { return SendMessageW(List(), LVM_GETITEMCOUNT, 0, 0); }

@@ -20,7 +20,6 @@ constexpr std::size_t kMostGrowth = 20;
 constexpr int kMeetings = 50;
 constexpr int kThreadsAtOnce = 8;
 constexpr int kMillion = 1'000'000;
-constexpr ULONG_PTR kBlockTag = 255;
 
 int IconByName(const wchar_t* name, DWORD attributes) {
     SHFILEINFOW info{};
@@ -52,7 +51,7 @@ protected:
             files.push_back(folder_ / name);
             test::WriteUnits(files.back(), name);
         }
-        files.push_back(L"\\\\no server of this name\\share\\x.txt");
+        files.emplace_back(L"\\\\no server of this name\\share\\x.txt");
         return files;
     }
 
@@ -120,7 +119,7 @@ protected:
             fields.Items.push_back(L"C:\\Users\\somebody\\Documents\\項目\\item " + std::to_wstring(index) +
                                    L".txt");
         }
-        fields.Items.push_back(L"C:\\Users\\somebody\\Documents\\zebra.txt");
+        fields.Items.emplace_back(L"C:\\Users\\somebody\\Documents\\zebra.txt");
         fields.Tabs = {L"D:\\先"};
         return samplehost::BlockUnits(fields);
     }
@@ -143,7 +142,8 @@ TEST_F(MillionItems, ScrollAreFoundByTypingAndCanBeStarted) {
     ASSERT_FALSE(IsWindowEnabled(GetDlgItem(Window(), IDOK)));
     EXPECT_EQ(test::TextOfControl(Window(), IDC_COUNT), L"(0)");
     std::wstring block = Block();
-    COPYDATASTRUCT data{kBlockTag, static_cast<DWORD>(block.size() * sizeof(wchar_t)), block.data()};
+    COPYDATASTRUCT data{samplehost::kBlockTag, static_cast<DWORD>(block.size() * sizeof(wchar_t)),
+                        block.data()};
     EXPECT_EQ(SendMessageW(Window(), WM_COPYDATA, 0, reinterpret_cast<LPARAM>(&data)), TRUE);
     EXPECT_TRUE(IsWindowEnabled(GetDlgItem(Window(), IDOK)));
     EXPECT_EQ(test::TextOfControl(Window(), IDC_COUNT), L"(1000000)");

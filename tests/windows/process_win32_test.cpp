@@ -43,7 +43,7 @@ base::ProcessHandle OpenChild() {
             }
         }
     }
-    return base::ProcessHandle();
+    return {};
 }
 
 /// A child that waits until it is told to stop. It is gone when this is destroyed.

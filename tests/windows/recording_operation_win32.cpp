@@ -100,18 +100,18 @@ HRESULT RecordingOperation::CopyItems(IUnknown* items, IShellItem* folder) {
 }
 
 HRESULT RecordingOperation::PerformOperations() {
-    log_.Calls.push_back(L"PerformOperations");
+    log_.Calls.emplace_back(L"PerformOperations");
     return log_.PerformResult;
 }
 
 HRESULT RecordingOperation::GetAnyOperationsAborted(BOOL* aborted) {
-    log_.Calls.push_back(L"GetAnyOperationsAborted");
+    log_.Calls.emplace_back(L"GetAnyOperationsAborted");
     *aborted = log_.IsAborted;
     return S_OK;
 }
 
 HRESULT RecordingOperation::Unexpected() {
-    log_.Calls.push_back(L"unexpected");
+    log_.Calls.emplace_back(L"unexpected");
     return E_NOTIMPL;
 }
 

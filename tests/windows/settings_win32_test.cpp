@@ -196,7 +196,7 @@ TEST_F(RegistryStoreTest, EveryFunctionAsksForFullAccessAndKeepsWhatItMakes) {
     std::vector<AskedKey> asked;
     const test::WatchedImport<&RegCreateKeyExW> create(
         "RegCreateKeyExW",
-        [&](HKEY root, LPCWSTR path, DWORD reserved, LPWSTR className, DWORD options, REGSAM access,
+        [&](HKEY root, LPCWSTR path, DWORD reserved, LPCWSTR className, DWORD options, REGSAM access,
             const LPSECURITY_ATTRIBUTES security, PHKEY, LPDWORD) -> LSTATUS {
             EXPECT_EQ(reserved, 0U);
             asked.push_back({root, path, className, options, access, security});

@@ -27,11 +27,11 @@ void** FindImport(const char* name) noexcept;
 void* ReplaceImport(void** place, void* function) noexcept;
 
 /// Takes the place of one imported function for as long as it lives. One at a time for each function.
-template <auto Function>
+template <auto function>
 class WatchedImport;
 
-template <class Result, class... Arguments, Result(WINAPI* Function)(Arguments...)>
-class WatchedImport<Function> {
+template <class Result, class... Arguments, Result(WINAPI* function)(Arguments...)>
+class WatchedImport<function> {
 public:
     using Call = std::tuple<std::decay_t<Arguments>...>;
     using Answer = std::function<Result(Arguments...)>;

@@ -240,7 +240,7 @@ TEST_F(WindowPlacementTest, StaysBehindWhatStandsBeforeIt) {
 
 TEST_F(WindowPlacementTest, GoesToTheMonitorThatIsNearestToTheHost) {
     MakeHost({300, 200, 701, 501});
-    const HMONITOR second = reinterpret_cast<HMONITOR>(2);
+    const auto second = reinterpret_cast<HMONITOR>(2);
     const test::WatchedImport<&MonitorFromWindow> nearest("MonitorFromWindow",
                                                           [=](HWND, DWORD) { return second; });
     const test::WatchedImport<&GetMonitorInfoW> info("GetMonitorInfoW", [](HMONITOR, LPMONITORINFO monitor) {

@@ -18,6 +18,11 @@ std::vector<std::wstring_view> TextsOf(const TextList& list) {
     return {list.begin(), list.end()};
 }
 
+/// The unit at `index`, which may be the zero behind the text.
+wchar_t UnitAt(std::wstring_view text, std::size_t index) {
+    return *(text.data() + index);
+}
+
 TEST(TextList, IsEmptyAtFirst) {
     const TextList list;
     EXPECT_TRUE(list.IsEmpty());
@@ -49,9 +54,9 @@ TEST(TextList, PutsANulAfterEachText) {
     list.Append(L"");
     list.Append(L"c");
     for (const std::wstring_view text : list) {
-        EXPECT_EQ(text.data()[text.size()], L'\0');
+        EXPECT_EQ(UnitAt(text, text.size()), L'\0');
     }
-    EXPECT_EQ(list[0].data()[2], L'\0') << "the first text's end was overwritten by the second";
+    EXPECT_EQ(UnitAt(list[0], 2), L'\0') << "the first text's end was overwritten by the second";
 }
 
 TEST(TextList, KeepsViewsValidWhileItGrowsOverManyBlocks) {
@@ -75,7 +80,7 @@ TEST(TextList, TakesATextThatIsLongerThanABlock) {
     list.Append(L"after");
     EXPECT_EQ(list[0], L"small");
     EXPECT_TRUE(list[1] == huge);
-    EXPECT_EQ(list[1].data()[huge.size()], L'\0');
+    EXPECT_EQ(UnitAt(list[1], huge.size()), L'\0');
     EXPECT_EQ(list[2], L"after");
 }
 
@@ -141,7 +146,7 @@ TEST(TextList, TakesOverAnotherListBehindItsOwnTexts) {
     list.Append(L"three");
     EXPECT_THAT(TextsOf(list), ElementsAre(L"one"sv, L"two, which is longer"sv, L"three"sv));
     EXPECT_EQ(list[1].data(), place);
-    EXPECT_TRUE(other.IsEmpty());
+    EXPECT_TRUE(other.IsEmpty());  // NOLINT(bugprone-use-after-move): it may be used again
     other.Append(L"four");
     EXPECT_THAT(TextsOf(other), ElementsAre(L"four"sv));
     EXPECT_THAT(TextsOf(list), ElementsAre(L"one"sv, L"two, which is longer"sv, L"three"sv));

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "base/invalid_argument.h"
 #include "core/settings/memory_store.h"
 
@@ -14,9 +16,8 @@ using Texts = std::vector<std::wstring>;
 /// A history with these entries, the first one the most recent.
 History HistoryOf(const Texts& entries) {
     History history;
-    for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry) {
-        history.Add(*entry);
-    }
+    std::for_each(entries.rbegin(), entries.rend(),
+                  [&history](const std::wstring& entry) { history.Add(entry); });
     return history;
 }
 

@@ -13,8 +13,6 @@ namespace {
 using model::Fault;
 using Lines = std::vector<std::wstring>;
 
-constexpr std::uint64_t kTime = 133'000'000'000'000'000;
-
 class IndividualRunTest : public ::testing::Test {
 protected:
     IndividualRunTest() {
@@ -28,7 +26,7 @@ protected:
     /// Every file has a content of its own, so that none can stand for another.
     static std::string BytesOf(std::wstring_view path) { return "bytes of " + base::ToUtf8(path); }
 
-    void AddFile(std::wstring_view path) { run.Shared.Files.AddFile(path, BytesOf(path), kTime); }
+    void AddFile(std::wstring_view path) { run.Shared.Files.AddFile(path, BytesOf(path), model::kBaseTime); }
     void UsePolicy(std::uint32_t policy) { run.Request.Settings.Policy = policy; }
     void UseMove() { run.Request.What = Operation::Move; }
     bool Exists(std::wstring_view path) const { return run.Shared.Files.At(path) != nullptr; }
@@ -251,7 +249,7 @@ TEST_F(IndividualRunTest, ChoicesOfTheBatchModeChangeNothing) {
         model::ModelRun one;
         one.Shared.Logging = true;
         for (const wchar_t* const path : {L"C:\\src\\dir\\a", L"C:\\src\\dir\\b", L"D:\\out\\dir\\b"})
-            one.Shared.Files.AddFile(path, BytesOf(path), kTime);
+            one.Shared.Files.AddFile(path, BytesOf(path), model::kBaseTime);
         one.Request.Sources.Append(L"C:\\src\\dir");
         one.Request.Destination = L"D:\\out\\";
         one.Request.Settings = settings;

@@ -13,7 +13,6 @@ namespace {
 using model::Fault;
 using Lines = std::vector<std::wstring>;
 
-constexpr std::uint64_t kTime = 133'000'000'000'000'000;
 constexpr std::wstring_view kSource = L"C:\\src\\a.txt";
 constexpr std::wstring_view kTarget = L"D:\\out\\a.txt";
 
@@ -22,7 +21,7 @@ protected:
     ItemEngineTest() {
         Use(Operation::Copy, 0);
         world.Logging = true;
-        world.Files.AddFile(kSource, "incoming", kTime);
+        world.Files.AddFile(kSource, "incoming", model::kBaseTime);
         world.Files.AddFolder(L"D:\\out");
         person.NewName = [this] {
             if (names.empty())
@@ -33,7 +32,9 @@ protected:
         };
     }
 
-    void PutExisting(std::uint64_t time = kTime) { world.Files.AddFile(kTarget, "existing", time); }
+    void PutExisting(std::uint64_t time = model::kBaseTime) {
+        world.Files.AddFile(kTarget, "existing", time);
+    }
 
     ItemResult Handle(std::uint32_t policy, std::wstring_view source = kSource,
                       std::wstring_view target = kTarget) {
@@ -81,7 +82,7 @@ TEST_F(ItemEngineTest, AMoveIsQueuedAsAMove) {
 }
 
 TEST_F(ItemEngineTest, PolicyZeroTakesASourceThatIsNewerByASingleTick) {
-    PutExisting(kTime - 1);
+    PutExisting(model::kBaseTime - 1);
     EXPECT_EQ(Handle(0), ItemResult::Continue);
     EXPECT_EQ(world.Log, (Lines{L"Find C:\\src\\a.txt", L"FileSize C:\\src\\a.txt",
                                 L"Copy C:\\src\\a.txt > D:\\out\\ flags 2A14 asked"}));
@@ -89,7 +90,7 @@ TEST_F(ItemEngineTest, PolicyZeroTakesASourceThatIsNewerByASingleTick) {
 }
 
 TEST_F(ItemEngineTest, PolicyZeroLeavesATargetOfTheSameTimeOrNewer) {
-    for (const std::uint64_t time : {kTime, kTime + 1}) {
+    for (const std::uint64_t time : {model::kBaseTime, model::kBaseTime + 1}) {
         PutExisting(time);
         EXPECT_EQ(Handle(0), ItemResult::Continue);
         EXPECT_EQ(world.Log, (Lines{L"Find C:\\src\\a.txt"}));
@@ -99,8 +100,9 @@ TEST_F(ItemEngineTest, PolicyZeroLeavesATargetOfTheSameTimeOrNewer) {
 }
 
 TEST_F(ItemEngineTest, PolicyOneIsTheOtherWayRound) {
-    const std::pair<std::uint64_t, const char*> cases[] = {
-        {kTime - 1, "existing"}, {kTime, "existing"}, {kTime + 1, "incoming"}};
+    const std::pair<std::uint64_t, const char*> cases[] = {{model::kBaseTime - 1, "existing"},
+                                                           {model::kBaseTime, "existing"},
+                                                           {model::kBaseTime + 1, "incoming"}};
     for (const auto& [time, expected] : cases) {
         PutExisting(time);
         EXPECT_EQ(Handle(1), ItemResult::Continue);
@@ -116,7 +118,8 @@ TEST_F(ItemEngineTest, PrecisionTakesItsSecondsForEqualUnderBothTimePolicies) {
         for (const std::uint32_t policy : {0u, 1u}) {
             for (const std::uint64_t apart : {precision, precision + 1}) {
                 SCOPED_TRACE(std::to_string(precision) + " " + std::to_string(apart));
-                PutExisting(policy == 0 ? kTime - apart * kSecond : kTime + apart * kSecond);
+                PutExisting(policy == 0 ? model::kBaseTime - apart * kSecond
+                                        : model::kBaseTime + apart * kSecond);
                 Handle(policy);
                 EXPECT_EQ(ContentAt(kTarget), apart > precision ? "incoming" : "existing");
                 world.Files.Detach(kTarget);
@@ -126,7 +129,7 @@ TEST_F(ItemEngineTest, PrecisionTakesItsSecondsForEqualUnderBothTimePolicies) {
 }
 
 TEST_F(ItemEngineTest, ASourceWhoseTimeIsUnknownIsNeitherNewerNorOlder) {
-    PutExisting(kTime - 100);
+    PutExisting(model::kBaseTime - 100);
     for (const std::uint32_t policy : {0u, 1u}) {
         Fail(L"Find", Fault::None);
         const Item item{kSource, kTarget, files.Find(kTarget)};
@@ -140,7 +143,7 @@ TEST_F(ItemEngineTest, ASourceWhoseTimeIsUnknownIsNeitherNewerNorOlder) {
 }
 
 TEST_F(ItemEngineTest, ATargetThatCannotBeLookedAtIsNotOverwrittenByItsTime) {
-    PutExisting(kTime - 100);
+    PutExisting(model::kBaseTime - 100);
     for (const std::uint32_t policy : {0u, 1u, 2u}) {
         Fail(L"Find", Fault::Fail);
         const Item item{kSource, kTarget, files.Find(kTarget)};
@@ -160,7 +163,7 @@ TEST_F(ItemEngineTest, PolicyTwoNeverTouchesAnExistingTargetAndGoesOn) {
 TEST_F(ItemEngineTest, PolicyThreeSevenAndAllHigherNumbersOverwrite) {
     for (const std::uint32_t policy : {3u, 7u, 8u, 100u, 0xFFFFFFFFu}) {
         SCOPED_TRACE(policy);
-        PutExisting(kTime + 1000);
+        PutExisting(model::kBaseTime + 1000);
         EXPECT_EQ(Handle(policy), ItemResult::Continue);
         EXPECT_EQ(ContentAt(kTarget), "incoming");
         world.Files.Detach(kTarget);
@@ -366,7 +369,7 @@ TEST_F(ItemEngineTest, AfterARenameLoopTheNextPlainTransferIsWithoutConfirmation
 }
 
 TEST_F(ItemEngineTest, AFileNeverLandsOnAnotherPathThanTheOneThatWasJudged) {
-    world.Files.AddFile(L"D:\\a.txt", "bystander", kTime);
+    world.Files.AddFile(L"D:\\a.txt", "bystander", model::kBaseTime);
     Handle(3, kSource,
            L"D:\\out/x\x008B"
            L"a.txt");

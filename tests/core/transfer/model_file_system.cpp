@@ -27,9 +27,11 @@ bool SaysDone(Fault fault) {
 /// Whether a name in `path`, below its drive, is one that Windows forbids.
 bool HasForbiddenName(std::wstring_view given) {
     const std::wstring path = WithBackslashes(given);
-    for (std::size_t start = path.find(L'\\'); start != path.npos; start = path.find(L'\\', start + 1)) {
+    for (std::size_t start = path.find(L'\\'); start != std::wstring_view::npos;
+         start = path.find(L'\\', start + 1)) {
         const std::size_t end = path.find(L'\\', start + 1);
-        const std::wstring name = path.substr(start + 1, end == path.npos ? end : end - start - 1);
+        const std::wstring name =
+            path.substr(start + 1, end == std::wstring_view::npos ? end : end - start - 1);
         if (!name.empty() && IsForbiddenName(name))
             return true;
     }
@@ -117,7 +119,8 @@ int ModelFileSystem::CreateFolder(std::wstring_view path) {
 
 bool ModelFileSystem::MakeWithParents(std::wstring_view path) {
     // A missing parent is made where a backslash ends its name; a slash ends none.
-    for (std::size_t end = path.find(L'\\'); end != path.npos; end = path.find(L'\\', end + 1)) {
+    for (std::size_t end = path.find(L'\\'); end != std::wstring_view::npos;
+         end = path.find(L'\\', end + 1)) {
         if (!MakeOne(path.substr(0, end)))
             return false;
     }
@@ -128,7 +131,7 @@ bool ModelFileSystem::MakeOne(std::wstring_view path) {
     const Node* const existing = world_.Files.At(path);
     if (existing != nullptr)
         return existing->IsFolder;
-    const bool hasParent = path.find_first_of(L"\\/") != path.npos;
+    const bool hasParent = path.find_first_of(L"\\/") != std::wstring_view::npos;
     Node* const parent = hasParent ? world_.Files.ParentOf(path) : nullptr;
     if (parent == nullptr)
         return false;
@@ -203,12 +206,14 @@ double ModelFileSystem::LocalDate(std::uint64_t fileTime) {
 double ModelLocalDate(std::uint64_t fileTime) {
     constexpr std::uint64_t kUnitsPerSecond = 10'000'000;
     constexpr std::int64_t kSecondsPerDay = 86'400;
+    constexpr std::int64_t kNineHours = 32'400;
     constexpr std::int64_t kEpochDay = 109'205;               // 1899-12-30 counted from 1601-01-01
     constexpr std::int64_t kEndOfCalendar = 265'046'774'400;  // the date type ends with the year 9999
-    const auto seconds = static_cast<std::int64_t>(fileTime / kUnitsPerSecond) + 9 * 3600;
+    const auto seconds = static_cast<std::int64_t>(fileTime / kUnitsPerSecond) + kNineHours;
     if (seconds >= kEndOfCalendar)
         return 0.0;
-    const double day = static_cast<double>(seconds / kSecondsPerDay - kEpochDay);
+    const std::int64_t wholeDays = seconds / kSecondsPerDay - kEpochDay;
+    const auto day = static_cast<double>(wholeDays);
     const double fraction = static_cast<double>(seconds % kSecondsPerDay) / kSecondsPerDay;
     return day < 0 ? day - fraction : day + fraction;
 }

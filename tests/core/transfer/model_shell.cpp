@@ -81,8 +81,8 @@ ShellOutcome ModelShell::Perform(const ShellTransfer& transfer, Fault fault) {
     Node* const source = world_.Files.At(transfer.Source);
     Node* const folder = world_.Files.At(transfer.TargetFolder);
     // The shell makes no item of a path with a slash in it.
-    const bool hasSlash = transfer.Source.find(L'/') != transfer.Source.npos ||
-                          transfer.TargetFolder.find(L'/') != transfer.TargetFolder.npos;
+    const bool hasSlash = transfer.Source.find(L'/') != std::wstring_view::npos ||
+                          transfer.TargetFolder.find(L'/') != std::wstring_view::npos;
     if (source == nullptr || folder == nullptr || hasSlash)
         return {kNothingQueued, false};
     // What is refused the person has to skip, and that counts as an abort.

@@ -79,7 +79,8 @@ Node* Tree::Child(const Node& folder, std::wstring_view name) {
 
 Node* Tree::At(std::wstring_view path) {
     // Only a component that begins with a dot or a blank can be one without a name.
-    if (path.find(L"\\.") != path.npos || path.find(L"\\ ") != path.npos || path.find(L'/') != path.npos) {
+    if (path.find(L"\\.") != std::wstring_view::npos || path.find(L"\\ ") != std::wstring_view::npos ||
+        path.find(L'/') != std::wstring_view::npos) {
         const std::wstring plain = PlainPath(path);
         return AtPlain(plain);
     }
@@ -127,7 +128,8 @@ Node& Tree::AddFolder(std::wstring_view path) {
     Node& parent = end == std::wstring_view::npos ? root_ : AddFolder(path.substr(0, end));
     if (!parent.IsFolder)
         throw std::logic_error("a file cannot hold a folder");
-    parent.Children.push_back(MakeNode(TakenName(path.substr(end == path.npos ? 0 : end + 1)), true));
+    parent.Children.push_back(
+        MakeNode(TakenName(path.substr(end == std::wstring_view::npos ? 0 : end + 1)), true));
     return *parent.Children.back();
 }
 

@@ -28,9 +28,9 @@ std::wstring_view TakenName(std::wstring_view name);
 /// `path` with its slashes made backslashes: to the file system they are the same.
 std::wstring WithBackslashes(std::wstring_view path);
 
-/// `path` with backslashes and without the components "." and "..", as Windows takes it. A last component of
+/// `given` with backslashes and without the components "." and "..", as Windows takes it. A last component of
 /// nothing but dots and blanks leaves the separator before it.
-std::wstring PlainPath(std::wstring_view path);
+std::wstring PlainPath(std::wstring_view given);
 
 /// Whether Windows allows no item to be called `name`.
 bool IsForbiddenName(std::wstring_view name);

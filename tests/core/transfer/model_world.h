@@ -15,6 +15,12 @@
 
 namespace ferry::transfer::model {
 
+/// A second of file time.
+inline constexpr std::uint64_t kSecond = 10'000'000;
+
+/// When files were last written about which nothing else is said.
+inline constexpr std::uint64_t kBaseTime = 133'000'000'000'000'000;
+
 /// What goes wrong at a port call. The outside faults hit an item just before the call: the item
 /// that the call is about, the one that it leads to, or, at a call without a path, one of the
 /// items of the last calls, as it happens while a dialog is open.

@@ -10,9 +10,6 @@
 namespace ferry::transfer::model {
 namespace {
 
-constexpr std::uint64_t kSecond = 10'000'000;
-constexpr std::uint64_t kBaseTime = 133'000'000'000'000'000;
-
 std::uint64_t RandomTime(Dice& dice) {
     const std::uint64_t seconds = dice.Below(4) * kSecond;
     return kBaseTime + seconds + (dice.OneIn(2) ? 0 : dice.Below(kSecond));

@@ -16,8 +16,6 @@ namespace {
 
 using model::Fault;
 
-constexpr std::uint64_t kTime = 133'000'000'000'000'000;
-
 class RunCourse : public ::testing::Test {
 protected:
     RunCourse() {
@@ -27,7 +25,7 @@ protected:
     }
 
     void AddFile(std::wstring_view path, std::string content) {
-        run.Shared.Files.AddFile(path, std::move(content), kTime);
+        run.Shared.Files.AddFile(path, std::move(content), model::kBaseTime);
     }
     void AddSource(std::wstring_view path) { run.Request.Sources.Append(path); }
 
@@ -118,7 +116,7 @@ TEST_F(RunCourse, AFolderThatIsListedTwiceIsMovedOnceAndNothingOfItIsLost) {
     for (std::uint32_t policy = 0; policy <= 8; ++policy) {
         SCOPED_TRACE(policy);
         model::ModelRun twice;
-        twice.Shared.Files.AddFile(L"C:\\src\\dir\\sub\\f", "bytes", kTime);
+        twice.Shared.Files.AddFile(L"C:\\src\\dir\\sub\\f", "bytes", model::kBaseTime);
         twice.Shared.Files.AddFolder(L"D:\\out");
         twice.Request.Destination = L"D:\\out\\";
         for (const wchar_t* const source : {L"C:\\src\\dir", L"c:\\SRC\\DIR", L"C:\\src\\dir\\sub"})

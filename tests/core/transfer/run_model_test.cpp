@@ -12,9 +12,6 @@
 namespace ferry::transfer::model {
 namespace {
 
-constexpr std::uint64_t kSecond = 10'000'000;
-constexpr std::uint64_t kBaseTime = 133'000'000'000'000'000;
-
 std::uint64_t FromEnvironment(const char* name, std::uint64_t otherwise) {
     const char* const text = std::getenv(name);
     return text == nullptr ? otherwise : std::strtoull(text, nullptr, 10);

@@ -60,8 +60,8 @@ TEST_F(TimeTest, ATimeThatCannotBeConvertedCountsAsDateZero) {
 TEST_F(TimeTest, AgreesWithWholeNumbersOverFourCenturies) {
     std::mt19937_64 random(7);
     for (int round = 0; round < 200'000; ++round) {
-        const std::uint64_t earlier = random() % (400 * 365 * kDay);
-        const std::uint64_t later = earlier + random() % (6 * kSecond);
+        const std::uint64_t earlier = random() % (kDay * 365 * 400);
+        const std::uint64_t later = earlier + random() % (kSecond * 6);
         const std::uint32_t precision = 1 + static_cast<std::uint32_t>(random() % 2);
         ASSERT_EQ(Newer(later, earlier, precision), model::IsNewerByOracle(later, earlier, precision))
             << later << " " << earlier << " " << precision;
@@ -97,8 +97,8 @@ TEST(WholeSecondsBetween, ReadsTheFractionForwardInDatesBeforeTheEpoch) {
 
 TEST(ModelLocalDate, CountsDaysFromTheEpochOfTheDateType) {
     constexpr std::uint64_t kUnixEpoch = 134'774 * kDay;
-    EXPECT_EQ(model::ModelLocalDate(kUnixEpoch - 9 * 3600 * kSecond), 25569.0);
-    EXPECT_EQ(model::ModelLocalDate(109'205 * kDay - 33 * 3600 * kSecond + 6 * 3600 * kSecond), -1.25);
+    EXPECT_EQ(model::ModelLocalDate(kUnixEpoch - kSecond * 3600 * 9), 25569.0);
+    EXPECT_EQ(model::ModelLocalDate(109'205 * kDay - kSecond * 3600 * 33 + kSecond * 3600 * 6), -1.25);
 }
 
 }  // namespace
