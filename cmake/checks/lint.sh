@@ -22,10 +22,10 @@ read_unit() {
     [[ ${unit##*/} == *tests* ]] && rules=tests/.clang-tidy
     # What is read is noted before: it may change meanwhile.
     sha256sum "$name.flags" .clang-tidy "$rules" "$here/lint.sh" "$here/units.sh" "$out/versions" >"$name.read"
-    inputs clang++ "${flags[@]}" "$unit" >>"$name.read" || return
+    inputs "$clang" "${flags[@]}" "$unit" >>"$name.read" || return
     # bugprone-suspicious-include means the unit itself, which includes sources, and -Wshadow the names in another
     # source of the unit; GCC reads each by itself.
-    if output=$(clang-tidy --quiet --config-file="$rules" --checks=-bugprone-suspicious-include "$unit" -- \
+    if output=$(clang-tidy-19 --quiet --config-file="$rules" --checks=-bugprone-suspicious-include "$unit" -- \
             "${flags[@]}" -Wno-shadow -Wno-unknown-warning-option 2>&1); then
         mv "$name.read" "$name.clean"
     else
@@ -40,7 +40,7 @@ if [ $# -gt 1 ]; then
 fi
 
 mkdir -p "$out"
-versions clang-tidy clang++ >"$out/versions"
+versions clang-tidy-19 "$clang" >"$out/versions"
 make_units "$out/portable" "$build/native/compile_commands.json" "$folders"
 make_units "$out/fuzz" "$build/fuzz/compile_commands.json" "tests/fuzz"
 sort "$out/portable/files" "$out/fuzz/files" >"$out/portable_files"

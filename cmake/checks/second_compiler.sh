@@ -48,7 +48,7 @@ warnings=(
     -Wextra-semi                        # none; an empty declaration says nothing
 )
 
-reading=(clang++ "${windows_target[@]}" -include "$here/unsafe_crt.h" -Wno-unknown-warning-option
+reading=("$clang" "${windows_target[@]}" -include "$here/unsafe_crt.h" -Wno-unknown-warning-option
     "${warnings[@]}" -ferror-limit=0 -fsyntax-only)
 
 # read_unit UNIT: reads one unit, unless all is as it was when it was clean.
@@ -85,7 +85,7 @@ fi
 
 try_samples
 mkdir -p "$out"
-versions clang++ >"$out/versions"
+versions "$clang" >"$out/versions"
 make_units "$out/native" "$build/native/compile_commands.json" "$folders"
 make_units "$out/windows" "$build/mingw/compile_commands.json" "$folders" "$out/native/files"
 make_units "$out/portable" "$build/mingw/compile_commands.json" "$folders" "$out/windows/files"

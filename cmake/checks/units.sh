@@ -3,6 +3,9 @@
 # of the test framework, so the sources of a folder are read together, as one translation unit; their unnamed
 # namespaces therefore share one set of names.
 
+# The same version on every system: what it finds, and how it lays code out, differs from one to the next.
+clang=clang++-19
+
 # The standard library of the Windows compiler, which clang does not find by itself.
 mingw=x86_64-w64-mingw32
 library=$("$mingw-g++-posix" -print-file-name=include/c++)

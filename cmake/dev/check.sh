@@ -12,7 +12,7 @@ judge() {
 
 sources() { (cd "$root" && find src tests tools -type f \( -name '*.h' -o -name '*.cpp' \) | sort); }
 
-check_format() { (cd "$root" && sources | xargs clang-format --dry-run -Werror); }
+check_format() { (cd "$root" && sources | xargs clang-format-19 --dry-run -Werror); }
 
 check_scripts() { (cd "$root" && bash cmake/checks/scripts.sh); }
 

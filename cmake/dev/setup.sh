@@ -8,8 +8,8 @@ packages_build=(cmake ninja-build g++-mingw-w64-x86-64-posix googletest)
 packages_wine=(wine64 xvfb fonts-ipafont-gothic imagemagick locales libxrender1 libxcursor1 libxi6 libxrandr2
     libxinerama1 libxcomposite1 libxfixes3)
 packages_native=(g++ cmake ninja-build googletest)
-packages_fuzz=(clang libclang-rt-dev cmake ninja-build)
-packages_check=(clang clang-format clang-tidy shellcheck)
+packages_fuzz=(clang-19 libclang-rt-19-dev cmake ninja-build)
+packages_check=(clang-19 clang-format-19 clang-tidy-19 shellcheck)
 packages_package=(zip)
 
 # missing_packages NAME...: those of them that are not installed.

@@ -60,7 +60,7 @@ void ProgressWindow::ShowItem(std::wstring_view name) {
 
 transfer::CollisionAnswer QuestionWindows::AskCollision(std::wstring_view name) {
     CDlgFileMode dialog(services_, progress_.Window(), std::wstring(name));
-    const int endCode = static_cast<int>(dialog.DoModal());
+    const int endCode = dialog.DoModal();
     return {endCode, dialog.Choice()};
 }
 

@@ -99,7 +99,7 @@ bool IndividualRun::TransferFile(std::wstring_view source) {
         return false;
     const std::wstring target = TargetOf(source);
     const std::wstring_view name = paths::LastComponent(target);
-    Item item{source, target, fileSystem_.Find(target)};
+    const Item item{source, target, fileSystem_.Find(target)};
     std::uint32_t policy = policy_;
     if (item.Existing && policy == kAskEach) {
         const CollisionAnswer answer = questions_.AskCollision(name);

@@ -39,9 +39,8 @@ double TimeParse(const std::wstring& block, std::size_t& made) {
     std::wstring option;
     TextList items;
     TextList folders;
-    const double spent = MillisecondsOf([&] {
-        ferry::hostlink::ParseHostBlock(units, units.size(), {currentDir, option, items, folders});
-    });
+    const double spent = MillisecondsOf(
+        [&] { ferry::hostlink::ParseHostBlock(units, units.size(), {currentDir, option, items, folders}); });
     made = items.Size();
     return spent;
 }

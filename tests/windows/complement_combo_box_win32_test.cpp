@@ -99,7 +99,7 @@ TEST_F(ComplementComboBoxTest, PageUpGoesUpOneLevelWhateverIsHeld) {
 }
 
 TEST_F(ComplementComboBoxTest, BackspaceAndKGoUpOneLevelWithCtrlOnly) {
-    for (const int key : {int{VK_BACK}, int{'K'}}) {
+    for (const int key : {VK_BACK, int{'K'}}) {
         for (const auto& held : AllHeldKeys()) {
             SCOPED_TRACE(Name(held));
             Type(L"C:\\a\\b");
@@ -210,7 +210,7 @@ TEST_F(ComplementComboBoxTest, TabAloneCompletesWhenCompletionIsOn) {
 TEST_F(ComplementComboBoxTest, SpaceAndJCompleteWithCtrlAlsoWhenCompletionIsOff) {
     for (const bool isOn : {true, false}) {
         box_.SetCompletionOn(isOn);
-        for (const int key : {int{VK_SPACE}, int{'J'}}) {
+        for (const int key : {VK_SPACE, int{'J'}}) {
             for (const auto& held : AllHeldKeys()) {
                 SCOPED_TRACE(Name(held));
                 Type(L"c");
@@ -315,7 +315,7 @@ TEST_F(ComplementComboBoxTest, ARelativeTextIsSearchedForBelowTheSearchBase) {
 
 TEST_F(ComplementComboBoxTest, DownTabSpaceAndJWalkTheOpenListAndWrap) {
     for (const auto& held : AllHeldKeys()) {
-        for (const int key : {int{VK_DOWN}, int{VK_TAB}, int{VK_SPACE}, int{'J'}}) {
+        for (const int key : {VK_DOWN, VK_TAB, VK_SPACE, int{'J'}}) {
             if ((key == VK_TAB && Has(held, VK_SHIFT)) ||
                 ((key == VK_SPACE || key == 'J') && !Has(held, VK_CONTROL))) {
                 continue;
@@ -334,7 +334,7 @@ TEST_F(ComplementComboBoxTest, DownTabSpaceAndJWalkTheOpenListAndWrap) {
 
 TEST_F(ComplementComboBoxTest, UpAndShiftTabWalkTheOpenListBackwardsAndWrap) {
     for (const auto& held : AllHeldKeys()) {
-        for (const int key : {int{VK_UP}, int{VK_TAB}}) {
+        for (const int key : {VK_UP, VK_TAB}) {
             if (key == VK_TAB && !Has(held, VK_SHIFT)) {
                 continue;
             }
@@ -416,7 +416,7 @@ TEST_F(ComplementComboBoxTest, KeysThatNeedAClosedListArePassedOnWhileItIsOpen) 
     OpenList();
     for (const auto& held : AllHeldKeys()) {
         SCOPED_TRACE(Name(held));
-        for (const int key : {int{VK_BACK}, int{'K'}, int{VK_PRIOR}, int{VK_NEXT}, int{'L'}, int{'H'}}) {
+        for (const int key : {VK_BACK, int{'K'}, VK_PRIOR, VK_NEXT, int{'L'}, int{'H'}}) {
             EXPECT_FALSE(Press(key, held)) << key;
         }
     }
@@ -492,7 +492,7 @@ TEST_F(ComplementComboBoxTest, KeysOfAnInputMethodArePassedOn) {
     Type(L"c");
     EXPECT_FALSE(Press(VK_PROCESSKEY));
     SendMessageW(box_.Edit(), WM_IME_STARTCOMPOSITION, 0, 0);
-    for (const int key : {int{VK_TAB}, int{VK_DOWN}, int{VK_UP}, int{VK_PRIOR}, int{VK_RETURN}}) {
+    for (const int key : {VK_TAB, VK_DOWN, VK_UP, VK_PRIOR, VK_RETURN}) {
         EXPECT_FALSE(Press(key)) << key;
     }
     EXPECT_EQ(Text(), L"c");

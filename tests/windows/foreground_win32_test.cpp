@@ -31,14 +31,14 @@ protected:
         if (action == kGetLockTimeout) {
             saved_ = static_cast<DWORD*>(pointer);
             *saved_ = kSavedTimeout;
-            steps_.push_back("read the lock");
+            steps_.emplace_back("read the lock");
         } else if (action == kSetLockTimeout && pointer == nullptr) {
-            steps_.push_back("set the lock to 0");
+            steps_.emplace_back("set the lock to 0");
         } else if (action == kSetLockTimeout && pointer == saved_) {
             EXPECT_EQ(*saved_, kSavedTimeout);
-            steps_.push_back("set the lock to the place of what was read");
+            steps_.emplace_back("set the lock to the place of what was read");
         } else {
-            steps_.push_back("another setting");
+            steps_.emplace_back("another setting");
         }
         return TRUE;
     }
@@ -46,7 +46,7 @@ protected:
     BOOL Attach(DWORD from, DWORD to, BOOL on) {
         EXPECT_EQ(from, GetCurrentThreadId());
         EXPECT_EQ(to, GetWindowThreadProcessId(other_, nullptr));
-        steps_.push_back(on ? "attach" : "detach");
+        steps_.emplace_back(on ? "attach" : "detach");
         return TRUE;
     }
 
@@ -61,7 +61,7 @@ protected:
     test::WatchedImport<&SetForegroundWindow> setForeground_{"SetForegroundWindow", [this](HWND window) {
                                                                  EXPECT_EQ(window, window_.Get());
                                                                  inFront_ = window;
-                                                                 steps_.push_back("to the front");
+                                                                 steps_.emplace_back("to the front");
                                                                  return TRUE;
                                                              }};
     test::WatchedImport<&AttachThreadInput> attach_{
@@ -89,7 +89,7 @@ TEST_F(BringingToTheFront, RaisesAboveEverythingAndLetsGoAtOnce) {
         "SetWindowPos", [this](HWND window, HWND after, int, int, int, int, UINT flags) {
             EXPECT_EQ(window, window_.Get());
             EXPECT_EQ(flags, UINT{SWP_NOMOVE | SWP_NOSIZE});
-            steps_.push_back(after == HWND_TOPMOST ? "topmost" : after == HWND_NOTOPMOST ? "not" : "else");
+            steps_.emplace_back(after == HWND_TOPMOST ? "topmost" : after == HWND_NOTOPMOST ? "not" : "else");
             return TRUE;
         });
     const test::WatchedImport<&KillTimer> kill("KillTimer");

@@ -106,34 +106,34 @@ private:
         }};
     test::WatchedImport<&MapViewOfFile> map_{
         "MapViewOfFile", [this](HANDLE mapping, DWORD access, DWORD high, DWORD low, SIZE_T size) {
-            Seen.push_back("map");
+            Seen.emplace_back("map");
             return map_.CallReal(mapping, access, high, low, size);
         }};
     test::WatchedImport<&CreateMutexW> makeGuard_{
         "CreateMutexW", [this](LPSECURITY_ATTRIBUTES security, BOOL owned, LPCWSTR name) {
             EXPECT_EQ(security, nullptr);
             EXPECT_FALSE(owned);
-            Seen.push_back("guard");
+            Seen.emplace_back("guard");
             return guard_ = makeGuard_.CallReal(security, owned, name);
         }};
     test::WatchedImport<&WaitForSingleObject> wait_{"WaitForSingleObject",
                                                     [this](HANDLE object, DWORD limitMs) {
                                                         if (IsOurs(object))
-                                                            Seen.push_back("lock");
+                                                            Seen.emplace_back("lock");
                                                         return wait_.CallReal(object, limitMs);
                                                     }};
     test::WatchedImport<&ReleaseMutex> release_{"ReleaseMutex", [this](HANDLE mutex) {
-                                                    Seen.push_back("unlock");
+                                                    Seen.emplace_back("unlock");
                                                     return release_.CallReal(mutex);
                                                 }};
     test::WatchedImport<&UnmapViewOfFile> unmap_{"UnmapViewOfFile", [this](LPCVOID view) {
-                                                     Seen.push_back("unmap");
+                                                     Seen.emplace_back("unmap");
                                                      return unmap_.CallReal(view);
                                                  }};
     test::WatchedImport<&CloseHandle> close_{
         "CloseHandle", [this](HANDLE handle) {
             if (IsOurs(handle))
-                Seen.push_back(handle == mapping_ ? "close mapping" : "close guard");
+                Seen.emplace_back(handle == mapping_ ? "close mapping" : "close guard");
             return close_.CallReal(handle);
         }};
 };

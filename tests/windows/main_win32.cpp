@@ -10,7 +10,7 @@ int main(int argc, char** argv) {
     if (const auto exitCode = ferry::test::PlayChild()) {
         return *exitCode;
     }
-    INITCOMMONCONTROLSEX controls{sizeof(controls), ICC_WIN95_CLASSES};
+    const INITCOMMONCONTROLSEX controls{sizeof(controls), ICC_WIN95_CLASSES};
     InitCommonControlsEx(&controls);
     testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();

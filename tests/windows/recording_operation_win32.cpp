@@ -141,7 +141,7 @@ HRESULT RecordingClass::CreateInstance(IUnknown*, REFIID id, void** object) {
     const HRESULT result = operation->QueryInterface(id, object);
     if (SUCCEEDED(result)) {
         // From here on its references keep it.
-        static_cast<void>(operation.release());
+        static_cast<void>(operation.release());  // NOLINT(bugprone-unused-return-value): COM owns it now
     }
     return result;
 }

@@ -61,13 +61,13 @@ TEST_F(RunWindows, EnableTheConfirmationBeforeTheyGo) {
     Steps steps;
     const test::WatchedImport<&EnableWindow> enable("EnableWindow", [&](HWND window, BOOL on) {
         if (window == confirmation_.Get())
-            steps.push_back(on ? "enable" : "disable");
+            steps.emplace_back(on ? "enable" : "disable");
         return enable.CallReal(window, on);
     });
     HWND window = nullptr;
     const test::WatchedImport<&DestroyWindow> destroy("DestroyWindow", [&](HWND gone) {
         if (gone == window)
-            steps.push_back("destroy");
+            steps.emplace_back("destroy");
         return destroy.CallReal(gone);
     });
     {

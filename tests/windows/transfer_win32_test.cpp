@@ -420,7 +420,7 @@ private:
 TEST_F(WindowsFileSystemTest, GivesTheSystemEveryLongPathInItsPrefixedForm) {
     const std::wstring path = folder_.LongFolder() + L"\\below";
     const std::wstring prefixed = L"\\\\?\\" + path;
-    WatchedPaths paths;
+    const WatchedPaths paths;
     const FailingSearches searches(ERROR_ACCESS_DENIED);
     files_.CreateFolder(path);
     files_.Attributes(path);

@@ -95,7 +95,7 @@ TEST(TextList, KeepsViewsValidWhenItIsMovedAndLeavesTheOtherEmptyAndUsable) {
     TextList from;
     from.Append(L"kept");
     const std::wstring_view view = from[0];
-    TextList to(std::move(from));
+    const TextList to(std::move(from));
     EXPECT_EQ(to[0].data(), view.data());
     EXPECT_EQ(view, L"kept");
     EXPECT_TRUE(from.IsEmpty());  // NOLINT(bugprone-use-after-move): the class promises this

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
+#include <ranges>
 
 #include "base/invalid_argument.h"
 #include "core/settings/memory_store.h"
@@ -16,8 +16,9 @@ using Texts = std::vector<std::wstring>;
 /// A history with these entries, the first one the most recent.
 History HistoryOf(const Texts& entries) {
     History history;
-    std::for_each(entries.rbegin(), entries.rend(),
-                  [&history](const std::wstring& entry) { history.Add(entry); });
+    for (const std::wstring& entry : std::views::reverse(entries)) {
+        history.Add(entry);
+    }
     return history;
 }
 

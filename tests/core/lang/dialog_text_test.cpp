@@ -12,6 +12,8 @@ namespace ferry::lang {
 
 using Kind = DialogTextEdit::Kind;
 
+// The test framework finds these by the namespace of their argument.
+// NOLINTBEGIN(misc-use-internal-linkage)
 bool operator==(const DialogTextEdit& left, const DialogTextEdit& right) {
     return left.What == right.What && left.ControlId == right.ControlId && left.Text == right.Text;
 }
@@ -19,6 +21,7 @@ bool operator==(const DialogTextEdit& left, const DialogTextEdit& right) {
 void PrintTo(const DialogTextEdit& edit, std::ostream* out) {
     *out << static_cast<int>(edit.What) << '/' << edit.ControlId << '/' << base::ToUtf8(edit.Text);
 }
+// NOLINTEND(misc-use-internal-linkage)
 
 namespace {
 

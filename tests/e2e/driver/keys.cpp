@@ -1,6 +1,6 @@
 #include "e2e/driver/keys.h"
 
-#include <iterator>
+#include <ranges>
 
 #include "e2e/driver/poll.h"
 
@@ -39,8 +39,8 @@ void PressChord(std::initializer_list<WORD> keys) {
     for (const WORD key : keys) {
         KeyDown(key);
     }
-    for (auto key = std::rbegin(keys); key != std::rend(keys); ++key) {
-        KeyUp(*key);
+    for (const WORD key : std::views::reverse(keys)) {
+        KeyUp(key);
     }
 }
 

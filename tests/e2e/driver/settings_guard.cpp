@@ -58,7 +58,7 @@ std::optional<std::wstring> ReadText(const wchar_t* key, const std::wstring& nam
     const auto found = values.find(name);
     if (found == values.end() || found->second.Type != REG_SZ)
         return std::nullopt;
-    std::wstring text = base::UnitsFromBytes(std::as_bytes(std::span(found->second.Bytes)));
+    const std::wstring text = base::UnitsFromBytes(std::as_bytes(std::span(found->second.Bytes)));
     return text.substr(0, text.find(L'\0'));
 }
 

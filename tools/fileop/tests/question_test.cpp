@@ -40,7 +40,7 @@ TEST_F(QuestionTest, EachFileIsReplacedOrSkippedAsAnswered) {
 }
 
 TEST_F(QuestionTest, CancelStopsTheRun) {
-    WindowDriver driver({{kTitle, L'r'}, {kTitle, VK_ESCAPE}});
+    const WindowDriver driver({{kTitle, L'r'}, {kTitle, VK_ESCAPE}});
     const Outcome outcome = Perform(jobs_, FOF_SILENT);
     EXPECT_EQ(outcome.Performed, kCancelled);
     EXPECT_TRUE(outcome.IsAborted);
@@ -49,13 +49,13 @@ TEST_F(QuestionTest, CancelStopsTheRun) {
 }
 
 TEST_F(QuestionTest, AnAnswerForAllIsNotAskedAgain) {
-    WindowDriver driver({{kTitle, L'a'}, {kTitle, L'r'}});
+    const WindowDriver driver({{kTitle, L'a'}, {kTitle, L'r'}});
     EXPECT_EQ(Perform(jobs_, FOF_SILENT).Performed, S_OK);
     EXPECT_THAT(Contents(), ElementsAre("incoming 1", "incoming 2", "incoming 3"));
 }
 
 TEST_F(QuestionTest, TheEnterKeySkips) {
-    WindowDriver driver({{kTitle, VK_RETURN}});
+    const WindowDriver driver({{kTitle, VK_RETURN}});
     EXPECT_EQ(Perform({jobs_[0]}, FOF_SILENT).Performed, S_OK);
     EXPECT_THAT(Contents(), ElementsAre("existing 1", "existing 2", "existing 3"));
 }

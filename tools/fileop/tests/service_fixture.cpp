@@ -29,8 +29,8 @@ class KeepsRegistration : public testing::Environment {
 public:
     void SetUp() override {
         DWORD size = sizeof(before_);
-        hasBefore_ = RegGetValueW(HKEY_LOCAL_MACHINE, kRegistrationKey, nullptr, RRF_RT_REG_SZ, nullptr, before_,
-                                  &size) == ERROR_SUCCESS;
+        hasBefore_ = RegGetValueW(HKEY_LOCAL_MACHINE, kRegistrationKey, nullptr, RRF_RT_REG_SZ, nullptr,
+                                  before_, &size) == ERROR_SUCCESS;
     }
     void TearDown() override {
         if (hasBefore_)

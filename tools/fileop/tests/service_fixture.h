@@ -27,7 +27,7 @@ struct Job {
     bool Moves = false;
     std::wstring Source;
     std::wstring Folder;
-    std::wstring NewName = {};
+    std::wstring NewName = {};  // NOLINT(readability-redundant-member-init): most jobs leave it out
 };
 
 /// What a test says that is skipped outside Wine, where the system's own class transfers.
