@@ -25,6 +25,13 @@ TEST(ToSmall, MapsTheCapitalsOfEverydayAlphabets) {
     }
 }
 
+TEST(ToSmall, MapsTheFirstAndTheLastCapitalOfEachAlphabet) {
+    constexpr std::wstring_view kCapitals = L"ÀÖØÞĀĮĲĶĹŇŊŶŹŽΈΊΌΎΏΑΡΣΫЀЏАЯѠҀҊҾӐԢԱՖḀẔẠỾⅠⅯⒶⓏＡＺ";
+    constexpr std::wstring_view kSmall = L"àöøþāįĳķĺňŋŷźžέίόύώαρσϋѐџаяѡҁҋҿӑԣաֆḁẕạỿⅰⅿⓐⓩａｚ";
+    EXPECT_EQ(SmallLetters(kCapitals), kSmall);
+    EXPECT_EQ(SmallLetters(kSmall), kSmall);
+}
+
 TEST(ToSmall, LeavesEverythingElseAlone) {
     for (const wchar_t unit : {L'\0', L'0', L'@', L'[', L'_', L'×', L'ß', L'İ', L'ı', L'あ', L'漢', L'￿'}) {
         EXPECT_EQ(ToSmall(unit), unit) << static_cast<unsigned>(unit);

@@ -84,6 +84,18 @@ TEST(TextList, TakesATextThatIsLongerThanABlock) {
     EXPECT_EQ(list[2], L"after");
 }
 
+TEST(TextList, FillsABlockToItsLastUnitAndNoFurther) {
+    for (std::size_t length = 4000; length < 4200; ++length) {
+        const std::wstring first(length, L'x');
+        TextList list;
+        list.Append(first);
+        list.Append(L"y");
+        ASSERT_EQ(list[0], first);
+        ASSERT_EQ(list[0].data()[length], L'\0') << length;
+        ASSERT_EQ(list[1], L"y") << length;
+    }
+}
+
 TEST(TextList, TakesATextOfItsOwn) {
     TextList list;
     list.Append(std::wstring(4000, L'x'));

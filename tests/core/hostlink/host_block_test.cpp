@@ -186,6 +186,7 @@ TEST(HostBlock, EndsAtANulAtEveryDistanceFromTheNextTab) {
 
 TEST(TextFromPayload, EndsAtTheFirstNulOrWithThePayload) {
     EXPECT_EQ(TextFromPayload(base::BytesFromUnits(L"C:\\Dest\0rest"sv)), L"C:\\Dest");
+    EXPECT_EQ(TextFromPayload(base::BytesFromUnits(L"C:\\Dest\0rest\0"sv)), L"C:\\Dest");
     EXPECT_EQ(TextFromPayload(base::BytesFromUnits(L"C:\\Dest")), L"C:\\Dest");
     EXPECT_EQ(TextFromPayload({}), L"");
     auto odd = base::BytesFromUnits(L"ab");

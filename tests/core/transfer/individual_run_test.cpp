@@ -232,6 +232,21 @@ TEST_F(IndividualRunTest, ACancelStopsBeforeTheNextItemAndRemovesNoFolder) {
     EXPECT_TRUE(Exists(L"C:\\src\\later"));
 }
 
+TEST_F(IndividualRunTest, ACancelBetweenTwoFoldersMakesNoOtherAndTransfersNoFile) {
+    AddFile(L"C:\\src\\dir\\a");
+    AddFile(L"C:\\src\\dir\\sub\\b");
+    AddSource(L"C:\\src\\dir");
+    UseMove();
+    run.Shared.Faults = [drains = 0](std::size_t, std::wstring_view port) mutable {
+        return port == L"Drain" && ++drains == 2 ? Fault::Cancel : Fault::None;
+    };
+    EXPECT_FALSE(run.Run());
+    EXPECT_TRUE(Exists(L"D:\\out\\dir"));
+    EXPECT_FALSE(Exists(L"D:\\out\\dir\\sub"));
+    EXPECT_FALSE(Exists(L"D:\\out\\dir\\a"));
+    EXPECT_TRUE(Exists(L"C:\\src\\dir\\sub\\b"));
+}
+
 TEST_F(IndividualRunTest, AnAbortedOperationStopsTheWholeTransfer) {
     AddFile(L"C:\\src\\a");
     AddFile(L"C:\\src\\b");

@@ -134,7 +134,9 @@ TEST_F(ItemEngineTest, ASourceWhoseTimeIsUnknownIsNeitherNewerNorOlder) {
         Fail(L"Find", Fault::None);
         const Item item{kSource, kTarget, files.Find(kTarget)};
         Fail(L"Find", Fault::Fail);
+        world.Log.clear();
         EXPECT_EQ(engine->Handle(item, policy), ItemResult::Continue);
+        EXPECT_EQ(world.Log, (Lines{L"Find C:\\src\\a.txt"})) << "the shell is not asked";
         EXPECT_EQ(ContentAt(kTarget), "existing");
         Fail(L"Find", Fault::Vanish);
         EXPECT_EQ(engine->Handle(item, policy), ItemResult::Continue);

@@ -34,6 +34,16 @@ TEST_F(SourceListingTest, ReadsASubfolderWhereTheSearchMeetsIt) {
                                            L"C:\\s\\m\\z.txt", L"C:\\s\\n.txt", L"C:\\s\\p.txt"}));
 }
 
+TEST_F(SourceListingTest, HasTheLastEntryHoweverShortItsName) {
+    world.Files.AddFile(L"C:\\s\\a\\b", "");
+    world.Files.AddFile(L"C:\\s\\a\\c\\d", "");
+    world.Files.AddFile(L"C:\\s\\e", "");
+    world.Files.AddFolder(L"C:\\s\\f");
+    const SourceListing listing = ListSourceFolder(files, L"C:\\s");
+    EXPECT_EQ(Texts(listing.Folders), (Paths{L"C:\\s", L"C:\\s\\a", L"C:\\s\\a\\c", L"C:\\s\\f"}));
+    EXPECT_EQ(Texts(listing.Files), (Paths{L"C:\\s\\a\\b", L"C:\\s\\a\\c\\d", L"C:\\s\\e"}));
+}
+
 TEST_F(SourceListingTest, ADriveRootIsNotGivenASecondSeparator) {
     world.Files.AddFile(L"C:\\a", "");
     const SourceListing listing = ListSourceFolder(files, L"C:\\");
