@@ -10,7 +10,6 @@ build=$(realpath "$1")
 out=$build/lint
 
 # Each benchmark has a goal and rounds of its own, under the same names.
-# Not yet: tests/core tests/windows.
 folders="src tools/fileop/tests tools tests/fuzz tests/bench/apart tests/e2e tests/core tests/windows"
 
 # read_unit UNIT: reads one unit, unless all is as it was when it was clean.

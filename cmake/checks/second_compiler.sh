@@ -10,8 +10,7 @@ build=$(realpath "$1")
 out=$build/second_compiler
 
 # Each benchmark has a goal and rounds of its own, under the same names.
-# Not yet: tests/core and tests/e2e, whose sources bear some names twice.
-folders="src tools tests/windows tests/e2e tests/bench/apart"
+folders="src tools tests/core tests/windows tests/e2e tests/bench/apart"
 
 # Beside each the warnings of Visual C++ that it stands for. GCC sees to the formats of printf (C4477), and to names
 # that hide names (C4456 to C4459): here the sources of a unit would seem to hide those of each other.

@@ -4,7 +4,8 @@
 # namespaces therefore share one set of names.
 
 # The same version on every system: what it finds, and how it lays code out, differs from one to the next.
-clang=clang++-19
+# shellcheck disable=SC2034 # for the scripts that read this one
+clang="clang++-19"
 
 # The standard library of the Windows compiler, which clang does not find by itself.
 mingw=x86_64-w64-mingw32

@@ -23,7 +23,7 @@ run_bench() {
 run_native_bench() { timeout -k 10 "$bench_limit" "$@"; }
 
 run_wine_bench() {
-    LC_ALL=$wine_locale timeout -k 10 "$bench_limit" $pinned "$wine_loader" "$@" 9>&-
+    LC_ALL=$wine_locale timeout -k 10 "$bench_limit" "${pinned[@]}" "$wine_loader" "$@" 9>&-
 }
 
 # fill_bench_folder: what the benchmarks work on, in one folder of C:.
@@ -42,8 +42,8 @@ remove_bench_folder() { rm -rf "$bench_folder"; }
 # restart_pinned_wine: a fresh server and fresh services, on the processors where the next programs are to run.
 restart_pinned_wine() {
     stop_wine
-    $pinned "$wine_server" -p60 9>&- >/dev/null 2>&1 || true
-    LC_ALL=$wine_locale $pinned "$wine_loader" cmd.exe /c exit >/dev/null 2>&1 </dev/null 9>&- || true
+    "${pinned[@]}" "$wine_server" -p60 9>&- >/dev/null 2>&1 || true
+    LC_ALL=$wine_locale "${pinned[@]}" "$wine_loader" cmd.exe /c exit >/dev/null 2>&1 </dev/null 9>&- || true
 }
 
 run_native_benches() {
@@ -75,17 +75,18 @@ run_pinned_benches() {
     local processor
     # The last one that we may use; the first one has most of the interrupts.
     processor=$(taskset -cp $$ | sed 's/.*[^0-9]//')
-    pinned="taskset -c $processor"
+    pinned=(taskset -c "$processor")
     # Wine tells its programs of all processors.
     export FERRY_BENCH_PROCESSORS=1
     restart_pinned_wine
     run_wine_benches "$@"
     unset FERRY_BENCH_PROCESSORS
-    pinned=
+    pinned=()
     restart_pinned_wine
 }
 
 # The value of a field of the line, for the awk programs below.
+# shellcheck disable=SC2016  # awk's own $0
 bench_awk='
     function field(name,   rest) {
         if (!match($0, "\"" name "\" *: *")) return "-"
@@ -115,8 +116,8 @@ bench_verdict() {
 }
 
 command_bench() {
-    local twice
-    bench_failed=() pinned=
+    local twice names
+    bench_failed=() pinned=()
     need native
     build_preset native benches
     build_app
@@ -125,8 +126,10 @@ command_bench() {
     run_native_benches
     open_wine virtual
     fill_bench_folder
-    run_wine_benches $(wine_benches | grep -vxE "$serial_benches")
-    run_pinned_benches $(wine_benches | grep -xE "$serial_benches")
+    mapfile -t names < <(wine_benches | grep -vxE "$serial_benches")
+    run_wine_benches "${names[@]}"
+    mapfile -t names < <(wine_benches | grep -xE "$serial_benches")
+    run_pinned_benches "${names[@]}"
     [ -s "$build/bench.lines" ] || bench_failed+=("nothing at all was measured")
     twice=$(sed 's/","ferry.*//' "$build/bench.lines" | sort | uniq -d)
     [ -z "$twice" ] || bench_failed+=("a name stands twice: $twice")
