@@ -49,11 +49,16 @@ compile_commands() {
         /^ *"file": / { print object(command) "\t" folder "\t" value($0) "\t" command }' "$1/compile_commands.json"
 }
 
-# dependents BUILD FILE: the objects that are made from a file, by the compiler's own notes.
+# dependents BUILD FILE: the objects that are made from a file, by the compiler's own notes. A compiler cache
+# may have noted paths that begin at the build.
 dependents() {
-    ninja -C "$1" -t deps 2>/dev/null | awk -v wanted="$2" '
+    ninja -C "$1" -t deps 2>/dev/null | awk -v wanted="$2" -v build="$1" '
         /^[^ ].*: #deps/ { object = $1; sub(/:$/, "", object); next }
-        $1 == wanted { print object }'
+        {
+            file = $1 ~ /^\// ? $1 : build "/" $1
+            while (sub(/\/[^\/]+\/\.\.\//, "/", file)) {}
+        }
+        file == wanted { print object }'
 }
 
 # link_command BUILD PROGRAM: the one command that links it.
