@@ -610,6 +610,13 @@ TEST_F(ComplementComboBoxTest, ADropGoesOnToTheDefaultHandling) {
     EXPECT_EQ(belowBox_.Count(WM_DROPFILES), 2U);
 }
 
+TEST_F(ComplementComboBoxTest, ADropIsLetGoOnce) {
+    const test::WatchedImport<&DragFinish> finish("DragFinish");
+    const HDROP drop = MakeDrop({L"D:\\dropped"});
+    SendMessageW(Control(), WM_DROPFILES, reinterpret_cast<WPARAM>(drop), 0);
+    EXPECT_EQ(std::get<0>(finish.OnlyCall()), drop);
+}
+
 TEST_F(ComplementComboBoxTest, ADropOfNothingChangesNothing) {
     Type(L"C:\\x");
     SendMessageW(Control(), WM_DROPFILES, reinterpret_cast<WPARAM>(MakeDrop({})), 0);
