@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 // After windows.h, which these build on.
 #include <commctrl.h>
+#include <imm.h>
 #include <objbase.h>
 #include <shellapi.h>
 
@@ -80,6 +81,7 @@ protected:
         ASSERT_TRUE(InitCommonControlsEx(&classes));
         ASSERT_TRUE(dialog_.Create(nullptr));
         icons_ = ImageList_Create(16, 16, ILC_COLOR, 1, 1);
+        belowList_ = std::make_unique<test::WatchedMessages>(dialog_.Item(IDC_SOURCE_LIST));
         list_ = std::make_unique<CCmdListCtrl>();
         ASSERT_TRUE(list_->Prepare(dialog_.Item(IDC_SOURCE_LIST), icons_));
         messages_ = std::make_unique<test::WatchedMessages>(list_->Handle());
@@ -114,11 +116,23 @@ protected:
         EXPECT_TRUE(test::PumpUntil([&] { return messages_->Count(kIconsReady) > before; }));
     }
 
+    LRESULT Ask(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
+        return SendMessageW(list_->Handle(), message, wParam, lParam);
+    }
+
+    /// Many items, of which the first is focused and one far below stands at the top.
+    void AppendManyAndScroll() {
+        Append(std::vector<std::wstring>(200, L"C:\\many"));
+        ListView_SetItemState(list_->Handle(), 0, LVIS_FOCUSED, LVIS_FOCUSED);
+        ListView_EnsureVisible(list_->Handle(), 150, FALSE);
+    }
+
     int IconOf(int index) const { return list_->Items().Icon(static_cast<std::size_t>(index)); }
 
     framework::CDialog dialog_{IDD_FERRY};
     HIMAGELIST icons_ = nullptr;
     WatchedIcons shell_;
+    std::unique_ptr<test::WatchedMessages> belowList_;  ///< What the list leaves to its window.
     std::unique_ptr<CCmdListCtrl> list_;
     std::unique_ptr<test::WatchedMessages> messages_;
 };
@@ -238,6 +252,62 @@ TEST_F(CmdListCtrlTest, EmptiedItHasNeitherItemsNorIcons) {
     EXPECT_EQ(list_->Items().Size(), 0U);
     Append({L"C:\\c"});
     EXPECT_EQ(IconOf(0), ListItems::kNoIcon);
+}
+
+TEST_F(CmdListCtrlTest, StaysWhereItIsScrolledToWhenMoreItemsCome) {
+    AppendManyAndScroll();
+    const LRESULT top = Ask(LVM_GETTOPINDEX);
+    ASSERT_GT(top, 100);
+    Append({L"C:\\more"});
+    EXPECT_EQ(Ask(LVM_GETTOPINDEX), top);
+}
+
+TEST_F(CmdListCtrlTest, ItsColumnHoldsTheLongestNameAndNeverMoreThanTheList) {
+    RECT client{};
+    GetClientRect(list_->Handle(), &client);
+    constexpr LRESULT kIconWidth = 16;
+    Append({L"C:\\folder\\a longer name", L"C:\\b"});
+    const LRESULT text = Ask(LVM_GETSTRINGWIDTHW, 0, reinterpret_cast<LPARAM>(L"a longer name"));
+    EXPECT_GT(Ask(LVM_GETCOLUMNWIDTH), text + kIconWidth);
+    EXPECT_LT(Ask(LVM_GETCOLUMNWIDTH), client.right);
+    Append({L"C:\\" + std::wstring(200, L'w')});
+    EXPECT_EQ(Ask(LVM_GETCOLUMNWIDTH), client.right);
+}
+
+TEST_F(CmdListCtrlTest, HasNoInputMethodWhichWouldComposeWhatIsTyped) {
+    EXPECT_EQ(ImmGetContext(list_->Handle()), nullptr);
+    EXPECT_NE(ImmGetContext(dialog_.Handle()), nullptr);
+}
+
+TEST_F(CmdListCtrlTest, ALetterGoesToTheItemThatBeginsWithItAndShowsIt) {
+    AppendManyAndScroll();
+    Append({L"C:\\zebra"});
+    ListView_EnsureVisible(list_->Handle(), 0, FALSE);
+    messages_->Forget();
+    Ask(WM_KEYDOWN, 'Z', 1);
+    EXPECT_EQ(Ask(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED), 200);
+    EXPECT_EQ(Ask(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED), 200);
+    EXPECT_GT(Ask(LVM_GETTOPINDEX), 100);
+    // Some systems show whatever is focused, others only what they are told to show.
+    ASSERT_EQ(messages_->Count(LVM_ENSUREVISIBLE), 1U);
+    EXPECT_EQ(messages_->Of(LVM_ENSUREVISIBLE)[0].wParam, 200U);
+}
+
+TEST_F(CmdListCtrlTest, ALetterWithCtrlIsACommandAndFindsNothing) {
+    Append({L"C:\\apple", L"C:\\zebra"});
+    test::HoldKeys({VK_CONTROL});
+    Ask(WM_KEYDOWN, 'Z', 1);
+    test::HoldKeys({});
+    EXPECT_EQ(Ask(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED), -1);
+}
+
+TEST_F(CmdListCtrlTest, KeepsTheCharactersOfNamesFromTheWindowsOwnSearch) {
+    for (const wchar_t unit : {L'a', L'Z', L'0', L'9'}) {
+        Ask(WM_CHAR, unit, 1);
+    }
+    EXPECT_EQ(belowList_->Count(WM_CHAR), 0U);
+    Ask(WM_CHAR, L' ', 1);
+    EXPECT_EQ(belowList_->Count(WM_CHAR), 1U);
 }
 
 TEST(ListItemsTest, AreGuardedByASectionThatSpinsAWhile) {

@@ -283,6 +283,22 @@ TEST_F(ComplementComboBoxTest, NoMatchLeavesTheTextAndAnEmptyList) {
     EXPECT_EQ(Shown(), Texts{});
 }
 
+TEST_F(ComplementComboBoxTest, TheTextAndItsSelectionStayWhereAnEmptiedListTakesThemAlong) {
+    const test::WatchedImport<&SendMessageW> send(
+        "SendMessageW", [&](HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+            const LRESULT result = send.CallReal(window, message, wParam, lParam);
+            if (window == Control() && message == CB_RESETCONTENT) {
+                SetWindowTextW(box_.Edit(), L"");
+            }
+            return result;
+        });
+    lookup_.Items.clear();
+    Type(L"C:\\x\\none", 3, 5);
+    EXPECT_TRUE(Press(VK_TAB));
+    EXPECT_EQ(Text(), L"C:\\x\\none");
+    EXPECT_EQ(Selection(), std::pair(3, 5));
+}
+
 TEST_F(ComplementComboBoxTest, AnEmptyTextOffersTheFixedItemsNotThoseOfAnEarlierSearch) {
     OpenList();
     EXPECT_TRUE(Press(VK_ESCAPE));
@@ -608,6 +624,13 @@ TEST_F(ComplementComboBoxTest, ADropGoesOnToTheDefaultHandling) {
     EXPECT_EQ(belowBox_.Of(WM_DROPFILES)[0].wParam, reinterpret_cast<WPARAM>(drop));
     SendMessageW(Control(), WM_DROPFILES, reinterpret_cast<WPARAM>(MakeDrop({})), 0);
     EXPECT_EQ(belowBox_.Count(WM_DROPFILES), 2U);
+}
+
+TEST_F(ComplementComboBoxTest, ADropIsLetGoOnce) {
+    const test::WatchedImport<&DragFinish> finish("DragFinish");
+    const HDROP drop = MakeDrop({L"D:\\dropped"});
+    SendMessageW(Control(), WM_DROPFILES, reinterpret_cast<WPARAM>(drop), 0);
+    EXPECT_EQ(std::get<0>(finish.OnlyCall()), drop);
 }
 
 TEST_F(ComplementComboBoxTest, ADropOfNothingChangesNothing) {

@@ -6,6 +6,7 @@
 #include "completion/candidates.h"
 #include "completion/folder_lookup_win32.h"
 #include "windows/support_win32.h"
+#include "windows/watched_import_win32.h"
 
 namespace ferry::completion {
 namespace {
@@ -50,6 +51,32 @@ TEST_F(WindowsFolderLookupTest, FindsNothingWhereThereIsNothing) {
     EXPECT_EQ(FindCandidates(lookup_, L"\\\\no-such-server.invalid\\share\\", true), Texts{});
     EXPECT_EQ(FindCandidates(lookup_, L"C:\\|<>\"", true), Texts{});
     EXPECT_EQ(lookup_.Attributes(folder_ / L"missing"), INVALID_FILE_ATTRIBUTES);
+}
+
+TEST_F(WindowsFolderLookupTest, TakesFoldersForFoldersWhateverElseTheyAre) {
+    constexpr DWORD kMore = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_READONLY;
+    const test::WatchedImport<&FindFirstFileW> plain("FindFirstFileW",
+                                                     [&](LPCWSTR pattern, LPWIN32_FIND_DATAW data) {
+                                                         const HANDLE search = plain.CallReal(pattern, data);
+                                                         data->dwFileAttributes |= kMore;
+                                                         return search;
+                                                     });
+    const test::WatchedImport<&FindFirstFileExW> extended(
+        "FindFirstFileExW", [&](LPCWSTR pattern, FINDEX_INFO_LEVELS level, LPVOID data,
+                                FINDEX_SEARCH_OPS what, LPVOID filter, DWORD flags) {
+            const HANDLE search = extended.CallReal(pattern, level, data, what, filter, flags);
+            static_cast<WIN32_FIND_DATAW*>(data)->dwFileAttributes |= kMore;
+            return search;
+        });
+    EXPECT_EQ(FindCandidates(lookup_, folder_ / L"other", true), Texts{folder_ / L"other\\"});
+}
+
+TEST_F(WindowsFolderLookupTest, KeepsNoSearchOpen) {
+    const test::WatchedImport<&FindClose> close("FindClose");
+    lookup_.Search(folder_ / L"*", [](const Match&) { return true; });
+    EXPECT_EQ(close.Calls().size(), 1U);
+    lookup_.Search(folder_ / L"*", [](const Match&) { return false; });
+    EXPECT_EQ(close.Calls().size(), 2U);
 }
 
 TEST_F(WindowsFolderLookupTest, ASearchGoesOnToItsEndWhenTheFolderVanishes) {

@@ -16,12 +16,14 @@ class PickyControl : public CWnd {
 public:
     bool PreTranslateMessage(MSG& message) override {
         ++Seen;
+        Last = message.message;
         if (message.wParam == FailingKey) {
             throw InvalidArgument();
         }
         return message.wParam == VK_F3;
     }
     int Seen = 0;
+    UINT Last = WM_NULL;
     WPARAM FailingKey = VK_F2;
 };
 
@@ -34,13 +36,15 @@ protected:
         ASSERT_TRUE(control_.Attach(dialog_.Item(IDC_DESTINATION)));
     }
 
-    bool Press(WPARAM key, HWND window) {
+    bool Handle(UINT kind, HWND window, WPARAM wParam = 0) {
         MSG message{};
         message.hwnd = window;
-        message.message = WM_KEYDOWN;
-        message.wParam = key;
+        message.message = kind;
+        message.wParam = wParam;
         return dialog_.HandleDialogMessage(message);
     }
+
+    bool Press(WPARAM key, HWND window) { return Handle(WM_KEYDOWN, window, key); }
 
     CDialog dialog_{IDD_FERRY};
     PickyControl control_;
@@ -74,6 +78,30 @@ TEST_F(DialogKeys, AKeyWhoseHandlingFailedIsNotHandledAgain) {
     // Anywhere else the key ends the dialog.
     EXPECT_TRUE(Press(VK_ESCAPE, dialog_.Item(IDC_SOURCE_LIST)));
     EXPECT_FALSE(IsWindowVisible(dialog_.Handle()));
+}
+
+TEST_F(DialogKeys, TheMouseTakesTheSameWayAndOtherMessagesDoNot) {
+    const HWND inside =
+        reinterpret_cast<HWND>(SendMessageW(dialog_.Item(IDC_DESTINATION), CBEM_GETEDITCONTROL, 0, 0));
+    for (const UINT kind : {WM_MOUSEWHEEL, WM_LBUTTONDBLCLK, WM_SYSKEYDOWN}) {
+        EXPECT_TRUE(Handle(kind, inside, VK_F3));
+        EXPECT_EQ(control_.Last, kind);
+    }
+    const int seen = control_.Seen;
+    Handle(WM_TIMER, inside, VK_F3);
+    EXPECT_EQ(control_.Seen, seen);
+}
+
+TEST_F(DialogKeys, AControlWhoseObjectIsGoneIsAskedNoMore) {
+    const HWND list = dialog_.Item(IDC_SOURCE_LIST);
+    {
+        PickyControl object;
+        ASSERT_TRUE(object.Attach(list));
+        EXPECT_EQ(CWnd::FromHandle(list), &object);
+        EXPECT_TRUE(Press(VK_F3, list));
+        EXPECT_EQ(object.Seen, 1);
+    }
+    EXPECT_EQ(CWnd::FromHandle(list), nullptr);
 }
 
 }  // namespace

@@ -182,5 +182,20 @@ TEST_F(Arrivals, ADropIsTheSelectionThenTheTabsThenNothing) {
     EXPECT_EQ(Destination(), L"D:\\tab\\");
 }
 
+TEST_F(Arrivals, EveryDropIsLetGoWhateverBecomesOfIt) {
+    Open({});
+    std::vector<HDROP> letGo;
+    const test::WatchedImport<&DragFinish> finish("DragFinish", [&](HDROP drop) {
+        letGo.push_back(drop);
+        finish.CallReal(drop);
+    });
+    std::vector<HDROP> drops;
+    for (const Texts& paths : {Texts{}, Texts{L"C:\\item"}, Texts{L"D:\\tab"}, Texts{L"E:\\late"}}) {
+        drops.push_back(test::MakeDrop(paths));
+        SendMessageW(Window(), WM_DROPFILES, reinterpret_cast<WPARAM>(drops.back()), 0);
+        EXPECT_EQ(letGo, drops);
+    }
+}
+
 }  // namespace
 }  // namespace ferry::dialogs

@@ -4,7 +4,9 @@
 // After windows.h, which the shell's headers build on.
 #include <shlobj.h>
 
+#include <functional>
 #include <optional>
+#include <set>
 
 #include "windows/ferry_dialog_fixture_win32.h"
 #include "windows/watched_import_win32.h"
@@ -20,13 +22,25 @@ public:
     HWND Owner = nullptr;
     std::wstring Prompt;
     std::wstring Start;
+    UINT Flags = 0;
+    std::function<void()> WhenOpen = [] {};
+
+    /// The memory that the program has been given and has to free.
+    std::set<const void*> Given;
 
 private:
     PIDLIST_ABSOLUTE Browse(LPBROWSEINFOW info) {
         Owner = info->hwndOwner;
         Prompt = info->lpszTitle;
         Start = StartOf(*info);
-        return chosen_ ? ILCreateFromPathW(L"C:\\") : nullptr;
+        Flags = info->ulFlags;
+        WhenOpen();
+        if (!chosen_) {
+            return nullptr;
+        }
+        const PIDLIST_ABSOLUTE item = ILCreateFromPathW(L"C:\\");
+        Given.insert(item);
+        return item;
     }
 
     /// The folder that the browser is told to select when it has opened.
@@ -50,6 +64,7 @@ private:
         const std::size_t bytes = (chosen_->size() + 1) * sizeof(wchar_t);
         *name = static_cast<PWSTR>(CoTaskMemAlloc(bytes));
         CopyMemory(*name, chosen_->c_str(), bytes);
+        Given.insert(*name);
         return S_OK;
     }
 
@@ -115,6 +130,41 @@ TEST_F(Browsing, TakesNothingThatHasNoPath) {
     const InstantBrowser browser(L"");
     PressBrowse();
     EXPECT_EQ(Destination(), L"D:\\before");
+}
+
+TEST_F(Browsing, OffersFoldersOnDisksAndAFieldForAPath) {
+    const InstantBrowser browser(std::nullopt);
+    PressBrowse();
+    EXPECT_EQ(browser.Flags, UINT{BIF_RETURNONLYFSDIRS | BIF_EDITBOX | BIF_NEWDIALOGSTYLE});
+}
+
+TEST_F(Browsing, HasOleWhileTheBrowserIsOpen) {
+    // Without it the field for a path completes nothing, and nothing can be dragged.
+    std::vector<std::string> steps;
+    const test::WatchedImport<&OleInitialize> begin("OleInitialize", [&](LPVOID reserved) {
+        steps.emplace_back("begin");
+        return begin.CallReal(reserved);
+    });
+    const test::WatchedImport<&OleUninitialize> end("OleUninitialize", [&] {
+        steps.emplace_back("end");
+        end.CallReal();
+    });
+    InstantBrowser browser(std::nullopt);
+    browser.WhenOpen = [&] { steps.emplace_back("browse"); };
+    PressBrowse();
+    EXPECT_EQ(steps, (std::vector<std::string>{"begin", "browse", "end"}));
+}
+
+TEST_F(Browsing, LeavesNeitherTheChosenItemNorItsPathInMemory) {
+    std::set<const void*> freed;
+    const test::WatchedImport<&CoTaskMemFree> release("CoTaskMemFree", [&](LPVOID memory) {
+        freed.insert(memory);
+        release.CallReal(memory);
+    });
+    const InstantBrowser browser(L"E:\\chosen");
+    PressBrowse();
+    EXPECT_EQ(browser.Given.size(), 2U);
+    EXPECT_EQ(freed, browser.Given);
 }
 
 }  // namespace

@@ -4,6 +4,8 @@
 // After windows.h, which the shell's headers build on.
 #include <shlobj.h>
 
+#include <atomic>
+
 #include "base/com_ptr_win32.h"
 #include "hostlink/host_messages_win32.h"
 #include "windows/answered_boxes_win32.h"
@@ -259,6 +261,27 @@ TEST_F(TheStart, EndsTheDialogBeforeItTransfers) {
     PressStart();
     EXPECT_EQ(create.Calls().size(), 1U);
     EXPECT_FALSE(wasOpen);
+}
+
+TEST_F(TheStart, BeginsComForTheTransfer) {
+    OpenWith(destination_);
+    const DWORD thread = GetCurrentThreadId();
+    std::atomic<bool> hasCom = false;
+    bool hadComInTime = false;
+    const test::WatchedImport<&CoInitialize> begin("CoInitialize", [&](LPVOID reserved) {
+        // The workers that find icons have their own.
+        if (GetCurrentThreadId() == thread) {
+            hasCom = true;
+        }
+        return begin.CallReal(reserved);
+    });
+    const test::WatchedImport<&CoCreateInstance> create(
+        "CoCreateInstance", [&](REFCLSID classId, LPUNKNOWN outer, DWORD servers, REFIID id, LPVOID* object) {
+            hadComInTime = hasCom;
+            return create.CallReal(classId, outer, servers, id, object);
+        });
+    PressStart();
+    EXPECT_TRUE(hadComInTime);
 }
 
 TEST_F(TheStart, MakesTheDestinationAndTellsTheShell) {

@@ -9,6 +9,7 @@
 #include "samplehost/host_block_writer.h"
 #include "windows/ferry_dialog_fixture_win32.h"
 #include "windows/resource_counts_win32.h"
+#include "windows/watched_import_win32.h"
 
 namespace ferry::dialogs {
 namespace {
@@ -97,6 +98,22 @@ TEST_F(ThePrecision, IsExactOrLeavesOneOrTwoSeconds) {
         }
     }
     EXPECT_EQ(items, (std::vector<std::wstring>{L"標準", L"±1秒は同一とみなす", L"±2秒は同一とみなす"}));
+}
+
+class DialogHelp : public FerryDialogTest {};
+
+TEST_F(DialogHelp, IsOpenedOnceAndGoesToNobodyElse) {
+    Open({});
+    HWND owner = nullptr;
+    const test::WatchedImport<&ShellExecuteExW> open("ShellExecuteExW", [&](SHELLEXECUTEINFOW* info) {
+        owner = info->hwnd;
+        return TRUE;
+    });
+    HELPINFO info{};
+    info.cbSize = sizeof(info);
+    EXPECT_EQ(SendMessageW(Window(), WM_HELP, 0, reinterpret_cast<LPARAM>(&info)), TRUE);
+    EXPECT_EQ(open.Calls().size(), 1U);
+    EXPECT_EQ(owner, Window());
 }
 
 class Icons : public FerryDialogTest {};

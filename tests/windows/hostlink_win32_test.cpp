@@ -243,6 +243,16 @@ TEST(ReportSystemError, NoErrorShowsNothing) {
     EXPECT_EQ(boxes.Only().Buttons(), UINT{MB_OK});
 }
 
+TEST(SystemErrorText, IsGivenAlthoughItHasAPlaceForAName) {
+    EXPECT_NE(SystemErrorText(ERROR_BAD_EXE_FORMAT).find(L"%1"), std::wstring::npos);
+}
+
+TEST(SystemErrorText, LeavesNoTextInMemory) {
+    const test::WatchedImport<&LocalFree> release("LocalFree");
+    EXPECT_FALSE(SystemErrorText(ERROR_ACCESS_DENIED).empty());
+    EXPECT_NE(std::get<0>(release.OnlyCall()), nullptr);
+}
+
 TEST(PresenceMutex, OnlyTheFirstInstanceHoldsIt) {
     const std::wstring fileName = test::UniqueName(L"Ferry") + L".exe";
     const std::wstring name = L"ExCommand." + fileName;

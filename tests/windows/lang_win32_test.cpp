@@ -309,5 +309,25 @@ TEST_F(DialogLocaliserTest, FileThatCannotBeMadeIsSkipped) {
     EXPECT_EQ(Text(kButton), L"開始(&S)");
 }
 
+TEST_F(DialogLocaliserTest, AFileThatTheDiskDoesNotTakeWholeIsNotLeftBehind) {
+    // Half of it would be read the next time.
+    {
+        const test::WatchedImport<&std::fwrite> write(
+            "fwrite", [&](const void* bytes, std::size_t size, std::size_t count, std::FILE* stream) {
+                return write.CallReal(bytes, size, count / 2, stream);
+            });
+        Localise(english_);
+        EXPECT_EQ(write.Calls().size(), 1U);
+        EXPECT_FALSE(test::Exists(path_));
+    }
+    const test::WatchedImport<&std::fclose> close("fclose", [&](std::FILE* stream) {
+        close.CallReal(stream);
+        return EOF;
+    });
+    Localise(english_);
+    EXPECT_EQ(close.Calls().size(), 1U);
+    EXPECT_FALSE(test::Exists(path_));
+}
+
 }  // namespace
 }  // namespace ferry::lang

@@ -7,7 +7,9 @@
 #include <functional>
 #include <new>
 #include <stdexcept>
+#include <thread>
 
+#include "base/handles_win32.h"
 #include "framework/dialog.h"
 #include "framework/errors.h"
 #include "framework/fields.h"
@@ -106,6 +108,32 @@ TEST_F(ModalDialog, PassesTheThreadsEndOn) {
     MSG message{};
     EXPECT_FALSE(GetMessageW(&message, nullptr, 0, 0));
     EXPECT_EQ(message.wParam, 7U);
+}
+
+TEST_F(ModalDialog, EndsAtOnceWhenAnotherThreadEndsIt) {
+    // A message that is sent does not end the loop's waiting by itself.
+    const base::EventHandle isIdle(CreateEventW(nullptr, TRUE, FALSE, nullptr));
+    const base::EventHandle hasEnded(CreateEventW(nullptr, TRUE, FALSE, nullptr));
+    const test::WatchedImport<&GetMessageW> wait("GetMessageW",
+                                                 [&](LPMSG message, HWND window, UINT first, UINT last) {
+                                                     if (!PeekMessageW(message, nullptr, 0, 0, PM_NOREMOVE)) {
+                                                         SetEvent(isIdle.Get());
+                                                     }
+                                                     return wait.CallReal(message, window, first, last);
+                                                 });
+    constexpr DWORD kPatienceMs = 5000;
+    CDialog dialog(IDD_FERRY);
+    bool wasInTime = false;
+    std::thread other([&, thread = GetCurrentThreadId()] {
+        WaitForSingleObject(isIdle.Get(), INFINITE);
+        SendMessageW(dialog.Handle(), WM_COMMAND, MAKEWPARAM(IDCANCEL, BN_CLICKED), 0);
+        wasInTime = WaitForSingleObject(hasEnded.Get(), kPatienceMs) == WAIT_OBJECT_0;
+        PostThreadMessageW(thread, WM_NULL, 0, 0);
+    });
+    EXPECT_EQ(dialog.DoModal(), IDCANCEL);
+    SetEvent(hasEnded.Get());
+    other.join();
+    EXPECT_TRUE(wasInTime);
 }
 
 TEST_F(ModalDialog, OkAndCancelEndItWithTheirNumbers) {

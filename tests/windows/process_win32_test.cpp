@@ -4,6 +4,8 @@
 // After windows.h, which it builds on.
 #include <tlhelp32.h>
 
+#include <algorithm>
+
 #include "base/handles_win32.h"
 #include "process/file_search_win32.h"
 #include "process/module_path_win32.h"
@@ -12,6 +14,7 @@
 #include "windows/child_process_win32.h"
 #include "windows/resource_counts_win32.h"
 #include "windows/support_win32.h"
+#include "windows/watched_import_win32.h"
 
 namespace ferry::process {
 namespace {
@@ -244,6 +247,19 @@ TEST(FileAttributes, AnswersAsTheSystemDoes) {
 TEST(ModulePath, NamesThisProgram) {
     EXPECT_TRUE(ModulePath().ends_with(L"\\ferry_windows_tests.exe"));
     EXPECT_TRUE(test::Exists(ModulePath()));
+}
+
+TEST(ModulePath, OfAnyLengthIsGivenWhole) {
+    for (const std::size_t length :
+         {std::size_t{259}, std::size_t{260}, std::size_t{261}, std::size_t{5000}}) {
+        const std::wstring path(length, L'p');
+        const test::WatchedImport<&GetModuleFileNameW> name(
+            "GetModuleFileNameW", [&](HMODULE, LPWSTR buffer, DWORD size) -> DWORD {
+                lstrcpynW(buffer, path.c_str(), static_cast<int>(size));
+                return std::min(static_cast<DWORD>(length), size);
+            });
+        EXPECT_EQ(ModulePath(), path);
+    }
 }
 
 }  // namespace

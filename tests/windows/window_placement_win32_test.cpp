@@ -1,6 +1,8 @@
 // Placing and raising real windows.
 #include <windows.h>
 #include <gtest/gtest.h>
+// After windows.h, which it builds on.
+#include <shellapi.h>
 
 #include <array>
 #include <atomic>
@@ -85,6 +87,14 @@ protected:
         return (static_cast<DWORD>(GetWindowLongPtrW(dialog_.Get(), GWL_EXSTYLE)) & style) != 0;
     }
 
+    bool StandsBehind(HWND other) const {
+        HWND before = dialog_.Get();
+        while (before != nullptr && before != other) {
+            before = GetWindow(before, GW_HWNDPREV);
+        }
+        return before != nullptr;
+    }
+
     bool IsInFront() const { return GetForegroundWindow() == dialog_.Get(); }
 
     /// Whether the raise timer ticks; takes messages until it does.
@@ -128,6 +138,13 @@ TEST_F(WindowPlacementTest, TopmostToolModeStaysOnTop) {
     EXPECT_TRUE(HasStyle(WS_EX_TOPMOST));
     EXPECT_TRUE(HasStyle(WS_EX_TOOLWINDOW));
     EXPECT_TRUE(IsInFront());
+}
+
+TEST_F(WindowPlacementTest, TheToolWindowTakesDropsAsBefore) {
+    DragAcceptFiles(dialog_.Get(), TRUE);
+    ApplyWindowMode(dialog_.Get(), 2, L"");
+    EXPECT_TRUE(HasStyle(WS_EX_TOOLWINDOW));
+    EXPECT_TRUE(HasStyle(WS_EX_ACCEPTFILES));
 }
 
 TEST_F(WindowPlacementTest, OwnedModeChangesNothing) {
@@ -235,6 +252,8 @@ TEST_F(WindowPlacementTest, StaysBehindWhatStandsBeforeIt) {
     CentreOverHost(dialog_.Get(), 0);
     EXPECT_EQ(DialogRect().left, 400);
     EXPECT_EQ(GetWindow(before.Get(), GW_HWNDNEXT), host_.Get());
+    EXPECT_TRUE(StandsBehind(before.Get()));
+    EXPECT_TRUE(StandsBehind(host_.Get()));
     EXPECT_EQ(GetForegroundWindow(), before.Get());
 }
 
