@@ -30,7 +30,7 @@ BEGIN {
     for (i = 1; i <= count; ++i) hasWindows[names[i]] = 1
 
     # Fuzz targets and the tests of portable rooms are portable too; the other rings are for Windows.
-    ring["windows"] = ring["e2e"] = ring["bench"] = 1
+    ring["windows"] = ring["e2e"] = 1
 
     standard = "algorithm any array atomic bit bitset cassert cctype cerrno cfenv cfloat charconv chrono " \
         "cinttypes climits clocale cmath codecvt compare complex concepts condition_variable coroutine csetjmp " \

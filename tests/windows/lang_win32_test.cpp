@@ -76,7 +76,14 @@ TEST_F(MessageFileTest, IsReadAtAPathOfAnyLength) {
     // Some C libraries make no path of this length absolute.
     const test::WatchedImport<&_wfullpath> full(
         "_wfullpath", [&](wchar_t*, const wchar_t*, size_t) { return _wcsdup(path.c_str()); });
+    // Not every system refuses such a path without its prefix.
+    const test::WatchedImport<&_wfsopen> open("_wfsopen",
+                                              [&](const wchar_t* opened, const wchar_t* mode, int sharing) {
+                                                  EXPECT_EQ(opened, L"\\\\?\\" + path);
+                                                  return open.CallReal(opened, mode, sharing);
+                                              });
     EXPECT_EQ(catalogue_.Fetch(62325), L"far away");
+    EXPECT_EQ(open.Calls().size(), 1U);
 }
 
 TEST_F(MessageFileTest, GivesTheTextsOfTheFile) {

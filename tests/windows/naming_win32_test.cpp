@@ -163,6 +163,35 @@ TEST(SystemClock, KnowsNoTimeThatTheSystemCannotConvert) {
     EXPECT_EQ(text(), L"1899-12-30 00:00:00");
 }
 
+TEST(SystemClock, CountsTheHoursOfAFileInTheZoneOfTheUser) {
+    const TempFolder folder;
+    const std::wstring file = folder / L"a.txt";
+    test::WriteUnits(file, L"x");
+    ASSERT_NO_FATAL_FAILURE(SetTimes(file));
+    const FILETIME noon = FileTimeAt({2024, 5, 1, 12, 0, 0});
+    FILETIME local{};
+    ASSERT_TRUE(FileTimeToLocalFileTime(&noon, &local));
+    // The zone of the machine may be one in which both are the same.
+    const test::WatchedImport<&FileTimeToLocalFileTime> toLocal("FileTimeToLocalFileTime",
+                                                                [&](const FILETIME*, LPFILETIME answer) {
+                                                                    *answer = local;
+                                                                    return TRUE;
+                                                                });
+    EXPECT_EQ(SystemClock().ItemTime(file, DateSource::Modified), (CalendarFields{2024, 5, 1, 12, 0, 0}));
+}
+
+TEST(SystemClock, EndsEverySearch) {
+    const TempFolder folder;
+    const std::wstring file = folder / L"a.txt";
+    test::WriteUnits(file, L"x");
+    const test::WatchedImport<&FindClose> close("FindClose");
+    SystemClock clock;
+    EXPECT_TRUE(clock.ItemTime(file, DateSource::Modified));
+    EXPECT_EQ(close.Calls().size(), 1U);
+    EXPECT_TRUE(clock.ItemTime(folder / L"nothing", DateSource::Modified));
+    EXPECT_EQ(close.Calls().size(), 1U) << "what was not found is no search";
+}
+
 TEST(SystemClock, KeepsNoHoldOfWhatItLookedAt) {
     const TempFolder folder;
     const std::wstring inner = folder / L"inner";

@@ -91,7 +91,7 @@ TEST(TextList, FillsABlockToItsLastUnitAndNoFurther) {
         list.Append(first);
         list.Append(L"y");
         ASSERT_EQ(list[0], first);
-        ASSERT_EQ(list[0].data()[length], L'\0') << length;
+        ASSERT_EQ(UnitAt(list[0], length), L'\0') << length;
         ASSERT_EQ(list[1], L"y") << length;
     }
 }
