@@ -152,6 +152,8 @@ TEST_F(Driver, ARunThatWasEndedHardIsExcused) {
 TEST_F(Driver, AWindowThatHangsIsGivenUp) {
     constexpr int kShortPatienceMs = 200;
     Order(practice::kHang);
+    // What is sent overtakes what is posted.
+    ASSERT_TRUE(WaitUntil([&] { return GetPropW(dialog_.Window(), practice::kHangs) != nullptr; }));
     EXPECT_THROW(Ask(dialog_.Window(), WM_NULL, 0, 0, kShortPatienceMs), NoAnswer);
     EXPECT_TRUE(run_->EndHard());
     EXPECT_EQ(Ask(dialog_.Window(), WM_NULL), 0) << "a window that is gone is no hang";

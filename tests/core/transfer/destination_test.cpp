@@ -93,12 +93,21 @@ TEST_F(DestinationFolder, ThatExistsIsReadyAndTheShellIsNotTold) {
 }
 
 TEST_F(DestinationFolder, ThatIsARootIsTakenAsItIs) {
-    // The system takes a server for a root, too, though nothing can be copied there.
-    for (const wchar_t* const root : {L"D:\\", L"Z:\\", L"\\\\server\\", L"\\\\server\\share\\", L"\\\\\\"}) {
+    for (const wchar_t* const root : {L"D:\\", L"Z:\\", L"\\\\server\\share\\"}) {
         SCOPED_TRACE(root);
         world.Log.clear();
         Expect(root, FolderOutcome::Ready, 0);
         EXPECT_EQ(world.Log.back().substr(0, 6), L"IsRoot");
+    }
+}
+
+TEST_F(DestinationFolder, ThatIsAServerIsARootOnlyWhereTheSystemSaysSo) {
+    for (const wchar_t* const server : {L"\\\\server\\", L"\\\\\\"}) {
+        SCOPED_TRACE(server);
+        world.ServersWithSeparatorAreRoots = false;
+        Expect(server, FolderOutcome::Failed, 62306);
+        world.ServersWithSeparatorAreRoots = true;
+        Expect(server, FolderOutcome::Ready, 0);
     }
 }
 

@@ -428,9 +428,9 @@ TEST_P(FileSystemContract, ANewNameLosesTheDotsAndBlanksAtItsEnd) {
     EXPECT_EQ(ContentOf(L"b"), "bytes");
 }
 
+// A server with its separator is none for Windows, but is one for some systems of its kind.
 TEST_P(FileSystemContract, RootsAreDrivesAndShares) {
-    for (const wchar_t* const root :
-         {L"C:\\", L"z:\\", L"\\", L"\\\\server", L"\\\\server\\", L"\\\\server\\share"})
+    for (const wchar_t* const root : {L"C:\\", L"z:\\", L"\\", L"\\\\server", L"\\\\server\\share"})
         EXPECT_TRUE(Files().IsRoot(root)) << testing::PrintToString(std::wstring(root));
     for (const wchar_t* const other : {L"", L"C", L"C:", L"C:/", L"C:\\x", L"C:\\x\\", L"\\x", L"name",
                                        L"\\\\server\\share\\x", L"\\\\server\\share\\"})

@@ -191,8 +191,13 @@ bool ModelFileSystem::IsRoot(std::wstring_view path) {
     world_.Enter(L"IsRoot", path);
     if (path.size() == 3 && path.substr(1) == L":\\")
         return true;
-    // A server counts as a root with and without its separator, a share only without.
-    return path == L"\\" || (IsOnServer(path) && std::ranges::count(path.substr(2), L'\\') <= 1);
+    if (path == L"\\" || !IsOnServer(path))
+        return path == L"\\";
+    // A share counts as a root without its separator only.
+    const std::wstring_view names = path.substr(2);
+    const bool isServerWithSeparator = names.find(L'\\') == names.size() - 1;
+    return isServerWithSeparator ? world_.ServersWithSeparatorAreRoots
+                                 : std::ranges::count(names, L'\\') <= 1;
 }
 
 double ModelFileSystem::LocalDate(std::uint64_t fileTime) {

@@ -82,12 +82,13 @@ public:
     std::set<std::wstring> Disturbed;  ///< Folded paths that somebody outside touched.
     std::vector<Transferred> Transfers;
     std::vector<std::wstring> RemovedFolders;
-    std::set<std::wstring> FoldersHandedOver;  ///< Folded paths of folders that the shell took as a whole.
-    std::set<std::wstring> HiddenAttributes;   ///< Folded paths whose attributes a fault hid.
-    std::set<std::wstring> HiddenItems;        ///< Folded paths which a fault hid from a search.
-    std::set<std::wstring> RenamedAway;        ///< Folded paths whose item was given another name.
-    std::set<std::wstring> ToldRenamed;        ///< Folded paths for which a renaming claimed success.
-    bool DatesDisturbed = false;               ///< A fault spoiled a conversion of a time.
+    std::set<std::wstring> FoldersHandedOver;   ///< Folded paths of folders that the shell took as a whole.
+    std::set<std::wstring> HiddenAttributes;    ///< Folded paths whose attributes a fault hid.
+    std::set<std::wstring> HiddenItems;         ///< Folded paths which a fault hid from a search.
+    std::set<std::wstring> RenamedAway;         ///< Folded paths whose item was given another name.
+    std::set<std::wstring> ToldRenamed;         ///< Folded paths for which a renaming claimed success.
+    bool ServersWithSeparatorAreRoots = false;  ///< Of systems some take "\\server\" for a root.
+    bool DatesDisturbed = false;                ///< A fault spoiled a conversion of a time.
     std::uint32_t RunPolicy = 0;
     std::optional<std::uint32_t> PolicyForOne;
     std::optional<bool> TargetWasSeen;       ///< What the first search for the file at hand found.

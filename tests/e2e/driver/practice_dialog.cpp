@@ -90,6 +90,7 @@ INT_PTR CALLBACK Procedure(HWND dialog, UINT message, WPARAM first, LPARAM secon
         case practice::kEnd:
             ExitProcess(static_cast<UINT>(first));
         case practice::kHang:
+            SetPropW(dialog, practice::kHangs, dialog);
             Sleep(INFINITE);
             return TRUE;
         case practice::kLinger:

@@ -8,8 +8,9 @@ namespace ferry::e2e::practice {
 /// Ends at once with the exit code in the first parameter.
 inline constexpr UINT kEnd = WM_APP;
 
-/// Hangs for ever.
+/// Hangs for ever, and has the property kHangs from then on.
 inline constexpr UINT kHang = WM_APP + 1;
+inline constexpr wchar_t kHangs[] = L"hangs";
 
 /// Does nothing else for so many milliseconds.
 inline constexpr UINT kLinger = WM_APP + 2;
