@@ -9,8 +9,7 @@ here=$(dirname "$(realpath "$0")")
 build=$(realpath "$1")
 out=$build/lint
 
-# Each benchmark has a goal and rounds of its own, under the same names.
-folders="src tools/fileop/tests tools tests/fuzz tests/bench/apart tests/e2e tests/core tests/windows"
+folders="src tools/fileop/tests tools tests/fuzz tests/bench tests/support tests/e2e tests/core tests/windows"
 
 # read_unit UNIT: reads one unit, unless all is as it was when it was clean.
 read_unit() {

@@ -9,8 +9,7 @@ here=$(dirname "$(realpath "$0")")
 build=$(realpath "$1")
 out=$build/second_compiler
 
-# Each benchmark has a goal and rounds of its own, under the same names.
-folders="src tools tests/core tests/windows tests/e2e tests/bench/apart"
+folders="src tools tests/support tests/core tests/windows tests/e2e tests/bench"
 
 # Beside each the warnings of Visual C++ that it stands for. GCC sees to the formats of printf (C4477), and to names
 # that hide names (C4456 to C4459): here the sources of a unit would seem to hide those of each other.

@@ -135,7 +135,7 @@ run_test_program() {
     local ring=$1 program=$2 log=$3
     shift 3
     if [ "$ring" = core ]; then
-        (cd "$(dirname "$program")" && timeout -k 10 "$program_seconds" "$program" "$@" >"$log" 2>&1 </dev/null)
+        (cd "$(dirname "$program")" && timeout -k 10 "$program_seconds" "$program" "$@" >"$log" 2>&1 </dev/null) 2>/dev/null
     else
         (cd "$(dirname "$program")" && run_wine_within "$program_seconds" "$program" "$@" >"$log" 2>&1 </dev/null)
     fi

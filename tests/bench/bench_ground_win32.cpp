@@ -11,7 +11,7 @@ namespace {
 
 /// A name that has only ASCII characters.
 std::wstring Wide(std::string_view name) {
-    return std::wstring(name.begin(), name.end());
+    return {name.begin(), name.end()};
 }
 
 bool IsOwnOrParent(const wchar_t* name) {

@@ -20,18 +20,18 @@ constexpr char kHost[] = "native";
 
 void PrintGoal(const std::optional<double>& goal, double ratio) {
     if (goal)
-        std::printf("\"goal\":%.2f,\"met\":%s", *goal, ratio <= *goal ? "true" : "false");
+        std::printf(R"("goal":%.2f,"met":%s)", *goal, ratio <= *goal ? "true" : "false");
     else
-        std::printf("\"goal\":null,\"met\":null");
+        std::printf(R"("goal":null,"met":null)");
 }
 
 void Print(const Row& row, const Outcome& outcome) {
-    std::printf("{\"name\":\"%s (%s)\",\"ferry\":%.2f,\"reference\":%.2f,\"unit\":\"%s\",\"ratio\":%.3f,",
+    std::printf(R"-({"name":"%s (%s)","ferry":%.2f,"reference":%.2f,"unit":"%s","ratio":%.3f,)-",
                 row.Name.c_str(), kHost, outcome.Ferry, outcome.Reference, row.Unit.c_str(), outcome.Ratio);
     PrintGoal(row.Goal, outcome.Ratio);
-    std::printf(",\"rounds\":%zu,\"repeated\":%zu,\"spread\":%.3f,\"settled\":%s,\"seconds\":%.1f}\n",
-                outcome.Rounds, outcome.Repeated, outcome.Spread, outcome.IsSettled ? "true" : "false",
-                outcome.Seconds);
+    std::printf(R"(,"rounds":%zu,"repeated":%zu,"spread":%.3f,"settled":%s,"seconds":%.1f})", outcome.Rounds,
+                outcome.Repeated, outcome.Spread, outcome.IsSettled ? "true" : "false", outcome.Seconds);
+    std::puts("");
     std::fflush(stdout);
 }
 

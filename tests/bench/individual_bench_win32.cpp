@@ -31,8 +31,8 @@ namespace {
 
 using namespace ferry;
 
-constexpr bench::Limits kLimits{.MostSeconds = 60, .WarmUpRounds = 0};
-constexpr double kGoal = 1.10;
+constexpr bench::Limits kRunLimits{.MostSeconds = 60, .WarmUpRounds = 0};
+constexpr double kRunGoal = 1.10;
 constexpr int kRunPatienceMs = 120'000;
 constexpr int kOtherPatienceMs = 60'000;
 
@@ -125,7 +125,7 @@ public:
             },
         };
         std::vector<bench::Row> rows = {
-            {"individual copy of 1000 files, against bare calls", 0, 1, kGoal},
+            {"individual copy of 1000 files, against bare calls", 0, 1, kRunGoal},
             {"individual copy of 1000 files, beside xcopy", 0, 2, std::nullopt},
         };
         if (!UnixPath(source).empty()) {
@@ -134,7 +134,7 @@ public:
             });
             rows.push_back({"individual copy of 1000 files, beside cp -r", 0, 3, std::nullopt});
         }
-        return bench::Compare(sides, rows, kLimits);
+        return bench::Compare(sides, rows, kRunLimits);
     }
 
     /// The tree goes from folder to folder.
@@ -148,7 +148,8 @@ public:
             });
         };
         return bench::Compare({[&] { return move(true); }, [&] { return move(false); }},
-                              {{"individual move of 1000 files, against bare calls", 0, 1, kGoal}}, kLimits);
+                              {{"individual move of 1000 files, against bare calls", 0, 1, kRunGoal}},
+                              kRunLimits);
     }
 
 private:

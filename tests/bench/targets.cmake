@@ -6,6 +6,8 @@ if(NOT FERRY_FUZZ)
 
     add_library(bench_comparison STATIC comparison.cpp this_machine.cpp)
     target_link_libraries(bench_comparison PUBLIC bench_race Threads::Threads)
+    # Nobody changes the environment while it is read.
+    target_compile_definitions(bench_comparison PRIVATE _CRT_SECURE_NO_WARNINGS)
 
     add_library(bench_trees STATIC trees.cpp)
     target_link_libraries(bench_trees PUBLIC ferry_options)

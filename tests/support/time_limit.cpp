@@ -17,11 +17,8 @@ constexpr int kUsualSeconds = 300;
 constexpr int kExitCode = 124;  // what a program that exceeds its time leaves by custom
 
 std::chrono::seconds Limit() {
-#ifdef _MSC_VER
-#pragma warning(suppress : 4996)  // nobody changes the environment here
-#endif
     const char* const text = std::getenv("FERRY_TEST_SECONDS");
-    const int seconds = text == nullptr ? 0 : std::atoi(text);
+    const long seconds = text == nullptr ? 0 : std::strtol(text, nullptr, 10);
     return std::chrono::seconds(seconds > 0 ? seconds : kUsualSeconds);
 }
 
