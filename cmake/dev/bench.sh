@@ -22,9 +22,7 @@ run_bench() {
 
 run_native_bench() { timeout -k 10 "$bench_limit" "$@"; }
 
-run_wine_bench() {
-    LC_ALL=$wine_locale timeout -k 10 "$bench_limit" "${pinned[@]}" "$wine_loader" "$@" 9>&-
-}
+run_wine_bench() { run_wine_within "$bench_limit" "$@"; }
 
 # fill_bench_folder: what the benchmarks work on, in one folder of C:.
 fill_bench_folder() {
@@ -39,13 +37,6 @@ fill_bench_folder() {
 
 remove_bench_folder() { rm -rf "$bench_folder"; }
 
-# restart_pinned_wine: a fresh server and fresh services, on the processors where the next programs are to run.
-restart_pinned_wine() {
-    stop_wine
-    "${pinned[@]}" "$wine_server" -p60 9>&- >/dev/null 2>&1 || true
-    LC_ALL=$wine_locale "${pinned[@]}" "$wine_loader" cmd.exe /c exit >/dev/null 2>&1 </dev/null 9>&- || true
-}
-
 run_native_benches() {
     local program
     while IFS= read -r program; do
@@ -57,7 +48,7 @@ run_native_benches() {
 run_wine_benches() {
     local name
     for name in "$@"; do
-        run_bench "$build/mingw/tests/bench/$name.exe" run_wine_bench || restart_pinned_wine
+        run_bench "$build/mingw/tests/bench/$name.exe" run_wine_bench || restart_wine
         rm -rf "$bench_folder"/new*
     done
 }
@@ -75,14 +66,14 @@ run_pinned_benches() {
     local processor
     # The last one that we may use; the first one has most of the interrupts.
     processor=$(taskset -cp $$ | sed 's/.*[^0-9]//')
-    pinned=(taskset -c "$processor")
+    wine_pinned=(taskset -c "$processor")
     # Wine tells its programs of all processors.
     export FERRY_BENCH_PROCESSORS=1
-    restart_pinned_wine
+    restart_wine
     run_wine_benches "$@"
     unset FERRY_BENCH_PROCESSORS
-    pinned=()
-    restart_pinned_wine
+    wine_pinned=()
+    restart_wine
 }
 
 # The value of a field of the line, for the awk programs below.
@@ -117,7 +108,7 @@ bench_verdict() {
 
 command_bench() {
     local twice names
-    bench_failed=() pinned=()
+    bench_failed=()
     need native
     build_preset native benches
     build_app

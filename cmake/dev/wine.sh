@@ -5,6 +5,9 @@ load setup
 # use_wine_dir FOLDER: where the prefix, its home and its locale are; before open_wine.
 use_wine_dir() { wine_dir=$1 wine_prefix=$1/prefix wine_is_open=; }
 use_wine_dir "$build/wine"
+
+# What stands before Wine's programs to keep them on some processors; nothing, as a rule.
+wine_pinned=()
 fileop_dll=$build/mingw/tools/fileop/ferry_fileop.dll
 samplehost=$build/mingw/tools/samplehost/samplehost.exe
 
@@ -170,7 +173,7 @@ register_fileop() {
 # start_wine: a server that stays, and the services of the prefix, which the first program starts and which
 # hold its output open as long as they live.
 start_wine() {
-    "$wine_server" -p60 9>&- >/dev/null 2>&1 || true
+    "${wine_pinned[@]}" "$wine_server" -p60 9>&- >/dev/null 2>&1 || true
     run_wine cmd.exe /c exit >/dev/null 2>&1 </dev/null || true
 }
 
@@ -199,11 +202,11 @@ open_wine() {
 }
 
 # run_wine PROGRAM ARGS...: a Windows program, by a Unix or a Windows path.
-run_wine() { LC_ALL=$wine_locale "$wine_loader" "$@" 9>&-; }
+run_wine() { LC_ALL=$wine_locale "${wine_pinned[@]}" "$wine_loader" "$@" 9>&-; }
 
 # run_wine_within SECONDS PROGRAM ARGS...: the same, ended when it takes longer; 124 or 137 tells of that.
 run_wine_within() {
-    LC_ALL=$wine_locale timeout -k 10 "$1" "$wine_loader" "${@:2}" 9>&-
+    LC_ALL=$wine_locale timeout -k 10 "$1" "${wine_pinned[@]}" "$wine_loader" "${@:2}" 9>&-
 }
 
 # add_other_volume: X: is a folder on another file system than C:, so that what is moved between the two

@@ -4,26 +4,11 @@
 #include "base/handles_win32.h"
 #include "core/naming/clock_contract.h"
 #include "naming/clock_win32.h"
+#include "windows/local_times_win32.h"
 #include "windows/support_win32.h"
 
 namespace ferry::naming::contract {
 namespace {
-
-/// The file time of a local date and time, counted by the system.
-FILETIME FileTimeAt(const CalendarFields& fields) {
-    SYSTEMTIME time{};
-    time.wYear = static_cast<WORD>(fields.Year);
-    time.wMonth = static_cast<WORD>(fields.Month);
-    time.wDay = static_cast<WORD>(fields.Day);
-    time.wHour = static_cast<WORD>(fields.Hour);
-    time.wMinute = static_cast<WORD>(fields.Minute);
-    time.wSecond = static_cast<WORD>(fields.Second);
-    FILETIME local{};
-    FILETIME utc{};
-    EXPECT_TRUE(SystemTimeToFileTime(&time, &local));
-    EXPECT_TRUE(LocalFileTimeToFileTime(&local, &utc));
-    return utc;
-}
 
 class DiskPlace final : public Place {
 public:
@@ -45,8 +30,8 @@ private:
     static void SetTimes(const std::wstring& path) {
         const base::FileHandle item(CreateFileW((L"\\\\?\\" + path).c_str(), FILE_WRITE_ATTRIBUTES, 0,
                                                 nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
-        const FILETIME written = FileTimeAt(kWritten);
-        const FILETIME read = FileTimeAt(kRead);
+        const FILETIME written = test::FileTimeOfLocal(kWritten);
+        const FILETIME read = test::FileTimeOfLocal(kRead);
         EXPECT_TRUE(SetFileTime(item.Get(), nullptr, &read, &written)) << GetLastError();
     }
 
@@ -57,11 +42,7 @@ private:
     SystemClock clock_;
 };
 
-std::unique_ptr<Place> MakeDiskPlace() {
-    return std::make_unique<DiskPlace>();
-}
-
-INSTANTIATE_TEST_SUITE_P(Disk, ClockContract, testing::Values(&MakeDiskPlace));
+INSTANTIATE_TEST_SUITE_P(Disk, ClockContract, testing::Values(&test::Make<Place, DiskPlace>));
 
 }  // namespace
 }  // namespace ferry::naming::contract

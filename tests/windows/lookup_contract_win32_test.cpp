@@ -20,11 +20,7 @@ private:
     WindowsFolderLookup lookup_;
 };
 
-std::unique_ptr<Place> MakeDiskPlace() {
-    return std::make_unique<DiskPlace>();
-}
-
-INSTANTIATE_TEST_SUITE_P(Disk, LookupContract, testing::Values(&MakeDiskPlace));
+INSTANTIATE_TEST_SUITE_P(Disk, LookupContract, testing::Values(&test::Make<Place, DiskPlace>));
 
 }  // namespace
 }  // namespace ferry::completion::contract

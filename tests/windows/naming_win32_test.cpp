@@ -14,32 +14,18 @@
 #include "naming/date_format.h"
 #include "naming/name_edits.h"
 #include "naming/scan.h"
+#include "windows/local_times_win32.h"
 #include "windows/support_win32.h"
 #include "windows/watched_import_win32.h"
 
 namespace ferry::naming {
 namespace {
 
+using test::FileTimeOfLocal;
 using test::TempFolder;
 
 CalendarFields FieldsOf(const SYSTEMTIME& time) {
     return {time.wYear, time.wMonth, time.wDay, time.wHour, time.wMinute, time.wSecond};
-}
-
-/// The file time of a local date and time, counted by the system.
-FILETIME FileTimeAt(const CalendarFields& fields) {
-    SYSTEMTIME time{};
-    time.wYear = static_cast<WORD>(fields.Year);
-    time.wMonth = static_cast<WORD>(fields.Month);
-    time.wDay = static_cast<WORD>(fields.Day);
-    time.wHour = static_cast<WORD>(fields.Hour);
-    time.wMinute = static_cast<WORD>(fields.Minute);
-    time.wSecond = static_cast<WORD>(fields.Second);
-    FILETIME local{};
-    FILETIME utc{};
-    EXPECT_TRUE(SystemTimeToFileTime(&time, &local));
-    EXPECT_TRUE(LocalFileTimeToFileTime(&local, &utc));
-    return utc;
 }
 
 constexpr CalendarFields kWritten{2024, 2, 29, 23, 59, 58};
@@ -50,8 +36,8 @@ void SetTimes(const std::wstring& path) {
     const base::FileHandle item(CreateFileW(path.c_str(), FILE_WRITE_ATTRIBUTES, 0, nullptr, OPEN_EXISTING,
                                             FILE_FLAG_BACKUP_SEMANTICS, nullptr));
     ASSERT_TRUE(item) << GetLastError();
-    const FILETIME written = FileTimeAt(kWritten);
-    const FILETIME read = FileTimeAt(kRead);
+    const FILETIME written = FileTimeOfLocal(kWritten);
+    const FILETIME read = FileTimeOfLocal(kRead);
     ASSERT_TRUE(SetFileTime(item.Get(), nullptr, &read, &written));
 }
 
@@ -121,7 +107,7 @@ TEST(SystemClock, TellsWhenAFileWasCreated) {
     SystemClock clock;
     const std::optional<CalendarFields> fields = clock.ItemTime(file, DateSource::Created);
     ASSERT_TRUE(fields);
-    const FILETIME answered = FileTimeAt(*fields);
+    const FILETIME answered = FileTimeOfLocal(*fields);
     const auto seconds = [](const FILETIME& time) {
         return (static_cast<unsigned long long>(time.dwHighDateTime) << 32 | time.dwLowDateTime) /
                10'000'000U;
@@ -168,7 +154,7 @@ TEST(SystemClock, CountsTheHoursOfAFileInTheZoneOfTheUser) {
     const std::wstring file = folder / L"a.txt";
     test::WriteUnits(file, L"x");
     ASSERT_NO_FATAL_FAILURE(SetTimes(file));
-    const FILETIME noon = FileTimeAt({2024, 5, 1, 12, 0, 0});
+    const FILETIME noon = FileTimeOfLocal(CalendarFields{2024, 5, 1, 12, 0, 0});
     FILETIME local{};
     ASSERT_TRUE(FileTimeToLocalFileTime(&noon, &local));
     // The zone of the machine may be one in which both are the same.

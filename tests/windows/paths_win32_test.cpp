@@ -25,15 +25,23 @@ std::wstring ShortName(const std::wstring& path) {
     return name;
 }
 
-TEST(ExpandLongName, ExpandsShortComponentsWithoutAPrefix) {
-    const TempFolder folder;
-    const std::wstring file = folder / L"a name that is longer than eight and three.text";
-    test::WriteUnits(file, L"x");
-    const std::wstring shortName = ShortName(file);
-    if (shortName.find(L'~') == std::wstring::npos) {
-        GTEST_SKIP() << "this volume keeps no short names";
+/// A file with a short name, on a volume that keeps them.
+class ShortNameTest : public testing::Test {
+protected:
+    void SetUp() override {
+        test::WriteUnits(file_, L"x");
+        shortName_ = ShortName(file_);
+        if (shortName_.find(L'~') == std::wstring::npos)
+            GTEST_SKIP() << "this volume keeps no short names";
     }
-    EXPECT_EQ(ExpandLongName(shortName), file);
+
+    TempFolder folder_;
+    std::wstring file_ = folder_ / L"a name that is longer than eight and three.text";
+    std::wstring shortName_;
+};
+
+TEST_F(ShortNameTest, IsExpandedWithoutAPrefix) {
+    EXPECT_EQ(ExpandLongName(shortName_), file_);
 }
 
 TEST(ExpandLongName, LeavesWhatTheSystemDoesNotKnow) {
@@ -54,16 +62,9 @@ TEST(DroppedFileName, GivesEachPathInFull) {
     DragFinish(drop);
 }
 
-TEST(DroppedFileName, IsExpandedToItsLongForm) {
-    const TempFolder folder;
-    const std::wstring file = folder / L"a name that is longer than eight and three.text";
-    test::WriteUnits(file, L"x");
-    const std::wstring shortName = ShortName(file);
-    if (shortName.find(L'~') == std::wstring::npos) {
-        GTEST_SKIP() << "this volume keeps no short names";
-    }
-    const HDROP drop = test::MakeDrop({shortName});
-    EXPECT_EQ(DroppedFileName(drop, 0), file);
+TEST_F(ShortNameTest, OfADroppedFileIsExpanded) {
+    const HDROP drop = test::MakeDrop({shortName_});
+    EXPECT_EQ(DroppedFileName(drop, 0), file_);
     DragFinish(drop);
 }
 

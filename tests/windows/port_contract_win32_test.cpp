@@ -48,12 +48,8 @@ private:
     WindowsShellOperations shell_{nullptr};
 };
 
-std::unique_ptr<Place> MakeDiskPlace() {
-    return std::make_unique<DiskPlace>();
-}
-
-INSTANTIATE_TEST_SUITE_P(Disk, FileSystemContract, testing::Values(&MakeDiskPlace));
-INSTANTIATE_TEST_SUITE_P(Disk, ShellContract, testing::Values(&MakeDiskPlace));
+INSTANTIATE_TEST_SUITE_P(Disk, FileSystemContract, testing::Values(&test::Make<Place, DiskPlace>));
+INSTANTIATE_TEST_SUITE_P(Disk, ShellContract, testing::Values(&test::Make<Place, DiskPlace>));
 
 }  // namespace
 }  // namespace ferry::transfer::contract

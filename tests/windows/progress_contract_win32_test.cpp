@@ -33,11 +33,7 @@ private:
     dialogs::ProgressWindow view_{world_.Services(), confirmation_.Get(), Operation::Copy};
 };
 
-std::unique_ptr<ProgressPlace> MakeWindowPlace() {
-    return std::make_unique<WindowPlace>();
-}
-
-INSTANTIATE_TEST_SUITE_P(Window, ProgressContract, testing::Values(&MakeWindowPlace));
+INSTANTIATE_TEST_SUITE_P(Window, ProgressContract, testing::Values(&test::Make<ProgressPlace, WindowPlace>));
 
 }  // namespace
 }  // namespace ferry::transfer::contract

@@ -33,11 +33,7 @@ private:
     MessageFile file_{store_, folder_ / L"Command\\Ferry\\Ferry.exe"};
 };
 
-std::unique_ptr<Place> MakeDiskPlace() {
-    return std::make_unique<DiskPlace>();
-}
-
-INSTANTIATE_TEST_SUITE_P(Disk, SourceContract, testing::Values(&MakeDiskPlace));
+INSTANTIATE_TEST_SUITE_P(Disk, SourceContract, testing::Values(&test::Make<Place, DiskPlace>));
 
 }  // namespace
 }  // namespace ferry::lang::contract

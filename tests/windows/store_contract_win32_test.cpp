@@ -79,11 +79,7 @@ private:
     RegistryStore store_{ProgramKey()};
 };
 
-std::unique_ptr<Place> MakeRegistryPlace() {
-    return std::make_unique<RegistryPlace>();
-}
-
-INSTANTIATE_TEST_SUITE_P(Registry, StoreContract, testing::Values(&MakeRegistryPlace));
+INSTANTIATE_TEST_SUITE_P(Registry, StoreContract, testing::Values(&test::Make<Place, RegistryPlace>));
 
 }  // namespace
 }  // namespace ferry::settings::contract

@@ -12,6 +12,7 @@
 #include "base/handles_win32.h"
 #include "transfer/file_system_win32.h"
 #include "transfer/item_engine.h"
+#include "windows/local_times_win32.h"
 #include "windows/support_win32.h"
 #include "windows/watched_import_win32.h"
 
@@ -20,12 +21,9 @@ namespace {
 
 using Names = std::vector<std::wstring>;
 
-/// The file time of a local date and time, by the system's present distance from UTC.
-std::uint64_t FileTimeOfLocal(const SYSTEMTIME& fields) {
-    FILETIME local{};
-    FILETIME utc{};
-    EXPECT_TRUE(SystemTimeToFileTime(&fields, &local));
-    EXPECT_TRUE(LocalFileTimeToFileTime(&local, &utc));
+/// The file time of a local date and time, as one number.
+std::uint64_t TicksOfLocal(const SYSTEMTIME& fields) {
+    const FILETIME utc = test::FileTimeOfLocal(fields);
     return (static_cast<std::uint64_t>(utc.dwHighDateTime) << 32) | utc.dwLowDateTime;
 }
 
@@ -318,7 +316,7 @@ TEST_F(WindowsFileSystemTest, KnowsRoots) {
 TEST_F(WindowsFileSystemTest, LocalDatesDropMillisecondsAndFollowTheTimeZone) {
     const SYSTEMTIME noon{2020, 6, 3, 17, 12, 30, 15, 999};
     const double seconds = 12 * 3600 + 30 * 60 + 15;
-    EXPECT_NEAR(files_.LocalDate(FileTimeOfLocal(noon)), 43999 + seconds / 86400, 1e-9);
+    EXPECT_NEAR(files_.LocalDate(TicksOfLocal(noon)), 43999 + seconds / 86400, 1e-9);
 }
 
 TEST_F(WindowsFileSystemTest, DatesBeforeTheEpochCountTheirTimeOfDayAwayFromZero) {
@@ -328,7 +326,7 @@ TEST_F(WindowsFileSystemTest, DatesBeforeTheEpochCountTheirTimeOfDayAwayFromZero
         {{1969, 12, 0, 31, 12, 0, 0, 0}, 25'568.5},
     };
     for (const auto& [local, expected] : cases) {
-        EXPECT_NEAR(files_.LocalDate(FileTimeOfLocal(local)), expected, 1e-9) << local.wYear;
+        EXPECT_NEAR(files_.LocalDate(TicksOfLocal(local)), expected, 1e-9) << local.wYear;
     }
 }
 
@@ -336,7 +334,7 @@ TEST_F(WindowsFileSystemTest, TheTimeTestCountsWholeSecondsInEveryCentury) {
     constexpr std::uint64_t kSecond = 10'000'000;
     constexpr WORD kYears[] = {1602, 1898, 1899, 1900, 1969, 1970, 2024, 2399, 9998};
     for (const WORD year : kYears) {
-        const std::uint64_t midnight = FileTimeOfLocal({year, 12, 0, 31, 0, 0, 0, 0});
+        const std::uint64_t midnight = TicksOfLocal({year, 12, 0, 31, 0, 0, 0, 0});
         for (std::uint64_t second = 0; second < 86'400; second += 997) {
             const std::uint64_t earlier = midnight + second * kSecond;
             for (std::uint64_t apart = 0; apart <= 4; ++apart) {

@@ -19,11 +19,7 @@ private:
     test::FakeLookup lookup_;
 };
 
-std::unique_ptr<Place> MakeFakePlace() {
-    return std::make_unique<FakePlace>();
-}
-
-INSTANTIATE_TEST_SUITE_P(Fake, LookupContract, testing::Values(&MakeFakePlace));
+INSTANTIATE_TEST_SUITE_P(Fake, LookupContract, testing::Values(&test::Make<Place, FakePlace>));
 
 }  // namespace
 }  // namespace ferry::completion::contract

@@ -2,14 +2,12 @@
 // same tests.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "completion/folder_lookup.h"
+#include "support/contract.h"
 
 namespace ferry::completion::contract {
 
@@ -28,21 +26,15 @@ public:
     virtual void AddFile(const std::wstring& name) = 0;
 };
 
-using PlaceMaker = std::unique_ptr<Place> (*)();
-
-class LookupContract : public testing::TestWithParam<PlaceMaker> {
+class LookupContract : public test::ContractOf<Place> {
 protected:
     using Names = std::vector<std::wstring>;
 
     /// The names that fit `mask` in the folder, sorted; those of folders with a backslash.
     Names Find(const std::wstring& mask);
 
-    Place& AtPlace() { return *place_; }
-    FolderLookup& Lookup() { return place_->Lookup(); }
-    std::wstring Folder() { return place_->Folder(); }
-
-private:
-    std::unique_ptr<Place> place_ = GetParam()();
+    FolderLookup& Lookup() { return AtPlace().Lookup(); }
+    std::wstring Folder() { return AtPlace().Folder(); }
 };
 
 }  // namespace ferry::completion::contract

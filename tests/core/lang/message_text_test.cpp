@@ -22,11 +22,7 @@ private:
     test::MessageText source_;
 };
 
-std::unique_ptr<Place> MakeMemoryPlace() {
-    return std::make_unique<MemoryPlace>();
-}
-
-INSTANTIATE_TEST_SUITE_P(Memory, SourceContract, testing::Values(&MakeMemoryPlace));
+INSTANTIATE_TEST_SUITE_P(Memory, SourceContract, testing::Values(&test::Make<Place, MemoryPlace>));
 
 }  // namespace
 }  // namespace ferry::lang::contract

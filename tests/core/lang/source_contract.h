@@ -2,13 +2,11 @@
 // are held against the same tests.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <memory>
 #include <string>
 #include <string_view>
 
 #include "lang/catalogue.h"
+#include "support/contract.h"
 
 namespace ferry::lang::contract {
 
@@ -29,15 +27,9 @@ public:
     virtual bool Reports() = 0;
 };
 
-using PlaceMaker = std::unique_ptr<Place> (*)();
-
-class SourceContract : public testing::TestWithParam<PlaceMaker> {
+class SourceContract : public test::ContractOf<Place> {
 protected:
-    Place& AtPlace() { return *place_; }
-    CatalogueSource& Source() { return place_->Source(); }
-
-private:
-    std::unique_ptr<Place> place_ = GetParam()();
+    CatalogueSource& Source() { return AtPlace().Source(); }
 };
 
 }  // namespace ferry::lang::contract

@@ -2,12 +2,10 @@
 // same tests.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <memory>
 #include <string>
 
 #include "naming/clock.h"
+#include "support/contract.h"
 
 namespace ferry::naming::contract {
 
@@ -32,15 +30,9 @@ public:
     virtual std::wstring Nothing() = 0;
 };
 
-using PlaceMaker = std::unique_ptr<Place> (*)();
-
-class ClockContract : public testing::TestWithParam<PlaceMaker> {
+class ClockContract : public test::ContractOf<Place> {
 protected:
-    Place& AtPlace() { return *place_; }
-    Clock& TheClock() { return place_->TheClock(); }
-
-private:
-    std::unique_ptr<Place> place_ = GetParam()();
+    Clock& TheClock() { return AtPlace().TheClock(); }
 };
 
 }  // namespace ferry::naming::contract

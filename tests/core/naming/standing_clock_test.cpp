@@ -24,11 +24,7 @@ private:
     test::StandingClock clock_;
 };
 
-std::unique_ptr<Place> MakeStandingPlace() {
-    return std::make_unique<StandingPlace>();
-}
-
-INSTANTIATE_TEST_SUITE_P(Standing, ClockContract, testing::Values(&MakeStandingPlace));
+INSTANTIATE_TEST_SUITE_P(Standing, ClockContract, testing::Values(&test::Make<Place, StandingPlace>));
 
 }  // namespace
 }  // namespace ferry::naming::contract

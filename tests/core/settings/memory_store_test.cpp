@@ -31,11 +31,7 @@ private:
     test::MemoryStore store_;
 };
 
-std::unique_ptr<Place> MakeMemoryPlace() {
-    return std::make_unique<MemoryPlace>();
-}
-
-INSTANTIATE_TEST_SUITE_P(Memory, StoreContract, testing::Values(&MakeMemoryPlace));
+INSTANTIATE_TEST_SUITE_P(Memory, StoreContract, testing::Values(&test::Make<Place, MemoryPlace>));
 
 }  // namespace
 }  // namespace ferry::settings::contract

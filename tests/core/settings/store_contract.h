@@ -2,14 +2,13 @@
 // the same tests.
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 
 #include "settings/settings_store.h"
+#include "support/contract.h"
 
 namespace ferry::settings::contract {
 
@@ -37,16 +36,10 @@ inline std::wstring ProgramKey() {
     return std::wstring(kProgramKeyPrefix) + kProgramName;
 }
 
-using PlaceMaker = std::unique_ptr<Place> (*)();
-
-class StoreContract : public testing::TestWithParam<PlaceMaker> {
+class StoreContract : public test::ContractOf<Place> {
 protected:
     bool HasKey(const std::wstring& path) { return AtPlace().HasKey(path); }
     SettingsStore& Store() { return AtPlace().Store(); }
-    Place& AtPlace() { return *place_; }
-
-private:
-    std::unique_ptr<Place> place_ = GetParam()();
 };
 
 }  // namespace ferry::settings::contract

@@ -34,6 +34,13 @@ protected:
     std::string ContentAt(std::wstring_view path) const { return run.Shared.Files.ContentAt(path); }
     const Lines& Log() const { return run.Shared.Log; }
 
+    /// The person cancels when the run handles its messages for the `n`th time.
+    void CancelAtDrain(int n) {
+        run.Shared.Faults = [drains = 0, n](std::size_t, std::wstring_view port) mutable {
+            return port == L"Drain" && ++drains == n ? Fault::Cancel : Fault::None;
+        };
+    }
+
     /// Answers the questions of the collision dialog one after the other.
     void AnswerCollisions(std::vector<CollisionAnswer> answers) {
         run.Person.Collision = [answers, next = std::size_t{0}]() mutable { return answers.at(next++); };
@@ -220,9 +227,7 @@ TEST_F(IndividualRunTest, ACancelStopsBeforeTheNextItemAndRemovesNoFolder) {
     AddSource(L"C:\\src\\dir");
     AddSource(L"C:\\src\\later");
     UseMove();
-    run.Shared.Faults = [drains = 0](std::size_t, std::wstring_view port) mutable {
-        return port == L"Drain" && ++drains == 3 ? Fault::Cancel : Fault::None;
-    };
+    CancelAtDrain(3);
     EXPECT_FALSE(run.Run());
     EXPECT_EQ(Log().back(), L"Drain");
     EXPECT_EQ(run.View.Steps, (std::vector<std::size_t>{2}));
@@ -237,9 +242,7 @@ TEST_F(IndividualRunTest, ACancelBetweenTwoFoldersMakesNoOtherAndTransfersNoFile
     AddFile(L"C:\\src\\dir\\sub\\b");
     AddSource(L"C:\\src\\dir");
     UseMove();
-    run.Shared.Faults = [drains = 0](std::size_t, std::wstring_view port) mutable {
-        return port == L"Drain" && ++drains == 2 ? Fault::Cancel : Fault::None;
-    };
+    CancelAtDrain(2);
     EXPECT_FALSE(run.Run());
     EXPECT_TRUE(Exists(L"D:\\out\\dir"));
     EXPECT_FALSE(Exists(L"D:\\out\\dir\\sub"));
@@ -301,9 +304,7 @@ TEST_F(IndividualRunTest, MoreThan65535ItemsMakeTheRangeWrap) {
         folder.Children.back()->Name = std::to_wstring(index);
     }
     AddSource(L"C:\\src\\dir");
-    run.Shared.Faults = [](std::size_t, std::wstring_view port) {
-        return port == L"Drain" ? Fault::Cancel : Fault::None;
-    };
+    CancelAtDrain(1);
     EXPECT_FALSE(run.Run());
     EXPECT_EQ(run.View.Ranges, (std::vector<std::uint32_t>{3})) << "65538 files and their folder";
 }

@@ -112,14 +112,13 @@ TEST_F(ItemEngineTest, PolicyOneIsTheOtherWayRound) {
 }
 
 TEST_F(ItemEngineTest, PrecisionTakesItsSecondsForEqualUnderBothTimePolicies) {
-    constexpr std::uint64_t kSecond = 10'000'000;
     for (const std::uint32_t precision : {1u, 2u}) {
         Use(Operation::Copy, precision);
         for (const std::uint32_t policy : {0u, 1u}) {
             for (const std::uint64_t apart : {precision, precision + 1}) {
                 SCOPED_TRACE(std::to_string(precision) + " " + std::to_string(apart));
-                PutExisting(policy == 0 ? model::kBaseTime - apart * kSecond
-                                        : model::kBaseTime + apart * kSecond);
+                PutExisting(policy == 0 ? model::kBaseTime - apart * model::kSecond
+                                        : model::kBaseTime + apart * model::kSecond);
                 Handle(policy);
                 EXPECT_EQ(ContentAt(kTarget), apart > precision ? "incoming" : "existing");
                 world.Files.Detach(kTarget);

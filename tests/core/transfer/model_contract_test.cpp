@@ -35,10 +35,6 @@ private:
     model::ModelShell shell_{world_};
 };
 
-std::unique_ptr<Place> MakeModelPlace() {
-    return std::make_unique<ModelPlace>();
-}
-
 class ModelProgressPlace final : public ProgressPlace {
 public:
     Progress& View() override { return view_; }
@@ -55,13 +51,10 @@ private:
     model::ModelProgress view_{world_};
 };
 
-std::unique_ptr<ProgressPlace> MakeModelProgressPlace() {
-    return std::make_unique<ModelProgressPlace>();
-}
-
-INSTANTIATE_TEST_SUITE_P(Model, ProgressContract, testing::Values(&MakeModelProgressPlace));
-INSTANTIATE_TEST_SUITE_P(Model, FileSystemContract, testing::Values(&MakeModelPlace));
-INSTANTIATE_TEST_SUITE_P(Model, ShellContract, testing::Values(&MakeModelPlace));
+INSTANTIATE_TEST_SUITE_P(Model, ProgressContract,
+                         testing::Values(&test::Make<ProgressPlace, ModelProgressPlace>));
+INSTANTIATE_TEST_SUITE_P(Model, FileSystemContract, testing::Values(&test::Make<Place, ModelPlace>));
+INSTANTIATE_TEST_SUITE_P(Model, ShellContract, testing::Values(&test::Make<Place, ModelPlace>));
 
 }  // namespace
 }  // namespace ferry::transfer::contract

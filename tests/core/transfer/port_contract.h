@@ -2,17 +2,15 @@
 // against the same tests, so that what is proved on the model means something on a disk.
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <cstdint>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "base/utf16.h"
+#include "support/contract.h"
 #include "transfer/ports.h"
 
 namespace ferry::transfer::contract {
@@ -41,8 +39,6 @@ public:
     virtual std::optional<std::string> ReadFile(const std::wstring& path) = 0;
 };
 
-using PlaceMaker = std::unique_ptr<Place> (*)();
-
 /// Times that every file system keeps: whole seconds, some years ago.
 inline constexpr std::uint64_t kSecond = 10'000'000;
 inline constexpr std::uint64_t kSomeTime = 132'539'328'000'000'000;
@@ -54,13 +50,13 @@ inline constexpr std::uint32_t kSystem = 0x4;
 /// The attributes that a run depends on; the others differ between file systems.
 inline constexpr std::uint32_t kKeptAttributes = kReadOnly | kHidden | kSystem | kAttributeDirectory;
 
-class PortContract : public testing::TestWithParam<PlaceMaker> {
+class PortContract : public test::ContractOf<Place> {
 protected:
     using Names = std::vector<std::wstring>;
 
     /// The path of `relative` below the place's folder.
     std::wstring Path(std::wstring_view relative) const {
-        return place_->Root() + L"\\" + std::wstring(relative);
+        return AtPlace().Root() + L"\\" + std::wstring(relative);
     }
 
     std::wstring AddFolder(std::wstring_view relative) {
@@ -70,7 +66,7 @@ protected:
 
     std::wstring AddFile(std::wstring_view relative, const std::string& content,
                          std::uint64_t time = kSomeTime) {
-        place_->WriteFile(Path(relative), content, time);
+        AtPlace().WriteFile(Path(relative), content, time);
         return Path(relative);
     }
 
@@ -90,12 +86,12 @@ protected:
     }
 
     std::string ContentOf(std::wstring_view relative) {
-        return place_->ReadFile(Path(relative)).value_or("nothing");
+        return AtPlace().ReadFile(Path(relative)).value_or("nothing");
     }
 
     /// The time at which the item was last written.
     std::uint64_t TimeOf(std::wstring_view relative) { return Files().Find(Path(relative))->LastWriteTime; }
-    void SetTime(std::wstring_view relative, std::uint64_t time) { place_->SetTime(Path(relative), time); }
+    void SetTime(std::wstring_view relative, std::uint64_t time) { AtPlace().SetTime(Path(relative), time); }
 
     /// The names in a folder of the place, sorted.
     Names NamesIn(std::wstring_view relative);
@@ -110,13 +106,10 @@ protected:
         return path;
     }
 
-    FileSystem& Files() { return place_->Files(); }
-    ShellOperations& Shell() { return place_->Shell(); }
-    bool HasShell() const { return place_->HasShell(); }
-    std::wstring Root() const { return place_->Root(); }
-
-private:
-    std::unique_ptr<Place> place_ = GetParam()();
+    FileSystem& Files() { return AtPlace().Files(); }
+    ShellOperations& Shell() { return AtPlace().Shell(); }
+    bool HasShell() const { return AtPlace().HasShell(); }
+    std::wstring Root() const { return AtPlace().Root(); }
 };
 
 class FileSystemContract : public PortContract {};

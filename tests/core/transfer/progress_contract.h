@@ -2,12 +2,10 @@
 // the same tests.
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <cstdint>
-#include <memory>
 #include <string>
 
+#include "support/contract.h"
 #include "transfer/ports.h"
 
 namespace ferry::transfer::contract {
@@ -27,15 +25,9 @@ public:
     virtual bool Shows(std::uint32_t position, std::uint32_t range, const std::wstring& line) = 0;
 };
 
-using ProgressPlaceMaker = std::unique_ptr<ProgressPlace> (*)();
-
-class ProgressContract : public testing::TestWithParam<ProgressPlaceMaker> {
+class ProgressContract : public test::ContractOf<ProgressPlace> {
 protected:
-    ProgressPlace& AtPlace() { return *place_; }
-    Progress& View() { return place_->View(); }
-
-private:
-    std::unique_ptr<ProgressPlace> place_ = GetParam()();
+    Progress& View() { return AtPlace().View(); }
 };
 
 }  // namespace ferry::transfer::contract

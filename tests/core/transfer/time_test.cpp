@@ -9,7 +9,8 @@
 namespace ferry::transfer {
 namespace {
 
-constexpr std::uint64_t kSecond = 10'000'000;
+using model::kSecond;
+
 constexpr std::uint64_t kDay = 86'400 * kSecond;
 constexpr std::uint64_t kNow = 133'000'000'000'000'000;
 

@@ -62,17 +62,13 @@ TEST_F(MoveTest, RefusesAFolderIntoItself) {
     EXPECT_EQ(ContentOf(folder_.In(L"from\\d\\s\\a.txt")), "content");
 }
 
-// Below Wine the memory disk of Unix is a volume of its own.
-constexpr wchar_t kMemoryDisk[] = L"Z:\\dev\\shm";
-
 std::wstring OtherVolume() {
     wchar_t path[MAX_PATH] = {};
     GetEnvironmentVariableW(L"FERRY_OTHER_VOLUME", path, MAX_PATH);
     return path;
 }
 
-// A folder on another volume than the folder for temporary files: the one that the caller names, or one that
-// is there anyway.
+// A folder on another volume than the folder for temporary files, which the caller names.
 class OtherVolumeTest : public ServiceTest {
 protected:
     OtherVolumeTest() : other_(OtherVolume()) {}
