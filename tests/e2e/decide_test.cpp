@@ -148,7 +148,7 @@ TEST_F(Deciding, WithShiftHeldTheChoiceIsUsedAndNotRemembered) {
     for (const int button : {int{kStart}, kForAll}) {
         ASSERT_TRUE(Start({Colliding(L"a.txt")}, kAskEach));
         {
-            const HeldKey shift(VK_SHIFT);
+            const HeldKey shift(Collision().Window(), VK_SHIFT);
             ASSERT_TRUE(Answer(3, button));
         }
         ASSERT_TRUE(Ends());

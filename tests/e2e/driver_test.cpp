@@ -67,6 +67,18 @@ TEST_F(Driver, SeesWhetherAProcessHasGraphics) {
     CloseHandle(info.hProcess);
 }
 
+TEST_F(Driver, AProgramThatIsNotThereIsNoRefusalOfTheSystem) {
+    for (const bool throughHost : {true, false}) {
+        RunPlan plan;
+        plan.AppFolder = L"C:\\nowhere";
+        plan.ThroughHost = throughHost;
+        plan.LogFile = tree_.Path(L"other.log");
+        FerryRun run(plan);
+        EXPECT_FALSE(run.WaitForStart());
+        EXPECT_FALSE(run.WasRefused());
+    }
+}
+
 TEST_F(Driver, DropsPathsAndReadsTheList) {
     const std::vector<std::wstring> paths = {L"C:\\一.txt", L"C:\\two words.txt"};
     ASSERT_TRUE(samplehost::DropPaths(dialog_.Window(), paths));
@@ -108,7 +120,7 @@ TEST_F(Driver, TypesWithRealKeysAndPressesButtons) {
 
 TEST_F(Driver, HoldsShiftWhilePressing) {
     dialog_.SetDestination(L"D:\\");
-    const HeldKey shift(VK_SHIFT);
+    const HeldKey shift(dialog_.Window(), VK_SHIFT);
     ASSERT_TRUE(dialog_.PressWithKeys(kStart));
     EXPECT_EQ(ExitCode(), 11U);
 }

@@ -187,7 +187,7 @@ TEST_F(RenamingIncoming, EnterWithShiftHeldRenamesAndRemembersNothing) {
     const RemoteDialog rename = Rename();
     ASSERT_TRUE(rename.Choose(kSplitFolders));
     {
-        const HeldKey shift(VK_SHIFT);
+        const HeldKey shift(rename.Window(), VK_SHIFT);
         Ask(rename.Window(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(rename.Control(kNewName)), TRUE);
         ASSERT_TRUE(TypeNewName(rename, L"b"));
     }

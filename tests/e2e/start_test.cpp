@@ -151,7 +151,7 @@ TEST_F(PressingStart, WithShiftHeldUsesTheChoicesWithoutSavingThem) {
     ASSERT_TRUE(Dialog().Choose(PolicyControl(3)));
     Dialog().SetDestination(Tree().Path(L"先"));
     {
-        const HeldKey shift(VK_SHIFT);
+        const HeldKey shift(Dialog().Window(), VK_SHIFT);
         ASSERT_TRUE(Dialog().PressWithKeys(kStart));
         ASSERT_TRUE(EndsWell());
     }

@@ -64,6 +64,7 @@ ChildProcess::ChildProcess(const std::wstring& path, const std::vector<std::wstr
     PROCESS_INFORMATION info = {};
     if (!CreateProcessW(path.c_str(), line.data(), nullptr, nullptr, FALSE, CREATE_SUSPENDED, nullptr,
                         nullptr, &start, &info)) {
+        startError_ = GetLastError();
         return;
     }
     process_.Reset(info.hProcess);

@@ -63,13 +63,21 @@ bool FerryRun::WaitForStart() {
         ferryId_ = process_.Id();
         return true;
     }
-    return WaitUntil([this] {
+    WaitUntil([this] {
         hostHasGraphics_ = hostHasGraphics_ || HasGraphics(process_.Id());
         const auto line = HostLine(L"STARTED");
         ferryId_ = line ? std::stoul((*line)[1]) : 0;
         ferry_.Reset(OpenProcess(SYNCHRONIZE | PROCESS_QUERY_INFORMATION, FALSE, ferryId_));
-        return line.has_value();
+        return line || HostLine(L"ERROR");
     });
+    return ferryId_ != 0;
+}
+
+bool FerryRun::WasRefused() const {
+    if (!process_.IsStarted())
+        return process_.StartError() == ERROR_INTERNAL_ERROR;
+    const auto line = HostLine(L"ERROR");
+    return line && line->back() == std::to_wstring(ERROR_INTERNAL_ERROR);
 }
 
 RemoteDialog FerryRun::WaitForDialog() {

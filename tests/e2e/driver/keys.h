@@ -23,10 +23,17 @@ void TypeText(std::wstring_view text);
 /// Clicks with the left button at a place on the screen, so many times in a row.
 void ClickAt(POINT place, int clicks = 1);
 
-/// Holds a key down for as long as it lives.
+/// Gives `window` the foreground and waits until it has it.
+bool TakeForeground(HWND window);
+
+/// Holds a key down for as long as it lives. `window` gets the foreground first, so that it hears of this key
+/// before it hears of those that follow.
 class HeldKey {
 public:
-    explicit HeldKey(WORD key) : key_(key) { KeyDown(key); }
+    HeldKey(HWND window, WORD key) : key_(key) {
+        TakeForeground(window);
+        KeyDown(key);
+    }
     ~HeldKey() { KeyUp(key_); }
     HeldKey(const HeldKey&) = delete;
     HeldKey& operator=(const HeldKey&) = delete;
@@ -34,8 +41,5 @@ public:
 private:
     WORD key_;
 };
-
-/// Gives `window` the foreground and waits until it has it.
-bool TakeForeground(HWND window);
 
 }  // namespace ferry::e2e

@@ -8,8 +8,9 @@ namespace ferry::e2e {
 /// Long enough for a busy machine; a test that passes never waits so long.
 inline constexpr int kPatienceMs = 15000;
 
-/// How often a condition is asked.
-inline constexpr int kStepMs = 5;
+/// How often a condition is asked. Most of them ask the system a good deal, which keeps the ones that they
+/// wait for from their work.
+inline constexpr int kStepMs = 15;
 
 /// Asks `condition` until it holds or `timeoutMs` have passed. True when it held.
 template <class Condition>
