@@ -50,10 +50,6 @@ RunPlan FerryTest::PlanWithoutHost(std::vector<std::wstring> switches) const {
 
 testing::AssertionResult FerryTest::Open(const RunPlan& plan) {
     StartRun(plan);
-    if (!dialog_.IsOpen() && run_->WasRefused()) {
-        std::puts("not started by the system, once more");
-        StartRun(plan);
-    }
     if (!dialog_.IsOpen() && run_->LacksGraphics()) {
         std::puts("started without graphics, once more");
         run_->ExcuseEnd();

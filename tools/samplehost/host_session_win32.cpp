@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "delivery_win32.h"
+#include "process_windows_win32.h"
 #include "text_file_win32.h"
 
 namespace ferry::samplehost {
@@ -108,8 +109,7 @@ bool HostSession::StartFerry() {
     STARTUPINFOW start = {};
     start.cb = sizeof(start);
     PROCESS_INFORMATION info = {};
-    if (!CreateProcessW(options_.FerryPath.c_str(), line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                        &start, &info)) {
+    if (!StartProcess(options_.FerryPath, line, 0, start, info)) {
         log_.Write({L"ERROR", L"cannot start", options_.FerryPath, std::to_wstring(GetLastError())});
         return false;
     }

@@ -1,5 +1,7 @@
 #include "process_windows_win32.h"
 
+#include <cstdio>
+
 namespace ferry::samplehost {
 namespace {
 
@@ -25,6 +27,20 @@ HWND FindVisibleWindow(DWORD processId, const std::function<bool(HWND)>& isWante
     Search search{processId, isWanted};
     EnumWindows(VisitWindow, reinterpret_cast<LPARAM>(&search));  // stops early when found
     return search.Found;
+}
+
+bool StartProcess(const std::wstring& path, std::wstring& line, DWORD flags, STARTUPINFOW& start,
+                  PROCESS_INFORMATION& info) {
+    const auto create = [&] {
+        return CreateProcessW(path.c_str(), line.data(), nullptr, nullptr, FALSE, flags, nullptr, nullptr,
+                              &start, &info) != FALSE;
+    };
+    if (create())
+        return true;
+    if (GetLastError() != ERROR_INTERNAL_ERROR)
+        return false;
+    std::puts("not started by the system, once more");
+    return create();
 }
 
 }  // namespace ferry::samplehost

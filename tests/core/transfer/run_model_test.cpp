@@ -1,10 +1,16 @@
 // Runs on a model world with random trees, answers and faults: no run may lose a file.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <atomic>
 #include <cstdlib>
+#include <functional>
 #include <iostream>
+#include <mutex>
 #include <optional>
 #include <string>
+#include <thread>
+#include <vector>
 
 #include "core/transfer/model_run.h"
 #include "core/transfer/random_run.h"
@@ -62,37 +68,56 @@ Outcome RandomRun(std::uint64_t seed, std::optional<OneFault> fault = std::nullo
     return {Together(check.Violations(finished)), run.Shared.CallCount};
 }
 
+/// What is wrong with one of the seeds from 1 to `last`, which all processors try, each the next one that is
+/// left; empty when nothing is. FERRY_MODEL_SEED says which one to try alone.
+std::string FirstViolation(std::uint64_t last, const std::function<std::string(std::uint64_t)>& violationOf) {
+    if (std::getenv("FERRY_MODEL_SEED") != nullptr)
+        return violationOf(FromEnvironment("FERRY_MODEL_SEED", 0));
+    std::atomic<std::uint64_t> next = 1;
+    std::mutex guard;
+    std::string first;
+    const auto work = [&] {
+        for (std::uint64_t seed = next++; seed <= last; seed = next++) {
+            const std::string violation = violationOf(seed);
+            if (violation.empty())
+                continue;
+            const std::lock_guard lock(guard);
+            next = last + 1;
+            if (first.empty())
+                first = violation + "; run it again with FERRY_MODEL_SEED=" + std::to_string(seed);
+        }
+    };
+    std::vector<std::thread> threads;
+    for (unsigned count = std::max(1u, std::thread::hardware_concurrency()); count > 0; --count)
+        threads.emplace_back(work);
+    for (std::thread& thread : threads)
+        thread.join();
+    return first;
+}
+
 TEST(RunOnModel, LosesNoFileWhateverTheTreesTheAnswersAndTheFaults) {
-    if (std::getenv("FERRY_MODEL_SEED") != nullptr) {
-        EXPECT_EQ(RandomRun(FromEnvironment("FERRY_MODEL_SEED", 0)).Violations, "");
-        return;
-    }
     const std::uint64_t runs = FromEnvironment("FERRY_MODEL_RUNS", 100'000);
-    for (std::uint64_t seed = 1; seed <= runs; ++seed)
-        ASSERT_EQ(RandomRun(seed).Violations, "") << "run it again with FERRY_MODEL_SEED=" << seed;
+    EXPECT_EQ(FirstViolation(runs, [](std::uint64_t seed) { return RandomRun(seed).Violations; }), "");
     std::cout << runs << " runs\n";
 }
 
-/// Lets each call of the run of `seed` go wrong in every way, and counts the runs.
-void SweepRandomRun(std::uint64_t seed, std::size_t& runs) {
-    const std::size_t calls = RandomRun(seed, OneFault{}).Calls;
-    for (std::size_t call = 0; call < calls; ++call) {
-        for (const Fault fault : kAllFaults) {
-            ++runs;
-            ASSERT_EQ(RandomRun(seed, OneFault{call, fault}).Violations, "")
-                << "fault " << static_cast<int>(fault) << " at call " << call
-                << "; run it again with FERRY_MODEL_SEED=" << seed;
-        }
-    }
-}
-
 TEST(RunOnModel, LosesNoFileWhicheverSingleCallOfARandomRunGoesWrong) {
-    std::size_t runs = 0;
-    if (std::getenv("FERRY_MODEL_SEED") != nullptr)
-        return SweepRandomRun(FromEnvironment("FERRY_MODEL_SEED", 0), runs);
+    std::atomic<std::size_t> runs = 0;
     const std::uint64_t worlds = FromEnvironment("FERRY_MODEL_RUNS", 100'000) / 1000;
-    for (std::uint64_t seed = 1; seed <= worlds && !HasFailure(); ++seed)
-        SweepRandomRun(seed, runs);
+    const auto sweep = [&runs](std::uint64_t seed) -> std::string {
+        const std::size_t calls = RandomRun(seed, OneFault{}).Calls;
+        for (std::size_t call = 0; call < calls; ++call) {
+            for (const Fault fault : kAllFaults) {
+                ++runs;
+                const std::string violations = RandomRun(seed, OneFault{call, fault}).Violations;
+                if (!violations.empty())
+                    return violations + "with fault " + std::to_string(static_cast<int>(fault)) +
+                           " at call " + std::to_string(call);
+            }
+        }
+        return {};
+    };
+    EXPECT_EQ(FirstViolation(worlds, sweep), "");
     std::cout << runs << " runs\n";
 }
 

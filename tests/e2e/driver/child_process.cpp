@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <cstdio>
 
+#include "samplehost/process_windows_win32.h"
+
 namespace ferry::e2e {
 namespace {
 
@@ -62,11 +64,8 @@ ChildProcess::ChildProcess(const std::wstring& path, const std::vector<std::wstr
     STARTUPINFOW start = {};
     start.cb = sizeof(start);
     PROCESS_INFORMATION info = {};
-    if (!CreateProcessW(path.c_str(), line.data(), nullptr, nullptr, FALSE, CREATE_SUSPENDED, nullptr,
-                        nullptr, &start, &info)) {
-        startError_ = GetLastError();
+    if (!samplehost::StartProcess(path, line, CREATE_SUSPENDED, start, info))
         return;
-    }
     process_.Reset(info.hProcess);
     const base::ThreadHandle thread(info.hThread);
     AssignProcessToJobObject(job_.Get(), process_.Get());

@@ -36,9 +36,6 @@ public:
     bool IsStarted() const noexcept { return static_cast<bool>(process_); }
     bool IsRunning() const noexcept;
 
-    /// The system's error number of a start that failed; 0: it worked.
-    DWORD StartError() const noexcept { return startError_; }
-
     /// Waits for the end of the process, but no longer than `timeoutMs`.
     Ending WaitForEnd(int timeoutMs) const noexcept;
 
@@ -48,7 +45,6 @@ private:
     JobHandle job_;
     base::ProcessHandle process_;
     DWORD id_ = 0;
-    DWORD startError_ = 0;
 };
 
 /// Waits until the process has handled what was in its message queue at its start.

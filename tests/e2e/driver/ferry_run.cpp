@@ -73,13 +73,6 @@ bool FerryRun::WaitForStart() {
     return ferryId_ != 0;
 }
 
-bool FerryRun::WasRefused() const {
-    if (!process_.IsStarted())
-        return process_.StartError() == ERROR_INTERNAL_ERROR;
-    const auto line = HostLine(L"ERROR");
-    return line && line->back() == std::to_wstring(ERROR_INTERNAL_ERROR);
-}
-
 RemoteDialog FerryRun::WaitForDialog() {
     if (ferryId_ == 0 && !WaitForStart())
         return {};

@@ -54,9 +54,6 @@ public:
     /// Whether no dialog can come, since the host or Ferry itself was started without graphics.
     bool LacksGraphics() const noexcept { return ferryId_ == 0 ? !hostHasGraphics_ : !ferryHasGraphics_; }
 
-    /// Whether nothing was started, since the system failed to make a process of Ferry or of the host.
-    bool WasRefused() const;
-
     /// However this run ends, it is no complaint.
     void ExcuseEnd() noexcept { isEndExcused_ = true; }
 
