@@ -8,14 +8,14 @@ constexpr int kChoices[] = {0, 1, 2, 3, 4, 5, 6};
 
 class Deciding : public AskingRun {
 protected:
-    /// Chooses `policy` in the dialog that asks, and presses `button`.
-    testing::AssertionResult Answer(int policy, int button) {
+    /// Chooses `policy` in the dialog that asks, and presses `button`, with Shift when wanted.
+    testing::AssertionResult Answer(int policy, int button, bool withShift = false) {
         const RemoteDialog question = Collision();
         if (!question.IsOpen())
             return testing::AssertionFailure() << "no question came";
         if (!question.Choose(ChoiceControl(policy)))
             return testing::AssertionFailure() << "policy " << policy << " cannot be chosen";
-        if (!question.PressWithKeys(button) || !WaitUntilGone(question))
+        if (!question.PressWithKeys(button, withShift) || !WaitUntilGone(question))
             return testing::AssertionFailure() << "the question stays";
         return testing::AssertionSuccess();
     }
@@ -147,10 +147,7 @@ TEST_F(Deciding, WithShiftHeldTheChoiceIsUsedAndNotRemembered) {
     WriteNumber(kProgramKey, L"AfterSel", 1);
     for (const int button : {int{kStart}, kForAll}) {
         ASSERT_TRUE(Start({Colliding(L"a.txt")}, kAskEach));
-        {
-            const HeldKey shift(Collision().Window(), VK_SHIFT);
-            ASSERT_TRUE(Answer(3, button));
-        }
+        ASSERT_TRUE(Answer(3, button, true));
         ASSERT_TRUE(Ends());
         EXPECT_EQ(At(L"a.txt"), Incoming(L"a.txt"));
         EXPECT_EQ(ReadNumber(kProgramKey, L"AfterSel"), 1U);

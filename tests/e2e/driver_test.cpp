@@ -119,8 +119,7 @@ TEST_F(Driver, TypesWithRealKeysAndPressesButtons) {
 
 TEST_F(Driver, HoldsShiftWhilePressing) {
     dialog_.SetDestination(L"D:\\");
-    const HeldKey shift(dialog_.Window(), VK_SHIFT);
-    ASSERT_TRUE(dialog_.PressWithKeys(kStart));
+    ASSERT_TRUE(dialog_.PressWithKeys(kStart, true));
     EXPECT_EQ(ExitCode(), 11U);
 }
 

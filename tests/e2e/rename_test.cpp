@@ -186,11 +186,8 @@ TEST_F(RenamingIncoming, EnterWithShiftHeldRenamesAndRemembersNothing) {
     ASSERT_TRUE(Start({Colliding(L"a.txt")}, kRenameIncoming));
     const RemoteDialog rename = Rename();
     ASSERT_TRUE(rename.Choose(kSplitFolders));
-    {
-        const HeldKey shift(rename.Window(), VK_SHIFT);
-        Ask(rename.Window(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(rename.Control(kNewName)), TRUE);
-        ASSERT_TRUE(TypeNewName(rename, L"b"));
-    }
+    Ask(rename.Window(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(rename.Control(kNewName)), TRUE);
+    ASSERT_TRUE(TypeNewName(rename, L"b", true));
     ASSERT_TRUE(Ends());
     EXPECT_EQ(At(L"b.txt"), Incoming(L"a.txt"));
     EXPECT_FALSE(ReadNumber(kProgramKey, L"DirNameSep").has_value());

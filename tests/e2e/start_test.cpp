@@ -150,11 +150,8 @@ TEST_F(PressingStart, WithShiftHeldUsesTheChoicesWithoutSavingThem) {
     ASSERT_TRUE(Dialog().Choose(kIndividual));
     ASSERT_TRUE(Dialog().Choose(PolicyControl(3)));
     Dialog().SetDestination(Tree().Path(L"先"));
-    {
-        const HeldKey shift(Dialog().Window(), VK_SHIFT);
-        ASSERT_TRUE(Dialog().PressWithKeys(kStart));
-        ASSERT_TRUE(EndsWell());
-    }
+    ASSERT_TRUE(Dialog().PressWithKeys(kStart, true));
+    ASSERT_TRUE(EndsWell());
     EXPECT_EQ(ReadBytes(target), "a") << "item by item, and overwriting";
     EXPECT_EQ(ReadNumber(kProgramKey, L"Mode"), 0U);
     EXPECT_EQ(ReadNumber(kProgramKey, L"Name"), 2U);

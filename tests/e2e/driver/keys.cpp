@@ -30,9 +30,13 @@ void KeyUp(WORD key) {
     Send(key, ScanCodeOf(key), KEYEVENTF_KEYUP);
 }
 
-void PressKey(WORD key) {
+void PressKey(WORD key, bool withShift) {
+    if (withShift)
+        KeyDown(VK_SHIFT);
     KeyDown(key);
     KeyUp(key);
+    if (withShift)
+        KeyUp(VK_SHIFT);
 }
 
 void PressChord(std::initializer_list<WORD> keys) {

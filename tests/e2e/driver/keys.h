@@ -11,8 +11,9 @@ namespace ferry::e2e {
 void KeyDown(WORD key);
 void KeyUp(WORD key);
 
-/// Presses and releases `key`.
-void PressKey(WORD key);
+/// Presses and releases `key`; with Shift down around it, when wanted. A Shift that is held longer is let go
+/// by the system when the focus changes hands meanwhile.
+void PressKey(WORD key, bool withShift = false);
 
 /// Holds the keys in order, then releases them in reverse: {VK_CONTROL, 'H'}.
 void PressChord(std::initializer_list<WORD> keys);
@@ -25,21 +26,5 @@ void ClickAt(POINT place, int clicks = 1);
 
 /// Gives `window` the foreground and waits until it has it.
 bool TakeForeground(HWND window);
-
-/// Holds a key down for as long as it lives. `window` gets the foreground first, so that it hears of this key
-/// before it hears of those that follow.
-class HeldKey {
-public:
-    HeldKey(HWND window, WORD key) : key_(key) {
-        TakeForeground(window);
-        KeyDown(key);
-    }
-    ~HeldKey() { KeyUp(key_); }
-    HeldKey(const HeldKey&) = delete;
-    HeldKey& operator=(const HeldKey&) = delete;
-
-private:
-    WORD key_;
-};
 
 }  // namespace ferry::e2e

@@ -157,10 +157,10 @@ bool RemoteDialog::WaitForFocus(HWND control) const {
     });
 }
 
-bool RemoteDialog::PressWithKeys(int id) const {
+bool RemoteDialog::PressWithKeys(int id, bool withShift) const {
     if (!Focus(Control(id)))
         return false;
-    PressKey(VK_SPACE);
+    PressKey(VK_SPACE, withShift);
     return true;
 }
 

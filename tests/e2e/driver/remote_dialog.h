@@ -85,8 +85,8 @@ public:
     /// Posts a click, so that a box that opens does not keep the test waiting.
     void Click(int id) const;
 
-    /// Gives the control the focus and presses the space bar.
-    bool PressWithKeys(int id) const;
+    /// Gives the control the focus and presses the space bar, with Shift when wanted.
+    bool PressWithKeys(int id, bool withShift = false) const;
 
     /// Waits until the focus is on the control.
     bool WaitForFocus(HWND control) const;

@@ -51,7 +51,7 @@ std::wstring NamesIn(const RemoteDialog& rename) {
     return rename.Text(kNewName) + L"|" + rename.Text(kExtension);
 }
 
-bool TypeNewName(const RemoteDialog& rename, const std::wstring& text) {
+bool TypeNewName(const RemoteDialog& rename, const std::wstring& text, bool withShift) {
     if (!TakeForeground(rename.Window()) || !rename.WaitForFocus(rename.Control(kNewName)))
         return false;
     if (text.empty())
@@ -59,7 +59,7 @@ bool TypeNewName(const RemoteDialog& rename, const std::wstring& text) {
     TypeText(text);
     if (!WaitUntil([&] { return rename.Text(kNewName) == text; }))
         return false;
-    PressKey(VK_RETURN);
+    PressKey(VK_RETURN, withShift);
     return WaitUntilGone(rename);
 }
 

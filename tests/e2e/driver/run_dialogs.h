@@ -49,8 +49,9 @@ HWND FocusOf(HWND window);
 /// Name and extension of an open rename dialog, parted by a bar.
 std::wstring NamesIn(const RemoteDialog& rename);
 
-/// Types `text` in place of the selected new name and presses Enter; waits until the dialog went.
-bool TypeNewName(const RemoteDialog& rename, const std::wstring& text);
+/// Types `text` in place of the selected new name and presses Enter, with Shift when wanted; waits until the
+/// dialog went.
+bool TypeNewName(const RemoteDialog& rename, const std::wstring& text, bool withShift = false);
 
 /// Presses Escape; waits until the dialog went.
 bool PressEscapeIn(const RemoteDialog& dialog);
