@@ -209,12 +209,11 @@ double ModelFileSystem::LocalDate(std::uint64_t fileTime) {
 }
 
 double ModelLocalDate(std::uint64_t fileTime) {
-    constexpr std::uint64_t kUnitsPerSecond = 10'000'000;
     constexpr std::int64_t kSecondsPerDay = 86'400;
     constexpr std::int64_t kNineHours = 32'400;
     constexpr std::int64_t kEpochDay = 109'205;               // 1899-12-30 counted from 1601-01-01
     constexpr std::int64_t kEndOfCalendar = 265'046'774'400;  // the date type ends with the year 9999
-    const auto seconds = static_cast<std::int64_t>(fileTime / kUnitsPerSecond) + kNineHours;
+    const auto seconds = static_cast<std::int64_t>(fileTime / kSecond) + kNineHours;
     if (seconds >= kEndOfCalendar)
         return 0.0;
     const std::int64_t wholeDays = seconds / kSecondsPerDay - kEpochDay;

@@ -65,7 +65,7 @@ bool ModelRun::Run() {
 bool IsNewerByOracle(std::uint64_t later, std::uint64_t earlier, std::uint32_t precision) {
     if (precision != 1 && precision != 2)
         return later > earlier;
-    const auto seconds = [](std::uint64_t time) { return static_cast<std::int64_t>(time / 10'000'000); };
+    const auto seconds = [](std::uint64_t time) { return static_cast<std::int64_t>(time / kSecond); };
     return seconds(later) - seconds(earlier) > static_cast<std::int64_t>(precision);
 }
 

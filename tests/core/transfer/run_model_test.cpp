@@ -96,8 +96,12 @@ std::string FirstViolation(std::uint64_t last, const std::function<std::string(s
 }
 
 TEST(RunOnModel, LosesNoFileWhateverTheTreesTheAnswersAndTheFaults) {
-    const std::uint64_t runs = FromEnvironment("FERRY_MODEL_RUNS", 100'000);
-    EXPECT_EQ(FirstViolation(runs, [](std::uint64_t seed) { return RandomRun(seed).Violations; }), "");
+    std::atomic<std::size_t> runs = 0;
+    const auto run = [&runs](std::uint64_t seed) {
+        ++runs;
+        return RandomRun(seed).Violations;
+    };
+    EXPECT_EQ(FirstViolation(FromEnvironment("FERRY_MODEL_RUNS", 100'000), run), "");
     std::cout << runs << " runs\n";
 }
 

@@ -22,29 +22,19 @@ WORD ScanCodeOf(WORD key) {
 
 }  // namespace
 
-void KeyDown(WORD key) {
-    Send(key, ScanCodeOf(key), 0);
-}
-
-void KeyUp(WORD key) {
-    Send(key, ScanCodeOf(key), KEYEVENTF_KEYUP);
-}
-
 void PressKey(WORD key, bool withShift) {
     if (withShift)
-        KeyDown(VK_SHIFT);
-    KeyDown(key);
-    KeyUp(key);
-    if (withShift)
-        KeyUp(VK_SHIFT);
+        PressChord({VK_SHIFT, key});
+    else
+        PressChord({key});
 }
 
 void PressChord(std::initializer_list<WORD> keys) {
     for (const WORD key : keys) {
-        KeyDown(key);
+        Send(key, ScanCodeOf(key), 0);
     }
     for (const WORD key : std::views::reverse(keys)) {
-        KeyUp(key);
+        Send(key, ScanCodeOf(key), KEYEVENTF_KEYUP);
     }
 }
 

@@ -8,9 +8,6 @@
 
 namespace ferry::e2e {
 
-void KeyDown(WORD key);
-void KeyUp(WORD key);
-
 /// Presses and releases `key`; with Shift down around it, when wanted. A Shift that is held longer is let go
 /// by the system when the focus changes hands meanwhile.
 void PressKey(WORD key, bool withShift = false);
