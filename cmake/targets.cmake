@@ -50,16 +50,41 @@ if(WIN32)
     endif()
 endif()
 
+# The largest headers of the system, read once for all rooms, where FERRY_SHARED_HEADERS asks for it. The build of
+# the program that ships does not: there each file has to include what it uses.
+function(ferry_shared_headers name)
+    file(CONFIGURE OUTPUT ${name}.cpp CONTENT "")
+    add_library(${name} OBJECT ${CMAKE_CURRENT_BINARY_DIR}/${name}.cpp)
+    target_link_libraries(${name} PRIVATE ferry_options)
+    target_precompile_headers(${name} PRIVATE ${ARGN} <algorithm> <array> <functional> <memory> <optional> <span>
+        <string> <string_view> <vector>)
+endfunction()
+if(FERRY_SHARED_HEADERS)
+    ferry_shared_headers(shared_headers)
+    if(WIN32)
+        ferry_shared_headers(shared_windows_headers <windows.h>)
+    endif()
+endif()
+
 # ferry_portable(NAME SOURCES... [LINK LIBS...]): standard C++ only, built for every host.
 function(ferry_portable name)
     cmake_parse_arguments(arg "" "" "SOURCES;LINK" ${ARGN})
     add_library(${name} STATIC ${arg_SOURCES})
     target_link_libraries(${name} PUBLIC ferry_options ${arg_LINK})
+    if(FERRY_SHARED_HEADERS)
+        target_precompile_headers(${name} REUSE_FROM shared_headers)
+    endif()
 endfunction()
 
 # ferry_adapter(NAME SOURCES... [LINK LIBS...]): talks to Windows; nothing elsewhere.
 function(ferry_adapter name)
-    if(WIN32)
-        ferry_portable(${name} ${ARGN})
+    if(NOT WIN32)
+        return()
+    endif()
+    cmake_parse_arguments(arg "" "" "SOURCES;LINK" ${ARGN})
+    add_library(${name} STATIC ${arg_SOURCES})
+    target_link_libraries(${name} PUBLIC ferry_options ${arg_LINK})
+    if(FERRY_SHARED_HEADERS)
+        target_precompile_headers(${name} REUSE_FROM shared_windows_headers)
     endif()
 endfunction()
