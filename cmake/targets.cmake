@@ -66,25 +66,24 @@ if(FERRY_SHARED_HEADERS)
     endif()
 endif()
 
-# ferry_portable(NAME SOURCES... [LINK LIBS...]): standard C++ only, built for every host.
-function(ferry_portable name)
+# ferry_library(NAME HEADERS SOURCES... [LINK LIBS...]): a room's library, with these shared headers.
+function(ferry_library name headers)
     cmake_parse_arguments(arg "" "" "SOURCES;LINK" ${ARGN})
     add_library(${name} STATIC ${arg_SOURCES})
     target_link_libraries(${name} PUBLIC ferry_options ${arg_LINK})
     if(FERRY_SHARED_HEADERS)
-        target_precompile_headers(${name} REUSE_FROM shared_headers)
+        target_precompile_headers(${name} REUSE_FROM ${headers})
     endif()
+endfunction()
+
+# ferry_portable(NAME SOURCES... [LINK LIBS...]): standard C++ only, built for every host.
+function(ferry_portable name)
+    ferry_library(${name} shared_headers ${ARGN})
 endfunction()
 
 # ferry_adapter(NAME SOURCES... [LINK LIBS...]): talks to Windows; nothing elsewhere.
 function(ferry_adapter name)
-    if(NOT WIN32)
-        return()
-    endif()
-    cmake_parse_arguments(arg "" "" "SOURCES;LINK" ${ARGN})
-    add_library(${name} STATIC ${arg_SOURCES})
-    target_link_libraries(${name} PUBLIC ferry_options ${arg_LINK})
-    if(FERRY_SHARED_HEADERS)
-        target_precompile_headers(${name} REUSE_FROM shared_windows_headers)
+    if(WIN32)
+        ferry_library(${name} shared_windows_headers ${ARGN})
     endif()
 endfunction()
