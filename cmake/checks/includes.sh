@@ -8,25 +8,31 @@ xargs awk '
 BEGIN {
     # Which rooms each room may include, beside itself.
     below["base"] = ""
-    below["paths"] = "base"
-    services = "base paths"
+    below["calendar"] = "base"
+    below["paths"] = "base calendar"
+    # Paths of any length are a matter of grammar.
+    below["files"] = "base paths"
+    services = "base calendar paths files"
     below["hostlink"] = below["settings"] = below["process"] = services
     # The language is a setting.
     below["lang"] = services " settings"
-    # The times of a file are asked for as any file is.
-    below["naming"] = services " process"
-    below["completion"] = services " settings process"
+    below["naming"] = services
+    below["completion"] = services " settings"
     engines = services " hostlink lang settings process naming"
     below["transfer"] = below["script"] = engines
+    # The conversation with the person, apart from its windows.
+    below["confirmation"] = engines " transfer"
     # The framework knows nothing of Ferry, only the owners and texts of the lowest room.
     below["framework"] = "base"
     below["controls"] = engines " completion transfer script framework"
-    below["dirmenu"] = below["controls"] " controls"
+    # What deals with windows that are not of its own making.
+    below["desktop"] = below["controls"]
+    below["dirmenu"] = below["controls"] " controls confirmation desktop"
     # The favourites button of a dialog opens the folder menu.
-    below["dialogs"] = below["controls"] " controls dirmenu"
+    below["dialogs"] = below["dirmenu"] " dirmenu"
     below["app"] = below["dialogs"] " dialogs"
 
-    count = split("framework controls dialogs dirmenu app", names, " ")
+    count = split("framework controls desktop dialogs dirmenu app", names, " ")
     for (i = 1; i <= count; ++i) hasWindows[names[i]] = 1
 
     # Fuzz targets and the tests of portable rooms are portable too; the other rings are for Windows.
@@ -80,6 +86,9 @@ function fromRoom(name,   target) {
         return
     }
     if (target[1] == room) return
+    # The lowest room has owners only, no adapters of the world.
+    if (name ~ /_win32\.h$/ && target[1] != "base" && room != "app")
+        complain("\"" name "\" is an adapter of another room; app/ makes it and lends its port")
     if (index(" " below[room] " ", " " target[1] " ") == 0)
         complain("\"" name "\" is above " room "/, or beside it; includes go down only")
 }
@@ -95,6 +104,11 @@ function fromBeside(name) {
     } else if (!free && name ~ /_win32\.h$/) {
         complain("\"" name "\" is an adapter; a portable file cannot include it")
     }
+}
+
+# Services answer; whoever speaks to a person or touches a window stands above them.
+room != "" && !(room in hasWindows) && /(^|[^A-Za-z_])(HWND|MessageBox[AW]?|FindWindow[A-Za-z]*|SendMessage[AW]?|PostMessage[AW]?)([^A-Za-z_]|$)/ {
+    complain("there is no window in " room "/")
 }
 
 /^[ \t]*#[ \t]*include/ {

@@ -12,14 +12,19 @@
 
 #include "app/command_line.h"
 #include "app/dll_search_path.h"
+#include "calendar/clock_win32.h"
+#include "desktop/host_messages.h"
+#include "desktop/message_boxes_win32.h"
+#include "desktop/shell_operations_win32.h"
+#include "desktop/system_error.h"
+#include "desktop/window_placement.h"
 #include "dialogs/ferry_dialog.h"
 #include "dialogs/services.h"
+#include "files/disk_win32.h"
 #include "framework/common_controls.h"
 #include "hostlink/host_link_win32.h"
-#include "hostlink/host_messages_win32.h"
-#include "hostlink/window_placement_win32.h"
-#include "lang/message_file_win32.h"
-#include "naming/clock_win32.h"
+#include "lang/message_path_win32.h"
+#include "lang/text_files_win32.h"
 #include "process/module_path_win32.h"
 #include "settings/registry_store_win32.h"
 
@@ -47,7 +52,7 @@ std::wstring ProgramKey() {
 }
 
 void ActivateHost() {
-    if (const HWND host = hostlink::FindHostWindow(); host != nullptr) {
+    if (const HWND host = desktop::FindHostWindow(); host != nullptr) {
         SetForegroundWindow(host);
     }
 }
@@ -65,16 +70,34 @@ bool CFerryApp::InitInstance() {
     CWinApp::InitInstance();
     const std::wstring modulePath = process::ModulePath();
     hostlink::PresenceMutex presence(modulePath);
-    hostlink::HostData host = hostlink::ReadHostData();
+    desktop::MessageBoxes speaker;
+    auto [host, blockError] = hostlink::ReadHostData();
+    if (blockError != 0)
+        speaker.Tell(desktop::SystemErrorMessage(blockError), lang::Tone::Plain);
     auto shell = std::make_unique<framework::CShellManager>();
     settings::RegistryStore settings(ProgramKey());
-    lang::MessageFile messageFile(settings, modulePath);
-    messageFile.Path();
-    lang::Catalogue messages(messageFile);
-    lang::DialogLocaliser localiser(settings, modulePath);
-    naming::SystemClock clock;
-    dialogs::Services services{host, settings, messages, localiser, *shell, clock};
-    const HWND owner = host.WindowMode == hostlink::kOwnedWindowMode ? hostlink::FindHostWindow() : nullptr;
+    lang::DiskTextFiles texts;
+    lang::Catalogue messages(texts, lang::MessageFilePath(settings, modulePath), speaker);
+    calendar::SystemClock clock;
+    files::DiskInfo files;
+    files::DiskSearch folders;
+    files::DiskChanges changes;
+    dialogs::DialogLocaliser localiser(settings, changes, texts, modulePath);
+    dialogs::Services services{modulePath,
+                               host,
+                               settings,
+                               speaker,
+                               messages,
+                               localiser,
+                               *shell,
+                               clock,
+                               files,
+                               folders,
+                               changes,
+                               [](HWND owner) -> std::unique_ptr<transfer::ShellOperations> {
+                                   return std::make_unique<desktop::WindowsShellOperations>(owner);
+                               }};
+    const HWND owner = host.WindowMode == desktop::kOwnedWindowMode ? desktop::FindHostWindow() : nullptr;
     dialogs::CFerryDlg dialog(services, OptionsOfThisProcess(), owner);
     dialog.DoModal();
     shell.reset();

@@ -6,6 +6,8 @@
 #include <tuple>
 #include <utility>
 
+#include "base/text.h"
+
 namespace ferry::base {
 
 namespace {
@@ -51,7 +53,7 @@ constexpr Capitals kCapitals[] = {
 
 wchar_t ToSmall(wchar_t unit) noexcept {
     if (unit < 0x80) {
-        return unit >= L'A' && unit <= L'Z' ? static_cast<wchar_t>(unit + 32) : unit;
+        return LowerAscii(unit);
     }
     const auto* row = std::ranges::lower_bound(kCapitals, unit, {}, &Capitals::Last);
     if (row == std::end(kCapitals) || unit < row->First || (unit - row->First) % row->Step != 0) {

@@ -5,7 +5,7 @@
 // After windows.h: the lean form of that header leaves COM out.
 #include <objbase.h>
 
-#include "base/unique_resource.h"
+#include "base/handles_win32.h"
 
 namespace ferry::base {
 
@@ -13,7 +13,10 @@ template <class Interface>
 struct ComTraits {
     using Value = Interface*;
     static Value Nothing() noexcept { return nullptr; }
-    static void Release(Value object) noexcept { object->Release(); }
+    static void Release(Value object) noexcept {
+        const LastErrorKeeper keeper;
+        object->Release();
+    }
 };
 
 /// Owns one reference to a COM object; the arrow calls its methods.

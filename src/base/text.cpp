@@ -7,18 +7,6 @@
 
 namespace ferry::base {
 
-namespace {
-
-bool IsDigit(wchar_t unit) noexcept {
-    return unit >= L'0' && unit <= L'9';
-}
-
-wchar_t LowerAscii(wchar_t unit) noexcept {
-    return unit >= L'A' && unit <= L'Z' ? static_cast<wchar_t>(unit - L'A' + L'a') : unit;
-}
-
-}  // namespace
-
 std::vector<std::wstring_view> Split(std::wstring_view text, wchar_t separator) {
     text = text.substr(0, text.find(L'\0'));
     std::vector<std::wstring_view> pieces;

@@ -20,6 +20,16 @@ int ToInt(std::wstring_view text) noexcept;
 /// Whether `unit` is white space in the character table of Windows (C1_SPACE), on every host.
 bool IsSpace(wchar_t unit) noexcept;
 
+/// Whether `unit` is one of 0 to 9.
+constexpr bool IsDigit(wchar_t unit) noexcept {
+    return unit >= L'0' && unit <= L'9';
+}
+
+/// `unit` as a small letter, if it is an ASCII capital.
+constexpr wchar_t LowerAscii(wchar_t unit) noexcept {
+    return unit >= L'A' && unit <= L'Z' ? static_cast<wchar_t>(unit - L'A' + L'a') : unit;
+}
+
 /// Whether `unit` is an ASCII letter: what a drive may be called.
 bool IsDriveLetter(wchar_t unit) noexcept;
 

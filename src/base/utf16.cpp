@@ -1,6 +1,8 @@
 // UTF-16 text and its bytes. One `wchar_t` holds one UTF-16 unit on every host.
 #include "base/utf16.h"
 
+#include <algorithm>
+
 namespace ferry::base {
 
 namespace {
@@ -101,6 +103,12 @@ std::wstring UnitsFromBytes(std::span<const std::byte> bytes) {
         units[i] = static_cast<wchar_t>(low | (high << 8));
     }
     return units;
+}
+
+std::wstring TextFromBytes(std::span<const std::byte> bytes) {
+    std::wstring text = UnitsFromBytes(bytes);
+    text.resize(std::min(text.find(L'\0'), text.size()));
+    return text;
 }
 
 std::vector<std::byte> BytesFromUnits(std::wstring_view units) {

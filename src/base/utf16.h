@@ -13,6 +13,9 @@ namespace ferry::base {
 /// The UTF-16 units of little-endian `bytes`; an odd last byte is left out.
 std::wstring UnitsFromBytes(std::span<const std::byte> bytes);
 
+/// The same up to the first NUL: what others hand over as a text.
+std::wstring TextFromBytes(std::span<const std::byte> bytes);
+
 /// The little-endian bytes of UTF-16 `units`, without a byte-order mark or a terminator.
 std::vector<std::byte> BytesFromUnits(std::wstring_view units);
 

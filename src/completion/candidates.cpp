@@ -3,7 +3,7 @@
 
 #include "base/case_order.h"
 #include "completion/field_text.h"
-#include "paths/path_helpers.h"
+#include "paths/path_grammar.h"
 
 namespace ferry::completion {
 
@@ -25,17 +25,19 @@ std::wstring SearchPattern(std::wstring_view text) {
     return std::wstring(paths::ParentWithSeparator(text)).append(L"*").append(typed).append(L"*");
 }
 
-std::vector<std::wstring> FindCandidates(FolderLookup& lookup, std::wstring_view text, bool foldersOnly) {
+std::vector<std::wstring> FindCandidates(files::FolderSearch& search, std::wstring_view text,
+                                         bool foldersOnly) {
     std::vector<std::wstring> names;
     if (text.size() < kMinSearchLength) {
         return names;
     }
-    lookup.Search(SearchPattern(text), [&](const Match& match) {
-        if (match.Name != L"." && match.Name != L".." && (match.IsFolder || !foldersOnly)) {
+    search.Search(SearchPattern(text), [&](const files::Match& match) {
+        const bool isFolder = files::IsFolder(match.Attributes);
+        if (match.Name != L"." && match.Name != L".." && (isFolder || !foldersOnly)) {
             std::wstring& name = names.emplace_back();
             name.reserve(match.Name.size() + 1);
             name.append(match.Name);
-            if (match.IsFolder) {
+            if (isFolder) {
                 name.push_back(L'\\');
             }
         }

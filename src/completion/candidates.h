@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "completion/folder_lookup.h"
+#include "files/ports.h"
 
 namespace ferry::completion {
 
@@ -28,6 +28,7 @@ std::wstring SearchPattern(std::wstring_view text);
 /// The full paths of what completes `text`, folders with a backslash at their end, sorted without
 /// regard to case. Files are left out with `foldersOnly`. None for a text shorter than
 /// kMinSearchLength, and at most one more than kMaxCandidates.
-std::vector<std::wstring> FindCandidates(FolderLookup& lookup, std::wstring_view text, bool foldersOnly);
+std::vector<std::wstring> FindCandidates(files::FolderSearch& search, std::wstring_view text,
+                                         bool foldersOnly);
 
 }  // namespace ferry::completion

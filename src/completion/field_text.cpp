@@ -5,26 +5,20 @@
 #include <vector>
 
 #include "base/text.h"
-#include "paths/path_helpers.h"
+#include "files/ports.h"
+#include "paths/path_grammar.h"
 
 namespace ferry::completion {
 
 namespace {
 
-constexpr std::wstring_view kNetworkStart = L"\\\\";
-constexpr std::uint32_t kAttributeDirectory = 0x10;
-
-bool StartsWithDrive(std::wstring_view text) noexcept {
-    return text.size() >= 2 && base::IsDriveLetter(text[0]) && text[1] == L':';
-}
-
 /// How many units of `path`, whose separators are backslashes, no ".." may take away: a drive with
 /// its separator, or server and share with theirs.
 std::size_t RootLength(std::wstring_view path) noexcept {
-    if (StartsWithDrive(path)) {
+    if (paths::StartsWithDrive(path)) {
         return path.size() > 2 && path[2] == L'\\' ? 3 : 2;
     }
-    std::size_t end = kNetworkStart.size();
+    std::size_t end = paths::kNetworkStart.size();
     for (int part = 0; part < 2; ++part) {
         const std::size_t separator = path.find(L'\\', end);
         if (separator == std::wstring_view::npos) {
@@ -38,12 +32,12 @@ std::size_t RootLength(std::wstring_view path) noexcept {
 }  // namespace
 
 bool IsRelative(std::wstring_view text) noexcept {
-    return !StartsWithDrive(text) && !text.starts_with(kNetworkStart);
+    return !paths::StartsLikeFullPath(text);
 }
 
 std::wstring Canonical(std::wstring_view path) {
     std::wstring plain(path);
-    if (path.starts_with(L"\\\\?\\")) {
+    if (path.starts_with(paths::kPlainPrefix)) {
         return plain;
     }
     std::ranges::replace(plain, L'/', L'\\');
@@ -90,19 +84,19 @@ std::optional<std::wstring> UpOneLevel(std::wstring_view text) {
 
 std::optional<std::wstring> RootFor(std::wstring_view text) {
     if (text == L"\\") {
-        return std::wstring(kNetworkStart);
+        return std::wstring(paths::kNetworkStart);
     }
     if (text.size() == 1 && base::IsDriveLetter(text[0])) {
         return std::wstring(text).append(L":\\");
     }
-    if (text.size() == 2 && StartsWithDrive(text)) {
+    if (text.size() == 2 && paths::StartsWithDrive(text)) {
         return std::wstring(text).append(L"\\");
     }
     return std::nullopt;
 }
 
 std::wstring FieldTextOfDrop(std::wstring_view path, std::uint32_t attributes, bool foldersOnly) {
-    const bool isFolder = (attributes & kAttributeDirectory) != 0;
+    const bool isFolder = (attributes & files::kAttributeDirectory) != 0;
     return std::wstring(foldersOnly && !isFolder ? paths::ParentWithSeparator(path) : path);
 }
 

@@ -1,14 +1,13 @@
 #include "completion/type_ahead.h"
 
+#include "base/text.h"
+
 namespace ferry::completion {
 namespace {
 
+// The codes of the keys are those of the digits and the capital letters.
 bool IsTypingKey(unsigned key) noexcept {
     return (key >= 'A' && key <= 'Z') || (key >= '0' && key <= '9');
-}
-
-wchar_t Capital(wchar_t unit) noexcept {
-    return unit >= L'a' && unit <= L'z' ? static_cast<wchar_t>(unit - (L'a' - L'A')) : unit;
 }
 
 }  // namespace
@@ -37,7 +36,7 @@ bool BeginsWith(std::wstring_view name, std::wstring_view text) noexcept {
         return false;
     }
     for (std::size_t i = 0; i < text.size(); ++i) {
-        if (Capital(name[i]) != text[i]) {
+        if (base::LowerAscii(name[i]) != base::LowerAscii(text[i])) {
             return false;
         }
     }

@@ -4,6 +4,9 @@
 
 #include <algorithm>
 
+#include "base/text.h"
+#include "framework/keyboard.h"
+
 namespace ferry::controls {
 
 using framework::Answer;
@@ -120,7 +123,7 @@ Answer CCmdListCtrl::OnIconsReady(WPARAM first, LPARAM last) {
 }
 
 Answer CCmdListCtrl::OnKeyDown(WPARAM key, LPARAM) {
-    const bool isCommand = GetKeyState(VK_CONTROL) < 0;
+    const bool isCommand = framework::IsKeyHeld(VK_CONTROL);
     if (!typing_.Press(isCommand ? 0 : static_cast<unsigned>(key),
                        static_cast<std::uint32_t>(GetMessageTime()))) {
         return std::nullopt;
@@ -131,9 +134,8 @@ Answer CCmdListCtrl::OnKeyDown(WPARAM key, LPARAM) {
 
 // The list view's own search by typing must not run besides; it would also beep.
 Answer CCmdListCtrl::OnChar(WPARAM unit, LPARAM) {
-    const bool isTyped =
-        (unit >= L'a' && unit <= L'z') || (unit >= L'A' && unit <= L'Z') || (unit >= L'0' && unit <= L'9');
-    return isTyped ? Answer(0) : std::nullopt;
+    const auto typed = static_cast<wchar_t>(unit);
+    return base::IsDriveLetter(typed) || base::IsDigit(typed) ? Answer(0) : std::nullopt;
 }
 
 void CCmdListCtrl::FocusTypedItem() const {

@@ -13,6 +13,9 @@ namespace ferry::controls {
 /// are found in the background. Typing the beginning of a name finds its item.
 class CCmdListCtrl : public framework::CListCtrl {
 public:
+    /// `info` must outlive the list; its threads ask it.
+    explicit CCmdListCtrl(files::FileInfo& info) noexcept : icons_(items_, info) {}
+
     /// Attaches to the list view `list` and shows `icons`, the system's small image list.
     bool Prepare(HWND list, HIMAGELIST icons);
 
@@ -41,7 +44,7 @@ private:
 
     ListItems items_;
     completion::TypeAhead typing_;
-    IconWorker icons_{items_};
+    IconWorker icons_;
 };
 
 }  // namespace ferry::controls

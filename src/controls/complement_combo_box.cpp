@@ -2,12 +2,12 @@
 
 #include <utility>
 
-#include "base/message_box_win32.h"
 #include "completion/candidates.h"
 #include "completion/field_text.h"
+#include "controls/dropped_files.h"
 #include "controls/path_display.h"
 #include "framework/handles.h"
-#include "paths/path_helpers_win32.h"
+#include "framework/keyboard.h"
 
 namespace ferry::controls {
 
@@ -25,18 +25,14 @@ constexpr int kItemMargins = 12;
 // Beside the items themselves: what the list's own bookkeeping takes of memory for each.
 constexpr LPARAM kUnitsPerItem = 64;
 
-bool IsHeld(int key) noexcept {
-    return GetKeyState(key) < 0;
-}
-
 completion::KeyState StateOf(bool isListOpen, bool completionOn) noexcept {
     completion::KeyState state;
     state.IsListOpen = isListOpen;
     state.IsCompletionOn = completionOn;
     // Layouts with AltGr report it as Ctrl and the right Alt; together they type a character.
-    state.Ctrl = IsHeld(VK_CONTROL) && !IsHeld(VK_RMENU);
-    state.Shift = IsHeld(VK_SHIFT);
-    state.Alt = IsHeld(VK_MENU);
+    state.Ctrl = framework::IsKeyHeld(VK_CONTROL) && !framework::IsKeyHeld(VK_RMENU);
+    state.Shift = framework::IsKeyHeld(VK_SHIFT);
+    state.Alt = framework::IsKeyHeld(VK_MENU);
     return state;
 }
 
@@ -145,7 +141,7 @@ void CComplementComboBox::Search() {
         ShowFixedItems();
         return;
     }
-    FillList(completion::FindCandidates(lookup_, completion::SearchText(text, searchBase_), foldersOnly_));
+    FillList(completion::FindCandidates(search_, completion::SearchText(text, searchBase_), foldersOnly_));
 }
 
 void CComplementComboBox::Show() {
@@ -186,7 +182,7 @@ void CComplementComboBox::DeleteToEnd() {
 
 void CComplementComboBox::AskToClear() {
     const std::wstring question = messages_.Fetch(kMessageHistory) + messages_.Fetch(kMessageClearTail);
-    if (base::ShowMessageBox(question, MB_YESNO | MB_ICONQUESTION) == IDYES) {
+    if (speaker_.Ask(question, lang::Tone::Question)) {
         PostMessageW(Handle(), kClearHistoryMessage, 0, 0);
     }
 }
@@ -313,8 +309,8 @@ Answer CComplementComboBox::OnListNotification(UINT code, WPARAM wParam, LPARAM 
 
 Answer CComplementComboBox::OnDropFiles(WPARAM wParam, LPARAM lParam) {
     const framework::DropHandle drop(reinterpret_cast<HDROP>(wParam));
-    if (const std::wstring path = paths::DroppedFileName(drop.Get(), 0); !path.empty()) {
-        searchBase_ = completion::FieldTextOfDrop(path, lookup_.Attributes(path), foldersOnly_);
+    if (const std::wstring path = controls::DroppedFileName(drop.Get(), 0); !path.empty()) {
+        searchBase_ = completion::FieldTextOfDrop(path, info_.Attributes(path), foldersOnly_);
         ReplaceText(searchBase_);
     }
     return CallDefault(WM_DROPFILES, wParam, lParam);

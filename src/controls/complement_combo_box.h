@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "completion/folder_lookup.h"
 #include "completion/key_table.h"
 #include "controls/composition_watch.h"
+#include "files/ports.h"
 #include "framework/controls.h"
 #include "lang/catalogue.h"
 
@@ -18,9 +18,10 @@ namespace ferry::controls {
 /// shortened; the edit field and everything else have it whole.
 class CComplementComboBox : public framework::CComboBoxEx {
 public:
-    /// Both must outlive the control.
-    CComplementComboBox(completion::FolderLookup& lookup, lang::Catalogue& messages) noexcept
-        : lookup_(lookup), messages_(messages) {}
+    /// All must outlive the control.
+    CComplementComboBox(files::FileInfo& info, files::FolderSearch& search, lang::Catalogue& messages,
+                        lang::Speaker& speaker) noexcept
+        : info_(info), search_(search), messages_(messages), speaker_(speaker) {}
 
     /// Attaches to the extended combo box `control`. False when there is none.
     bool Prepare(HWND control);
@@ -80,8 +81,10 @@ private:
     framework::Answer OnListNotification(UINT code, WPARAM wParam, LPARAM lParam);
     framework::Answer OnDropFiles(WPARAM wParam, LPARAM lParam);
 
-    completion::FolderLookup& lookup_;
+    files::FileInfo& info_;
+    files::FolderSearch& search_;
     lang::Catalogue& messages_;
+    lang::Speaker& speaker_;
     CompositionWatch composition_;
     HWND notifyWindow_ = nullptr;
     int notifyId_ = 0;

@@ -11,9 +11,9 @@ namespace ferry::controls {
 class CHistryComboBoxEx : public CComplementComboBox {
 public:
     /// All must outlive the control.
-    CHistryComboBoxEx(completion::FolderLookup& lookup, lang::Catalogue& messages,
-                      settings::SettingsStore& settings) noexcept
-        : CComplementComboBox(lookup, messages), settings_(settings) {}
+    CHistryComboBoxEx(files::FileInfo& info, files::FolderSearch& search, lang::Catalogue& messages,
+                      lang::Speaker& speaker, settings::SettingsStore& settings) noexcept
+        : CComplementComboBox(info, search, messages, speaker), settings_(settings) {}
 
     /// Asks for the history to be loaded once the owner's messages are handled. Call after Prepare.
     void LoadSoon() const noexcept;

@@ -8,7 +8,6 @@
 #include <string_view>
 
 #include "base/com_ptr_win32.h"
-#include "process/file_search_win32.h"
 
 namespace ferry::controls {
 
@@ -16,23 +15,6 @@ namespace {
 
 constexpr UINT kByNameFlags = SHGFI_SYSICONINDEX | SHGFI_USEFILEATTRIBUTES;
 constexpr UINT kByPathFlags = SHGFI_SYSICONINDEX | SHGFI_OPENICON;
-
-// A network item is judged by its attributes and name: asking the shell for the item itself
-// could wait for a server that is away.
-int IconOf(std::wstring_view path, std::wstring_view name) {
-    SHFILEINFOW info{};
-    DWORD_PTR found = 0;
-    if (path.starts_with(L'\\')) {
-        const DWORD attributes = process::FileAttributes(path);
-        const bool isFolder =
-            attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-        found = SHGetFileInfoW(name.data(), isFolder ? FILE_ATTRIBUTE_DIRECTORY : FILE_ATTRIBUTE_NORMAL,
-                               &info, sizeof info, kByNameFlags);
-    } else {
-        found = SHGetFileInfoW(path.data(), 0, &info, sizeof info, kByPathFlags);
-    }
-    return found != 0 ? info.iIcon : 0;
-}
 
 }  // namespace
 
@@ -72,6 +54,21 @@ void IconWorker::FindIcons(std::size_t first, std::size_t last) {
             items_.SetIcon(index, IconOf(items_.Path(index), items_.Name(index)));
         }
     }
+}
+
+// A network item is judged by its attributes and name: asking the shell for the item itself
+// could wait for a server that is away.
+int IconWorker::IconOf(std::wstring_view path, std::wstring_view name) {
+    SHFILEINFOW info{};
+    DWORD_PTR found = 0;
+    if (path.starts_with(L'\\')) {
+        const bool isFolder = files::IsFolder(info_.Attributes(path));
+        found = SHGetFileInfoW(name.data(), isFolder ? FILE_ATTRIBUTE_DIRECTORY : FILE_ATTRIBUTE_NORMAL,
+                               &info, sizeof info, kByNameFlags);
+    } else {
+        found = SHGetFileInfoW(path.data(), 0, &info, sizeof info, kByPathFlags);
+    }
+    return found != 0 ? info.iIcon : 0;
 }
 
 void IconWorker::ForgetDoneJobs() {

@@ -6,10 +6,12 @@
 #include <atomic>
 #include <cstddef>
 #include <memory>
+#include <string_view>
 #include <thread>
 #include <vector>
 
 #include "controls/list_items.h"
+#include "files/ports.h"
 
 namespace ferry::controls {
 
@@ -19,8 +21,8 @@ inline constexpr UINT kIconsReadyMessage = 48500;
 /// The icon threads of one list. Made, used and destroyed on the user-interface thread.
 class IconWorker {
 public:
-    /// `items` must outlive the worker.
-    explicit IconWorker(ListItems& items) noexcept : items_(items) {}
+    /// `items` and `info` must outlive the worker; its threads ask `info`.
+    IconWorker(ListItems& items, files::FileInfo& info) noexcept : items_(items), info_(info) {}
     IconWorker(const IconWorker&) = delete;
     IconWorker& operator=(const IconWorker&) = delete;
     ~IconWorker();
@@ -42,7 +44,10 @@ private:
     void ForgetDoneJobs();
     void FindIcons(std::size_t first, std::size_t last);
 
+    int IconOf(std::wstring_view path, std::wstring_view name);
+
     ListItems& items_;
+    files::FileInfo& info_;
     std::atomic<bool> stopping_ = false;
     std::vector<std::unique_ptr<Job>> jobs_;
 };

@@ -3,8 +3,6 @@
 #include <mutex>
 #include <utility>
 
-#include "paths/path_helpers.h"
-
 namespace ferry::controls {
 
 void ListItems::Append(base::TextList list) {
@@ -12,19 +10,26 @@ void ListItems::Append(base::TextList list) {
     const std::size_t before = Size();
     paths_.Append(std::move(list));
     for (std::size_t index = before; index < paths_.Size(); ++index) {
-        const std::wstring_view path = paths_[index];
-        const std::wstring_view name = paths::LastComponent(path);
-        extras_.emplace_back(static_cast<std::uint32_t>(path.size() - name.size()));
-        if (name.size() > longestName_.size()) {
-            longestName_ = name;
-        }
+        icons_.emplace_back(kNoIcon);
+        KeepIfLonger(paths_[index]);
     }
+}
+
+/// One look at the place where the name of most items begins: the memory of a million paths takes longer to
+/// read than to think about.
+void ListItems::KeepIfLonger(std::wstring_view path) noexcept {
+    const std::size_t longest = longestName_.size();
+    if (path.size() <= longest ||
+        path.substr(path.size() - longest - 1).find(L'\\') != std::wstring_view::npos) {
+        return;
+    }
+    longestName_ = paths::LastComponent(path);
 }
 
 void ListItems::Clear() {
     const std::lock_guard guard(lock_);
     longestName_ = {};
-    extras_.clear();
+    icons_.clear();
     paths_.Clear();
 }
 

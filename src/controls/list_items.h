@@ -1,32 +1,16 @@
 // The items behind a virtual list.
 #pragma once
 
-#include <windows.h>
-
 #include <atomic>
 #include <cstddef>
-#include <cstdint>
 #include <deque>
 #include <string_view>
 
+#include "base/critical_section_win32.h"
 #include "base/text_list.h"
+#include "paths/path_grammar.h"
 
 namespace ferry::controls {
-
-/// A critical section that spins a while before it waits; usable with std::lock_guard.
-class CriticalSection {
-public:
-    CriticalSection() noexcept { InitializeCriticalSectionAndSpinCount(&section_, 4000); }
-    CriticalSection(const CriticalSection&) = delete;
-    CriticalSection& operator=(const CriticalSection&) = delete;
-    ~CriticalSection() { DeleteCriticalSection(&section_); }
-
-    void lock() noexcept { EnterCriticalSection(&section_); }
-    void unlock() noexcept { LeaveCriticalSection(&section_); }
-
-private:
-    CRITICAL_SECTION section_;
-};
 
 /// The items of one list: paths, of which the last components are shown. A path costs its text and
 /// one view; what the list keeps besides is small, since there may be a million.
@@ -41,37 +25,29 @@ public:
 
     void Clear();
 
-    std::size_t Size() const noexcept { return extras_.size(); }
+    std::size_t Size() const noexcept { return icons_.size(); }
 
     /// The path of an item, followed by a NUL in memory like its name.
     std::wstring_view Path(std::size_t index) const noexcept { return paths_[index]; }
 
     /// What the list shows: the path's last component.
-    std::wstring_view Name(std::size_t index) const noexcept {
-        return paths_[index].substr(extras_[index].NameOffset);
-    }
+    std::wstring_view Name(std::size_t index) const noexcept { return paths::LastComponent(paths_[index]); }
 
     /// The icon of an item, or kNoIcon; written by the icon worker and read when drawing.
-    int Icon(std::size_t index) const noexcept { return extras_[index].Icon; }
-    void SetIcon(std::size_t index, int icon) noexcept { extras_[index].Icon = icon; }
+    int Icon(std::size_t index) const noexcept { return icons_[index]; }
+    void SetIcon(std::size_t index, int icon) noexcept { icons_[index] = icon; }
 
     /// The first of the longest names; empty without items.
     std::wstring_view LongestName() const noexcept { return longestName_; }
 
-    CriticalSection& Lock() noexcept { return lock_; }
+    base::CriticalSection& Lock() noexcept { return lock_; }
 
 private:
-    /// What is known about an item besides its path.
-    struct Extra {
-        explicit Extra(std::uint32_t nameOffset) noexcept : NameOffset(nameOffset) {}
+    void KeepIfLonger(std::wstring_view path) noexcept;
 
-        std::uint32_t NameOffset;
-        std::atomic<int> Icon = kNoIcon;
-    };
-
-    CriticalSection lock_;
+    base::CriticalSection lock_;
     base::TextList paths_;
-    std::deque<Extra> extras_;
+    std::deque<std::atomic<int>> icons_;
     std::wstring_view longestName_;
 };
 

@@ -12,7 +12,7 @@ constexpr UINT_PTR kShowTimerId = 1;
 
 }  // namespace
 
-CDlgBusy::CDlgBusy(Services& services) : CDialogEx(IDD_BUSY), services_(services) {}
+CDlgBusy::CDlgBusy(DialogLocaliser& localiser) : CDialogEx(IDD_BUSY, localiser) {}
 
 void CDlgBusy::SetFirstLine(std::wstring text) {
     firstLine_ = std::move(text);
@@ -76,7 +76,7 @@ void CDlgBusy::ShowLine(int control, const std::wstring& text) const {
 }
 
 bool CDlgBusy::OnInitDialog() {
-    services_.Localiser.Localise(IDD_BUSY, Handle());
+    Localise();
     bar_.Attach(Item(IDC_BUSY_BAR));
     showsSoon_ = false;
     ShowWindow(Item(IDCANCEL), cancellable_ ? SW_SHOW : SW_HIDE);

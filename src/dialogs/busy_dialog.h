@@ -7,9 +7,8 @@
 #include <string_view>
 #include <utility>
 
-#include "dialogs/services.h"
+#include "dialogs/dialog_ex.h"
 #include "framework/controls.h"
-#include "framework/dialog.h"
 
 namespace ferry::dialogs {
 
@@ -17,9 +16,9 @@ namespace ferry::dialogs {
 inline constexpr UINT kShowDelayMs = 100;
 
 /// Modeless; has no loop of its own. The run pushes its state in and drains the messages.
-class CDlgBusy : public framework::CDialogEx {
+class CDlgBusy : public CDialogEx {
 public:
-    explicit CDlgBusy(Services& services);
+    explicit CDlgBusy(DialogLocaliser& localiser);
 
     /// Whether the user may stop the run; set before the window is created.
     void SetCancellable(bool cancellable) noexcept { cancellable_ = cancellable; }
@@ -57,7 +56,6 @@ private:
     void ShowState() const;
     void ShowLine(int control, const std::wstring& text) const;
 
-    Services& services_;
     framework::CProgressCtrl bar_;
     std::wstring firstLine_;
     std::wstring secondLine_;

@@ -4,14 +4,14 @@
 
 #include <tuple>
 
-#include "base/message_box_win32.h"
 #include "base/text.h"
+#include "confirmation/policies.h"
+#include "desktop/shell_open.h"
+#include "desktop/window_placement.h"
 #include "framework/fields.h"
 #include "framework/handles.h"
-#include "hostlink/window_placement_win32.h"
 #include "ids.h"
 #include "process/manual.h"
-#include "process/shell_open_win32.h"
 
 namespace ferry::dialogs {
 
@@ -36,14 +36,6 @@ constexpr std::uint16_t kMessageBrowsePrompt = 63503;
 constexpr int kOperations[] = {IDC_COPY, IDC_MOVE};
 constexpr int kModes[] = {IDC_BATCH, IDC_INDIVIDUAL};
 
-// In the order of the policies' numbers.
-constexpr int kPolicies[] = {
-    IDC_POLICY_OVERWRITE_OLDER,      IDC_POLICY_OVERWRITE_NEWER,
-    IDC_POLICY_KEEP_EXISTING,        IDC_POLICY_OVERWRITE,
-    IDC_POLICY_RENAME_INCOMING,      IDC_POLICY_RENAME_EXISTING,
-    IDC_POLICY_RENAME_AUTOMATICALLY, IDC_POLICY_ASK_EACH,
-};
-
 constexpr int kIndividualOnly[] = {IDC_POLICY_GROUP, IDC_PRECISION_LABEL, IDC_PRECISION};
 
 constexpr const wchar_t* kPrecisions[] = {L"標準", L"±1秒は同一とみなす", L"±2秒は同一とみなす"};
@@ -62,25 +54,31 @@ POINT CentreOf(HWND window) {
 }  // namespace
 
 CFerryDlg::CFerryDlg(Services& services, const StartOptions& options, HWND owner)
-    : CDialogEx(IDD_FERRY, owner),
+    : CDialogEx(IDD_FERRY, services.Localiser, owner),
       services_(services),
       options_(options),
-      destination_(folders_, services.Messages, services.Settings) {
+      list_(services.Files),
+      destination_(services.Files, services.Folders, services.Messages, services.Speaker, services.Settings) {
     form_.Operation = static_cast<std::uint32_t>(options.TransferMode);
 }
 
-bool CFerryDlg::ExchangeForm(bool fromControls) {
-    static constexpr auto kFields = std::tuple{
-        framework::TextField<Form>{IDC_DESTINATION, &Form::Destination, kMaxDestinationLength},
-        framework::RadioField<Form>{kOperations, &Form::Operation},
-        framework::RadioField<transfer::TransferSettings>{kModes, &Form::Mode},
-        framework::RadioField<transfer::TransferSettings>{kPolicies, &Form::Policy},
-        framework::CheckField<transfer::TransferSettings>{IDC_NO_ASK, &Form::NoAsk},
-        framework::CheckField<transfer::TransferSettings>{IDC_OPEN_TARGET, &Form::OpenTarget},
-        framework::IndexField<transfer::TransferSettings>{IDC_PRECISION, &Form::TimeCmpType},
+bool CFerryDlg::ExchangeForm(Exchange way) {
+    using confirmation::Choices;
+    using transfer::TransferSettings;
+    static const std::tuple kChoices{
+        framework::TextField<Choices>{IDC_DESTINATION, &Choices::Destination, kMaxDestinationLength},
+        framework::RadioField<Choices>{kOperations, &Choices::Operation},
     };
-    return framework::ExchangeFields(Handle(), form_, kFields,
-                                     fromControls ? Exchange::FromControls : Exchange::ToControls);
+    static const std::tuple kSettings{
+        framework::RadioField<TransferSettings>{kModes, &TransferSettings::Mode},
+        framework::RadioField<TransferSettings>{confirmation::ConfirmationChoices(),
+                                                &TransferSettings::Policy},
+        framework::CheckField<TransferSettings>{IDC_NO_ASK, &TransferSettings::NoAsk},
+        framework::CheckField<TransferSettings>{IDC_OPEN_TARGET, &TransferSettings::OpenTarget},
+        framework::IndexField<TransferSettings>{IDC_PRECISION, &TransferSettings::TimeCmpType},
+    };
+    return framework::ExchangeFields(Handle(), form_, kChoices, way) &&
+           framework::ExchangeFields(Handle(), form_.Settings, kSettings, way);
 }
 
 bool CFerryDlg::OnInitDialog() {
@@ -92,20 +90,20 @@ bool CFerryDlg::OnInitDialog() {
     for (const wchar_t* precision : kPrecisions) {
         SendDlgItemMessageW(Handle(), IDC_PRECISION, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(precision));
     }
-    services_.Localiser.Localise(IDD_FERRY, Handle());
+    Localise();
     list_.Prepare(Item(IDC_SOURCE_LIST), services_.Shell.SmallIcons());
     PrepareDestination();
     DragAcceptFiles(Handle(), TRUE);
-    static_cast<transfer::TransferSettings&>(form_) = transfer::LoadTransferSettings(services_.Settings);
-    ExchangeForm(false);
+    form_.Settings = transfer::LoadTransferSettings(services_.Settings);
+    ExchangeForm(Exchange::ToControls);
     ShowModeLayout();
-    hostlink::CentreOverHost(Handle(), host.WindowMode);
+    desktop::CentreOverHost(Handle(), host.WindowMode);
     list_.Append(std::move(services_.Host.SelectedItems));
     ShowItemCount();
     OfferSourceFolder();
     PresetDestination();
     FillTabList();
-    hostlink::ApplyWindowMode(Handle(), host.WindowMode, {});
+    desktop::ApplyWindowMode(Handle(), host.WindowMode, {});
     ShowTabChoice();
     FocusAtStart();
     return false;
@@ -136,12 +134,13 @@ void CFerryDlg::PrepareDestination() {
 // Batch mode leaves conflicts to the shell, so only "do not ask" has a meaning there; the rest
 // belongs to individual mode.
 void CFerryDlg::ShowModeLayout() {
-    const bool individual = form_.Mode == static_cast<std::uint32_t>(transfer::WorkingMode::Individual);
+    const bool individual =
+        form_.Settings.Mode == static_cast<std::uint32_t>(transfer::WorkingMode::Individual);
     const int showIndividual = individual ? SW_SHOW : SW_HIDE;
     for (const int id : kIndividualOnly) {
         ShowWindow(Item(id), showIndividual);
     }
-    for (const int id : kPolicies) {
+    for (const int id : confirmation::ConfirmationChoices()) {
         ShowWindow(Item(id), showIndividual);
     }
     ShowWindow(Item(IDC_NO_ASK), individual ? SW_HIDE : SW_SHOW);
@@ -164,7 +163,7 @@ std::span<const Route> CFerryDlg::Routes() const {
 }
 
 void CFerryDlg::OnModeChanged() {
-    form_.Mode = IsDlgButtonChecked(Handle(), IDC_INDIVIDUAL) == BST_CHECKED ? 1 : 0;
+    form_.Settings.Mode = IsDlgButtonChecked(Handle(), IDC_INDIVIDUAL) == BST_CHECKED ? 1 : 0;
     ShowModeLayout();
 }
 
@@ -179,9 +178,9 @@ void CFerryDlg::OnBrowse() {
 void CFerryDlg::OnOtherTabs() {
     const base::TextList& folders = services_.Host.TabFolders;
     if (folders.IsEmpty()) {
-        base::ShowMessageBox(
+        services_.Speaker.Tell(
             services_.Messages.Fetch(kMessageNoTabFolders) + services_.Messages.Fetch(kMessageMissingTail),
-            MB_OK | MB_ICONEXCLAMATION);
+            lang::Tone::Warning);
         return;
     }
     const framework::MenuHandle menu(CreatePopupMenu());
@@ -204,15 +203,16 @@ void CFerryDlg::OnTabSelected() {
 }
 
 Answer CFerryDlg::OnHelp(WPARAM, LPARAM) {
-    process::OpenManualPage(Handle(), FERRY_MANUAL_BASE, process::kFerryManualPage);
+    desktop::OpenManualPage(
+        Handle(), process::ManualAddress(FERRY_MANUAL_BASE, process::kFerryManualPage, services_.ModulePath));
     return TRUE;
 }
 
 Answer CFerryDlg::OnRaiseTimer(WPARAM id, LPARAM) {
-    if (id != hostlink::kRaiseTimerId) {
+    if (id != desktop::kRaiseTimerId) {
         return std::nullopt;
     }
-    hostlink::RaiseOnce(Handle());
+    desktop::RaiseOnce(Handle());
     return 0;
 }
 

@@ -1,22 +1,25 @@
 // The confirmation dialog: what is transferred, where to, and how.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
-#include "completion/folder_lookup_win32.h"
+#include "confirmation/arrivals.h"
+#include "confirmation/start.h"
 #include "controls/cmd_list_ctrl.h"
 #include "controls/history_combo_box.h"
+#include "dialogs/dialog_ex.h"
 #include "dialogs/services.h"
 #include "dialogs/start_options.h"
-#include "framework/dialog.h"
+#include "framework/fields.h"
 #include "transfer/request.h"
 
 namespace ferry::dialogs {
 
 /// The program's main window. It takes the host's selection and further deliveries, and on
 /// "start" it ends and carries the transfer out before DoModal returns.
-class CFerryDlg : public framework::CDialogEx {
+class CFerryDlg : public CDialogEx {
 public:
     CFerryDlg(Services& services, const StartOptions& options, HWND owner);
 
@@ -26,16 +29,7 @@ protected:
     std::span<const framework::Route> Routes() const override;
 
 private:
-    /// What the controls hold.
-    struct Form : transfer::TransferSettings {
-        std::wstring Destination;
-        std::uint32_t Operation = 0;
-    };
-
-    /// How much was dropped on the dialog so far.
-    enum class Arrival { Nothing, FileList, FolderList };
-
-    bool ExchangeForm(bool fromControls);
+    bool ExchangeForm(framework::Exchange way);
     void PrepareDestination();
     void ShowModeLayout();
 
@@ -65,18 +59,17 @@ private:
     framework::Answer OnHelp(WPARAM, LPARAM);
 
     // The start of the transfer.
-    bool MakeRequest(transfer::TransferRequest& request);
+    std::optional<transfer::TransferRequest> MakeRequest();
     void ShowMessage(std::uint16_t number);
     void TellHostToOpen(const std::wstring& destination);
     void RunTransfer(const transfer::TransferRequest& request);
 
     Services& services_;
     StartOptions options_;
-    Form form_;
-    Arrival arrival_ = Arrival::Nothing;
+    confirmation::Choices form_;  ///< What the controls hold.
+    confirmation::Arrivals arrivals_;
     bool hasStarted_ = false;
     controls::CCmdListCtrl list_;
-    completion::WindowsFolderLookup folders_;
     controls::CHistryComboBoxEx destination_;
 };
 

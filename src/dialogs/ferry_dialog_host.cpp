@@ -3,18 +3,17 @@
 // After windows.h, which the shell's headers build on.
 #include <shellapi.h>
 
-#include <algorithm>
 #include <span>
 #include <string>
 
+#include "controls/dropped_files.h"
+#include "desktop/window_placement.h"
 #include "dialogs/ferry_dialog.h"
-#include "framework/errors.h"
 #include "framework/handles.h"
 #include "hostlink/host_block.h"
-#include "hostlink/window_placement_win32.h"
+#include "hostlink/host_message.h"
 #include "ids.h"
-#include "paths/path_helpers.h"
-#include "paths/path_helpers_win32.h"
+#include "paths/path_grammar.h"
 
 namespace ferry::dialogs {
 
@@ -22,17 +21,12 @@ using framework::Answer;
 
 namespace {
 
-constexpr ULONG_PTR kBlockTag = 255;
-
-// Three hand-over codes of the host's scripts; all of them carry a destination.
-constexpr ULONG_PTR kDestinationTags[] = {100, 200, 300};
-
 // A drop of nothing may count as one item without a name.
 base::TextList PathsOf(HDROP drop) {
     base::TextList paths;
     const UINT count = DragQueryFileW(drop, 0xFFFFFFFF, nullptr, 0);
     for (UINT index = 0; index < count; ++index) {
-        if (const std::wstring path = paths::DroppedFileName(drop, index); !path.empty()) {
+        if (const std::wstring path = controls::DroppedFileName(drop, index); !path.empty()) {
             paths.Append(path);
         }
     }
@@ -43,17 +37,19 @@ base::TextList PathsOf(HDROP drop) {
 
 Answer CFerryDlg::OnDropFiles(WPARAM wParam, LPARAM) {
     const framework::DropHandle drop(reinterpret_cast<HDROP>(wParam));
-    if (arrival_ == Arrival::FolderList) {
+    if (!arrivals_.TakesDrops()) {
         return 0;
     }
     base::TextList paths = PathsOf(drop.Get());
-    if (paths.IsEmpty()) {
-        return 0;
-    }
-    if (arrival_ == Arrival::Nothing) {
-        TakeDroppedItems(std::move(paths));
-    } else {
-        TakeDroppedFolders(std::move(paths));
+    switch (arrivals_.TakeDrop(paths.Size())) {
+        case confirmation::Drop::Items:
+            TakeDroppedItems(std::move(paths));
+            break;
+        case confirmation::Drop::Folders:
+            TakeDroppedFolders(std::move(paths));
+            break;
+        case confirmation::Drop::Nothing:
+            break;
     }
     return 0;
 }
@@ -61,7 +57,6 @@ Answer CFerryDlg::OnDropFiles(WPARAM wParam, LPARAM) {
 void CFerryDlg::TakeDroppedItems(base::TextList paths) {
     list_.Clear();
     list_.Append(std::move(paths));
-    arrival_ = Arrival::FileList;
     ShowItemCount();
     OfferSourceFolder();
     EnableWindow(Item(IDOK), TRUE);
@@ -69,7 +64,6 @@ void CFerryDlg::TakeDroppedItems(base::TextList paths) {
 
 void CFerryDlg::TakeDroppedFolders(base::TextList paths) {
     services_.Host.TabFolders.Append(std::move(paths));
-    arrival_ = Arrival::FolderList;
     PresetDestination();
     FillTabList();
     FocusAtStart();
@@ -81,23 +75,25 @@ Answer CFerryDlg::OnCopyData(WPARAM, LPARAM lParam) {
     if (data == nullptr) {
         return std::nullopt;
     }
-    if (data->dwData == kBlockTag) {
-        return TakeDelivery(*data) ? Answer(TRUE) : std::nullopt;
+    switch (hostlink::HostMessageOf(data->dwData)) {
+        case hostlink::HostMessage::Block:
+            return TakeDelivery(*data) ? Answer(TRUE) : std::nullopt;
+        case hostlink::HostMessage::Destination:
+            if (data->lpData != nullptr) {
+                SetDestinationAndSelect(hostlink::TextFromPayload(
+                    {static_cast<const std::byte*>(data->lpData), static_cast<std::size_t>(data->cbData)}));
+            }
+            return TRUE;
+        case hostlink::HostMessage::None:
+            break;
     }
-    if (std::ranges::find(kDestinationTags, data->dwData) == std::end(kDestinationTags)) {
-        return std::nullopt;
-    }
-    if (data->lpData != nullptr) {
-        SetDestinationAndSelect(hostlink::TextFromPayload(
-            {static_cast<const std::byte*>(data->lpData), static_cast<std::size_t>(data->cbData)}));
-    }
-    return TRUE;
+    return std::nullopt;
 }
 
 // The block lies in memory that the system copied for this one message, so it may be changed
 // where it lies, as the format's reader does.
 bool CFerryDlg::TakeDelivery(const COPYDATASTRUCT& data) {
-    if (arrival_ != Arrival::Nothing) {
+    if (!arrivals_.TakesDeliveries()) {
         return false;
     }
     hostlink::HostData& host = services_.Host;
@@ -113,7 +109,7 @@ bool CFerryDlg::TakeDelivery(const COPYDATASTRUCT& data) {
     OfferSourceFolder();
     EnableWindow(Item(IDOK), TRUE);
     OpenIfMinimised();
-    hostlink::BringToForeground(Handle());
+    desktop::BringToForeground(Handle());
     // A dialog that becomes active gives the focus to whichever control had it last; so this comes after it.
     FocusAtStart();
     return true;
@@ -132,11 +128,7 @@ void CFerryDlg::PresetDestination() {
     if (folders.IsEmpty()) {
         return;
     }
-    const int index = options_.TabFolderIndex % static_cast<int>(folders.Size());
-    if (index < 0) {
-        throw framework::InvalidArgument();
-    }
-    SetDestination(folders[static_cast<std::size_t>(index)]);
+    SetDestination(folders[confirmation::PresetFolder(options_.TabFolderIndex, folders.Size())]);
 }
 
 void CFerryDlg::FillTabList() {
@@ -151,8 +143,8 @@ void CFerryDlg::FillTabList() {
         SendMessageW(list, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(folder.data()));
     }
     if (!folders.IsEmpty()) {
-        const int index = options_.TabFolderIndex % static_cast<int>(folders.Size());
-        SendMessageW(list, LB_SETCURSEL, static_cast<WPARAM>(index), 0);
+        const std::size_t preset = confirmation::PresetFolder(options_.TabFolderIndex, folders.Size());
+        SendMessageW(list, LB_SETCURSEL, preset, 0);
     }
     SendMessageW(list, WM_SETREDRAW, TRUE, 0);
     InvalidateRect(list, nullptr, TRUE);

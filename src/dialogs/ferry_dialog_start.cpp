@@ -2,86 +2,74 @@
 #include <windows.h>
 
 #include "base/com_ptr_win32.h"
-#include "base/message_box_win32.h"
-#include "base/text.h"
+#include "desktop/host_messages.h"
 #include "dialogs/ferry_dialog.h"
 #include "dialogs/run_windows.h"
-#include "hostlink/host_messages_win32.h"
 #include "ids.h"
 #include "transfer/batch_run.h"
-#include "transfer/destination.h"
-#include "transfer/file_system_win32.h"
 #include "transfer/individual_run.h"
-#include "transfer/shell_operations_win32.h"
 
 namespace ferry::dialogs {
 
 void CFerryDlg::OnOK() {
-    transfer::TransferRequest request;
     // A run takes the messages of its thread, so another program's press can come in the middle of one.
-    if (hasStarted_ || !MakeRequest(request)) {
+    if (hasStarted_)
         return;
-    }
+    std::optional<transfer::TransferRequest> request = MakeRequest();
+    if (!request)
+        return;
     hasStarted_ = true;
-    if (!IsShiftHeld()) {
-        transfer::SaveTransferSettings(services_.Settings, request.Settings);
+    if (!IsToBeForgotten()) {
+        transfer::SaveTransferSettings(services_.Settings, request->Settings);
     }
+    // A list of its own, since a drop can still change the dialog's while the run takes messages.
     for (std::size_t index = 0; index < list_.Items().Size(); ++index) {
-        request.Sources.Append(list_.Items().Path(index));
+        request->Sources.Append(list_.Items().Path(index));
     }
-    if (request.Settings.OpenTarget != 0) {
-        TellHostToOpen(request.Destination);
+    if (request->Settings.OpenTarget != 0) {
+        TellHostToOpen(request->Destination);
     }
     EndDialog(IDOK);
-    RunTransfer(request);
+    RunTransfer(*request);
 }
 
-bool CFerryDlg::MakeRequest(transfer::TransferRequest& request) {
-    if (!ExchangeForm(true) || list_.Items().Size() == 0) {
-        return false;
+std::optional<transfer::TransferRequest> CFerryDlg::MakeRequest() {
+    if (!ExchangeForm(framework::Exchange::FromControls) || list_.Items().Size() == 0) {
+        return std::nullopt;
     }
-    form_.Destination = base::Trim(form_.Destination);
+    // Where the start is refused, the caret stands behind the text, which the focus would select.
     PostMessageW(destination_.Edit(), EM_SETSEL, static_cast<WPARAM>(-1), -1);
-    transfer::WorkingDestination destination = transfer::MakeWorkingDestination(form_.Destination);
-    if (destination.Message != 0) {
-        ShowMessage(destination.Message);
-        return false;
+    const auto shell = services_.MakeShellOperations(Handle());
+    confirmation::Start start =
+        confirmation::PrepareStart(form_, services_.Files, services_.FileChanges, *shell);
+    if (start.Message != 0) {
+        ShowMessage(start.Message);
     }
-    transfer::WindowsFileSystem fileSystem;
-    const transfer::EnsuredFolder folder = transfer::EnsureDestinationFolder(fileSystem, destination.Path);
-    if (folder.Outcome != transfer::FolderOutcome::Ready) {
-        if (folder.Outcome == transfer::FolderOutcome::Failed) {
-            ShowMessage(folder.Message);
-        }
-        return false;
-    }
-    request.Destination = std::move(destination.Path);
-    request.What = static_cast<transfer::Operation>(form_.Operation);
-    request.Settings = static_cast<const transfer::TransferSettings&>(form_);
-    return true;
+    return std::move(start.Request);
 }
 
 void CFerryDlg::ShowMessage(std::uint16_t number) {
-    base::ShowMessageBox(services_.Messages.Fetch(number), MB_OK | MB_ICONEXCLAMATION);
+    services_.Speaker.Tell(services_.Messages.Fetch(number), lang::Tone::Warning);
 }
 
 void CFerryDlg::TellHostToOpen(const std::wstring& destination) {
-    if (const HWND host = hostlink::FindHostWindow(); host != nullptr) {
-        hostlink::SendText(host, Handle(), hostlink::kShowFolderCode, destination);
+    if (const HWND host = desktop::FindHostWindow(); host != nullptr) {
+        desktop::SendText(host, Handle(), desktop::kShowFolderCode, destination);
     }
 }
 
 void CFerryDlg::RunTransfer(const transfer::TransferRequest& request) {
     const base::ComApartment com;
-    transfer::WindowsShellOperations shell(Handle());
+    const auto shell = services_.MakeShellOperations(Handle());
     if (request.Settings.Mode == static_cast<std::uint32_t>(transfer::WorkingMode::Batch)) {
-        transfer::RunBatch(request, shell);
+        transfer::RunBatch(request, *shell);
         return;
     }
-    transfer::WindowsFileSystem fileSystem;
     ProgressWindow progress(services_, Handle(), request.What);
     QuestionWindows questions(services_, progress, Handle());
-    transfer::IndividualRun(request, fileSystem, shell, questions, progress).Run();
+    transfer::IndividualRun(request, {services_.Files, services_.Folders, services_.FileChanges, *shell,
+                                      services_.Clock, questions, progress})
+        .Run();
 }
 
 }  // namespace ferry::dialogs

@@ -2,7 +2,7 @@
 
 #include <tuple>
 
-#include "framework/fields.h"
+#include "confirmation/policies.h"
 #include "ids.h"
 
 namespace ferry::dialogs {
@@ -11,29 +11,28 @@ namespace {
 
 constexpr wchar_t kLastChoice[] = L"AfterSel";
 
-// The choices in the order of the collision policies.
-constexpr int kChoices[] = {1220, 1221, 1222, 1223, 1224, 1225, 1226};
-
 }  // namespace
 
 CDlgFileMode::CDlgFileMode(Services& services, HWND owner, std::wstring itemName)
     : CDialog(IDD_FILE_MODE, owner), services_(services), form_{std::move(itemName), 0} {}
 
 bool CDlgFileMode::OnInitDialog() {
-    services_.Localiser.Localise(IDD_FILE_MODE, Handle());
+    services_.Localiser.Localise(TemplateId(), Handle());
     form_.Choice = services_.Settings.ReadNumber(kLastChoice, 0);
     SetDlgItemTextW(Handle(), IDC_ITEM_NAME, form_.ItemName.c_str());
-    framework::ExchangeFields(Handle(), form_,
-                              std::tuple{framework::RadioField<Form>{kChoices, &Form::Choice}},
-                              framework::Exchange::ToControls);
+    ExchangeForm(framework::Exchange::ToControls);
     return true;
 }
 
+void CDlgFileMode::ExchangeForm(framework::Exchange way) {
+    static const std::tuple kFields{
+        framework::RadioField<Form>{confirmation::CollisionChoices(), &Form::Choice}};
+    framework::ExchangeFields(Handle(), form_, kFields, way);
+}
+
 void CDlgFileMode::Accept(int endCode) {
-    framework::ExchangeFields(Handle(), form_,
-                              std::tuple{framework::RadioField<Form>{kChoices, &Form::Choice}},
-                              framework::Exchange::FromControls);
-    if (!IsShiftHeld()) {
+    ExchangeForm(framework::Exchange::FromControls);
+    if (!IsToBeForgotten()) {
         services_.Settings.WriteNumber(kLastChoice, form_.Choice);
     }
     EndDialog(endCode);

@@ -6,6 +6,8 @@
 
 #include "dialogs/services.h"
 #include "framework/dialog.h"
+#include "framework/fields.h"
+#include "ids.h"
 
 namespace ferry::dialogs {
 
@@ -15,7 +17,7 @@ class CDlgFileMode : public framework::CDialog {
 public:
     CDlgFileMode(Services& services, HWND owner, std::wstring itemName);
 
-    /// The chosen policy, as remembered from the last time until the user chooses.
+    /// The number of the chosen policy, as remembered from the last time until the user chooses.
     std::uint32_t Choice() const noexcept { return form_.Choice; }
 
 protected:
@@ -29,12 +31,10 @@ private:
         std::uint32_t Choice = 0;
     };
 
-    void ApplyToAll() { Accept(kApplyToAllCode); }
-    void StopAll() { EndDialog(kStopAllCode); }
+    void ExchangeForm(framework::Exchange way);
+    void ApplyToAll() { Accept(IDC_APPLY_TO_ALL); }
+    void StopAll() { EndDialog(IDC_STOP_ALL); }
     void Accept(int endCode);
-
-    static constexpr int kApplyToAllCode = 5;
-    static constexpr int kStopAllCode = 7;
 
     Services& services_;
     Form form_;

@@ -7,8 +7,7 @@
 
 #include "framework/fields.h"
 #include "ids.h"
-#include "paths/path_helpers.h"
-#include "process/file_search_win32.h"
+#include "paths/path_grammar.h"
 
 namespace ferry::dialogs {
 
@@ -59,14 +58,14 @@ void Prepare(framework::CComboBox& list, HWND control, std::span<const wchar_t* 
 }  // namespace
 
 CDlgInput::CDlgInput(Services& services, HWND owner, std::wstring caption, std::wstring itemPath)
-    : CDialogEx(IDD_INPUT, owner),
+    : CDialogEx(IDD_INPUT, services.Localiser, owner),
       services_(services),
       caption_(std::move(caption)),
       itemPath_(std::move(itemPath)) {}
 
 bool CDlgInput::OnInitDialog() {
     PrepareControls();
-    services_.Localiser.Localise(IDD_INPUT, Handle());
+    Localise();
     SetText(caption_);
     nameField_ = RectInParent(newName_.Handle());
     openedWidth_ = ClientWidth(Handle());
@@ -113,11 +112,12 @@ void CDlgInput::SaveSettings() {
 }
 
 bool CDlgInput::ExchangeNames(Exchange way) {
+    using naming::NameFields;
     static constexpr auto kFields = std::tuple{
-        framework::TextField<Form>{IDC_NEW_NAME, &Form::NewName, kMaxNameLength},
-        framework::TextField<Form>{IDC_EXTENSION, &Form::Extension, kMaxNameLength},
+        framework::TextField<NameFields>{IDC_NEW_NAME, &NameFields::Name, kMaxNameLength},
+        framework::TextField<NameFields>{IDC_EXTENSION, &NameFields::Extension, kMaxNameLength},
     };
-    return framework::ExchangeFields(Handle(), form_, kFields, way);
+    return framework::ExchangeFields(Handle(), form_.Names, kFields, way);
 }
 
 void CDlgInput::ExchangeOptions(Exchange way) {
@@ -147,18 +147,7 @@ void CDlgInput::ShowItemName() {
     splits_ = (IsFolder() ? form_.SplitFolders : form_.SplitFiles) != 0;
     LayOutFields();
     const std::wstring_view currentName = paths::LastComponent(itemPath_);
-    if (splits_) {
-        // For a name with nothing before its last dot this is the whole path.
-        form_.NewName = paths::NameWithoutExtension(itemPath_);
-        std::wstring_view extension = paths::Extension(itemPath_);
-        if (!extension.empty()) {
-            extension.remove_prefix(1);
-        }
-        form_.Extension = extension;
-    } else {
-        form_.NewName = currentName;
-        form_.Extension.clear();
-    }
+    form_.Names = naming::FieldsOfName(itemPath_, splits_);
     SetDlgItemTextW(Handle(), IDC_CURRENT_NAME, std::wstring(currentName).c_str());
     Push();
     newName_.SelectAll();
@@ -167,7 +156,7 @@ void CDlgInput::ShowItemName() {
 
 // An item whose attributes cannot be read has all bits set, and so counts as a folder.
 bool CDlgInput::IsFolder() const {
-    return (process::FileAttributes(itemPath_) & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    return (services_.Files.Attributes(itemPath_) & files::kAttributeDirectory) != 0;
 }
 
 // On a monitor of another scaling the dialog and all that is in it have grown or shrunk alike.
@@ -194,13 +183,9 @@ void CDlgInput::OnOK() {
     if (!Pull()) {
         return;
     }
-    result_ = form_.NewName;
-    if (!form_.Extension.empty()) {
-        result_ += L'.';
-        result_ += form_.Extension;
-    }
+    result_ = naming::NameOfFields(form_.Names);
     ShowItemName();
-    if (!IsShiftHeld()) {
+    if (!IsToBeForgotten()) {
         SaveSettings();
     }
     EndDialog(IDOK);

@@ -5,15 +5,16 @@
 #include <string>
 #include <string_view>
 
+#include "dialogs/dialog_ex.h"
 #include "dialogs/services.h"
 #include "framework/controls.h"
-#include "framework/dialog.h"
 #include "framework/fields.h"
+#include "naming/name_fields.h"
 
 namespace ferry::dialogs {
 
 /// Asks for the new name of one item. DoModal answers IDOK when there is one.
-class CDlgInput : public framework::CDialogEx {
+class CDlgInput : public CDialogEx {
 public:
     /// `caption` becomes the dialog's title; `itemPath` is the item's full path.
     CDlgInput(Services& services, HWND owner, std::wstring caption, std::wstring itemPath);
@@ -30,8 +31,7 @@ protected:
 private:
     /// What the controls hold.
     struct Form {
-        std::wstring NewName;
-        std::wstring Extension;
+        naming::NameFields Names;
         std::uint32_t SplitFiles = 1;
         std::uint32_t SplitFolders = 0;
         std::uint32_t DateSource = 0;

@@ -1,5 +1,6 @@
 // The one-click editing tools of the rename dialog.
 #include "dialogs/input_dialog.h"
+#include "naming/inserted_date.h"
 #include "naming/name_edits.h"
 
 namespace ferry::dialogs {
@@ -10,7 +11,8 @@ void CDlgInput::InsertFormatted(const framework::CComboBox& formats) {
     }
     if (const std::optional<std::wstring> format = formats.SelectedText()) {
         const naming::DateSource source = naming::ToDateSource(static_cast<int>(form_.DateSource));
-        newName_.ReplaceSelection(naming::InsertedText(services_.Clock, source, itemPath_, *format));
+        newName_.ReplaceSelection(
+            naming::InsertedText(services_.Clock, services_.Folders, source, itemPath_, *format));
         newName_.FocusInDialog();
     }
 }
@@ -47,8 +49,8 @@ void CDlgInput::RemoveLeadingDigits() {
 
 void CDlgInput::EditBothNames(TextEdit editName, TextEdit editExtension) {
     if (Pull()) {
-        form_.NewName = editName(form_.NewName);
-        form_.Extension = editExtension(form_.Extension);
+        form_.Names.Name = editName(form_.Names.Name);
+        form_.Names.Extension = editExtension(form_.Names.Extension);
         Push();
     }
 }

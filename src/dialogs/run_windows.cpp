@@ -1,10 +1,10 @@
 #include "dialogs/run_windows.h"
 
-#include "base/message_box_win32.h"
 #include "base/text.h"
+#include "confirmation/answers.h"
+#include "confirmation/policies.h"
 #include "dialogs/file_mode_dialog.h"
 #include "dialogs/input_dialog.h"
-#include "ids.h"
 
 namespace ferry::dialogs {
 
@@ -16,7 +16,7 @@ constexpr std::uint16_t kCopyingTitle = 5954;
 }  // namespace
 
 ProgressWindow::ProgressWindow(Services& services, HWND confirmation, transfer::Operation operation)
-    : confirmation_(confirmation), dialog_(services) {
+    : confirmation_(confirmation), dialog_(services.Localiser) {
     dialog_.SetCancellable(true);
     dialog_.SetFirstLine(
         services.Messages.Fetch(operation == transfer::Operation::Move ? kMovingTitle : kCopyingTitle));
@@ -60,25 +60,27 @@ void ProgressWindow::ShowItem(std::wstring_view name) {
 
 transfer::CollisionAnswer QuestionWindows::AskCollision(std::wstring_view name) {
     CDlgFileMode dialog(services_, progress_.Window(), std::wstring(name));
-    const int endCode = dialog.DoModal();
-    return {endCode, dialog.Choice()};
+    const int button = dialog.DoModal();
+    return {confirmation::CollisionChoiceOf(button), transfer::PolicyOf(dialog.Choice())};
 }
 
 transfer::NameAnswer QuestionWindows::AskNewName(transfer::RenameKind kind, std::wstring_view path) {
     CDlgInput dialog(services_, progress_.Window(), RenameCaption(kind), std::wstring(path));
-    const int endCode = dialog.DoModal();
-    return {endCode, dialog.Result()};
+    const int button = dialog.DoModal();
+    return {confirmation::NameChoiceOf(button), dialog.Result()};
 }
 
 // The label of the policy that leads to the question, as the user read it there.
 std::wstring QuestionWindows::RenameCaption(transfer::RenameKind kind) const {
-    const int policy =
-        kind == transfer::RenameKind::Incoming ? IDC_POLICY_RENAME_INCOMING : IDC_POLICY_RENAME_EXISTING;
-    return base::ReplaceAll(framework::WindowText(GetDlgItem(confirmation_, policy)), L"&", L"");
+    using transfer::CollisionPolicy;
+    const int label = confirmation::ConfirmationChoice(kind == transfer::RenameKind::Incoming
+                                                           ? CollisionPolicy::RenameIncoming
+                                                           : CollisionPolicy::RenameExisting);
+    return base::ReplaceAll(framework::WindowText(GetDlgItem(confirmation_, label)), L"&", L"");
 }
 
 void QuestionWindows::ShowError(std::uint16_t message) {
-    base::ShowMessageBox(services_.Messages.Fetch(message), MB_OK | MB_ICONERROR);
+    services_.Speaker.Tell(services_.Messages.Fetch(message), lang::Tone::Error);
 }
 
 }  // namespace ferry::dialogs

@@ -1,29 +1,43 @@
 // What the application lends to its dialogs.
 #pragma once
 
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "calendar/clock.h"
+#include "dialogs/dialog_localiser.h"
+#include "files/ports.h"
+#include "framework/keyboard.h"
 #include "framework/shell_manager.h"
 #include "hostlink/host_data.h"
 #include "lang/catalogue.h"
-#include "lang/dialog_localiser_win32.h"
-#include "naming/clock.h"
 #include "settings/settings_store.h"
+#include "transfer/ports.h"
 
 namespace ferry::dialogs {
 
 /// The application's services; all outlive every dialog.
 struct Services {
+    std::wstring ModulePath;  ///< The full path of the executable.
     hostlink::HostData& Host;
     settings::SettingsStore& Settings;
+    lang::Speaker& Speaker;
     lang::Catalogue& Messages;
-    lang::DialogLocaliser& Localiser;
+    DialogLocaliser& Localiser;
     framework::CShellManager& Shell;
-    naming::Clock& Clock;
+    calendar::Clock& Clock;
+    files::FileInfo& Files;
+    files::FolderSearch& Folders;
+    files::FileChanges& FileChanges;
+
+    /// The shell's operations; the window owns what they show. The thread must have initialised COM.
+    std::function<std::unique_ptr<transfer::ShellOperations>(HWND owner)> MakeShellOperations;
 };
 
-/// Whether Shift is held at the moment of the message that is being handled: the user's wish to
-/// use the choices of this run without remembering them.
-inline bool IsShiftHeld() noexcept {
-    return GetKeyState(VK_SHIFT) < 0;
+/// Whether the choices of this run are used without being remembered, which holding Shift asks for.
+inline bool IsToBeForgotten() noexcept {
+    return framework::IsKeyHeld(VK_SHIFT);
 }
 
 }  // namespace ferry::dialogs

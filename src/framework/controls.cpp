@@ -46,14 +46,14 @@ void CComboBox::Append(const wchar_t* item) const noexcept {
     SendMessageW(Handle(), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(item));
 }
 
-std::wstring CComboBox::ItemText(int index) const {
+std::wstring ItemTextOf(HWND combo, int index) {
     const auto item = static_cast<WPARAM>(index);
-    const LRESULT length = SendMessageW(Handle(), CB_GETLBTEXTLEN, item, 0);
+    const LRESULT length = SendMessageW(combo, CB_GETLBTEXTLEN, item, 0);
     if (length == CB_ERR) {
         return {};
     }
     std::wstring text(static_cast<std::size_t>(length) + 1, L'\0');
-    const LRESULT copied = SendMessageW(Handle(), CB_GETLBTEXT, item, reinterpret_cast<LPARAM>(text.data()));
+    const LRESULT copied = SendMessageW(combo, CB_GETLBTEXT, item, reinterpret_cast<LPARAM>(text.data()));
     text.resize(copied == CB_ERR ? 0 : static_cast<std::size_t>(copied));
     return text;
 }

@@ -46,6 +46,9 @@ public:
     void FocusInDialog() const noexcept;
 };
 
+/// The text of item `index` of the drop-down list `combo`; empty when there is none.
+std::wstring ItemTextOf(HWND combo, int index);
+
 /// A drop-down list.
 class CComboBox : public CWnd {
 public:
@@ -55,7 +58,7 @@ public:
     int Count() const noexcept { return static_cast<int>(SendMessageW(Handle(), CB_GETCOUNT, 0, 0)); }
 
     /// The text of item `index`; empty when there is none.
-    std::wstring ItemText(int index) const;
+    std::wstring ItemText(int index) const { return ItemTextOf(Handle(), index); }
 
     /// The selected item's text, or nothing when none is selected.
     std::optional<std::wstring> SelectedText() const;

@@ -36,9 +36,9 @@ public:
     /// True when it was consumed and must not be dispatched.
     bool HandleDialogMessage(MSG& message);
 
-    UINT TemplateId() const noexcept { return templateId_; }
-
 protected:
+    int TemplateId() const noexcept { return static_cast<int>(templateId_); }
+
     /// Called once when all controls exist. True lets the system choose the first focus.
     virtual bool OnInitDialog() { return true; }
     virtual void OnOK() { EndDialog(IDOK); }
@@ -58,12 +58,6 @@ private:
     HWND disabledOwner_ = nullptr;
     int result_ = -1;
     bool ended_ = false;
-};
-
-/// The base of the program's own dialogs.
-class CDialogEx : public CDialog {
-public:
-    using CDialog::CDialog;
 };
 
 }  // namespace ferry::framework

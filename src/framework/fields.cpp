@@ -58,6 +58,8 @@ void ExchangeCheck(HWND dialog, int id, std::uint32_t& value, Exchange way) {
 
 void ExchangeRadio(HWND dialog, std::span<const int> ids, std::uint32_t& value, Exchange way) {
     for (std::uint32_t index = 0; index < ids.size(); ++index) {
+        if (ids[index] == 0)
+            continue;
         if (way == Exchange::ToControls) {
             CheckDlgButton(dialog, ids[index], index == value ? BST_CHECKED : BST_UNCHECKED);
         } else if (IsDlgButtonChecked(dialog, ids[index]) == BST_CHECKED) {

@@ -32,8 +32,8 @@ struct CheckField {
     MemberOf<Form, std::uint32_t> Member;
 };
 
-/// A group of radio buttons, in the order of their values. A number outside the group checks
-/// none of them, and while none is checked the member keeps its number.
+/// A group of radio buttons, in the order of their values; 0 for a value without a button. A number outside
+/// the group checks none of them, and while none is checked the member keeps its number.
 template <class Form>
 struct RadioField {
     std::span<const int> Ids;

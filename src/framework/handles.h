@@ -5,26 +5,14 @@
 // After windows.h, which the shell's headers build on.
 #include <shellapi.h>
 
-#include "base/unique_resource.h"
+#include "base/handles_win32.h"
 
 namespace ferry::framework {
 
-struct MenuTraits {
-    using Value = HMENU;
-    static Value Nothing() noexcept { return nullptr; }
-    static void Release(Value menu) noexcept { DestroyMenu(menu); }
-};
-
 /// A popup menu.
-using MenuHandle = base::UniqueResource<MenuTraits>;
-
-struct DropTraits {
-    using Value = HDROP;
-    static Value Nothing() noexcept { return nullptr; }
-    static void Release(Value drop) noexcept { DragFinish(drop); }
-};
+using MenuHandle = base::UniqueResource<base::ReleasedBy<HMENU, &DestroyMenu>>;
 
 /// The list of files that came with WM_DROPFILES.
-using DropHandle = base::UniqueResource<DropTraits>;
+using DropHandle = base::UniqueResource<base::ReleasedBy<HDROP, &DragFinish>>;
 
 }  // namespace ferry::framework

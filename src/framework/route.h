@@ -2,7 +2,6 @@
 #pragma once
 
 #include <windows.h>
-#include <commctrl.h>
 
 #include <optional>
 #include <type_traits>
@@ -19,8 +18,8 @@ struct Route {
     static constexpr int kAnyId = -1;
 
     UINT Message = 0;
-    int Id = kAnyId;  ///< Control number, for commands and notifications.
-    UINT Code = 0;    ///< Notification code, for commands and notifications.
+    int Id = kAnyId;  ///< Control number, for commands.
+    UINT Code = 0;    ///< Notification code, for commands.
     Answer (*Invoke)(CWnd& window, WPARAM wParam, LPARAM lParam) = nullptr;
 };
 
@@ -52,16 +51,6 @@ constexpr Route OnCommand(int id, UINT code) {
 template <auto handler>
 constexpr Route OnClick(int id) {
     return OnCommand<handler>(id, BN_CLICKED);
-}
-
-/// Sends notification `code` of control `id`, as WM_NOTIFY, to
-/// `LRESULT Class::Handler(NMHDR& header)`.
-template <auto handler>
-constexpr Route OnNotify(int id, UINT code) {
-    return {WM_NOTIFY, id, code, [](CWnd& window, WPARAM, LPARAM lParam) -> Answer {
-                return (static_cast<detail::ClassOf<handler>&>(window).*
-                        handler)(*reinterpret_cast<NMHDR*>(lParam));
-            }};
 }
 
 /// Sends `message` to `Answer Class::Handler(WPARAM, LPARAM)`.

@@ -13,16 +13,12 @@ constexpr UINT_PTR kSubclassId = 1;
 // The window property that leads back to the object.
 constexpr wchar_t kObjectProperty[] = L"Ferry.CWnd";
 
-bool Fits(const Route& route, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
+bool Fits(const Route& route, UINT message, WPARAM wParam) noexcept {
     if (route.Message != message) {
         return false;
     }
     if (message == WM_COMMAND) {
         return route.Id == LOWORD(wParam) && route.Code == HIWORD(wParam);
-    }
-    if (message == WM_NOTIFY) {
-        const auto* header = reinterpret_cast<const NMHDR*>(lParam);
-        return static_cast<UINT_PTR>(route.Id) == header->idFrom && route.Code == header->code;
     }
     return true;
 }
@@ -73,7 +69,7 @@ bool CWnd::PreTranslateMessage(MSG&) {
 
 Answer CWnd::Dispatch(UINT message, WPARAM wParam, LPARAM lParam) {
     for (const Route& route : Routes()) {
-        if (Fits(route, message, wParam, lParam)) {
+        if (Fits(route, message, wParam)) {
             return route.Invoke(*this, wParam, lParam);
         }
     }
@@ -88,14 +84,14 @@ LRESULT CALLBACK CWnd::WindowProc(HWND window, UINT message, WPARAM wParam, LPAR
                                   DWORD_PTR object) noexcept {
     // An exception must not cross the frames of Windows: it stops here and is told to the user.
     try {
-        return reinterpret_cast<CWnd*>(object)->Handle(window, message, wParam, lParam);
+        return reinterpret_cast<CWnd*>(object)->HandleMessage(window, message, wParam, lParam);
     } catch (...) {
         ReportCurrentException();
         return 0;
     }
 }
 
-LRESULT CWnd::Handle(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT CWnd::HandleMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_NOTIFY) {
         auto& header = *reinterpret_cast<NMHDR*>(lParam);
         CWnd* const sender = FromHandle(header.hwndFrom);

@@ -94,9 +94,7 @@ void ParseHostBlock(std::span<wchar_t> units, std::size_t bound, BlockSink sink)
 }
 
 std::wstring TextFromPayload(std::span<const std::byte> payload) {
-    std::wstring text = base::UnitsFromBytes(payload);
-    text.resize(std::min(text.find(L'\0'), text.size()));
-    return text;
+    return base::TextFromBytes(payload);
 }
 
 }  // namespace ferry::hostlink

@@ -6,7 +6,6 @@
 
 #include "hostlink/host_block.h"
 #include "hostlink/host_variable.h"
-#include "hostlink/last_error_win32.h"
 #include "hostlink/shared_memory_view_win32.h"
 
 namespace ferry::hostlink {
@@ -36,15 +35,16 @@ private:
     SharedMemoryView& view_;
 };
 
-void ReadBlock(const HostVariable& variable, HostData& data) {
+/// Gives the system's error number; 0 when the block was read.
+std::uint32_t ReadBlock(const HostVariable& variable, HostData& data) {
     SharedMemoryView view(BlockName(variable), BlockGuardName(variable), variable.BlockSizeBytes);
     if (!view.IsOpen()) {
-        ReportSystemError(view.Error());
-        return;
+        return view.Error();
     }
     const BlockLock lock(view);
     ParseHostBlock(view.Units(), variable.BlockSizeBytes,
                    {data.CurrentDir, data.Option, data.SelectedItems, data.TabFolders});
+    return 0;
 }
 
 }  // namespace
@@ -57,17 +57,16 @@ PresenceMutex::PresenceMutex(std::wstring_view modulePath) {
     }
 }
 
-HostData ReadHostData() {
-    HostData data;
+HostReading ReadHostData() {
+    HostReading reading;
     if (const auto variable = ReadHostVariable()) {
-        data.WindowMode = variable->WindowMode;
-        data.ActivateHostOnExit = variable->ActivateHostOnExit;
-        data.ShareMode = variable->ShareMode;
-        if (variable->ShareMode) {
-            ReadBlock(*variable, data);
-        }
+        reading.Data.WindowMode = variable->WindowMode;
+        reading.Data.ActivateHostOnExit = variable->ActivateHostOnExit;
+        reading.Data.ShareMode = variable->ShareMode;
+        if (variable->ShareMode)
+            reading.BlockError = ReadBlock(*variable, reading.Data);
     }
-    return data;
+    return reading;
 }
 
 }  // namespace ferry::hostlink

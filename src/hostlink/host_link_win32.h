@@ -1,6 +1,7 @@
 // The link to the host at start-up: the presence marker and the data it handed over.
 #pragma once
 
+#include <cstdint>
 #include <string_view>
 
 #include "base/handles_win32.h"
@@ -15,8 +16,6 @@ public:
     /// then this object holds nothing.
     explicit PresenceMutex(std::wstring_view modulePath);
 
-    bool IsHeld() const noexcept { return static_cast<bool>(mutex_); }
-
     /// Takes the marker away before the object ends.
     void Close() noexcept { mutex_.Reset(); }
 
@@ -24,8 +23,14 @@ private:
     base::MutexHandle mutex_;
 };
 
+/// What the host handed over, and why a block that it announced could not be opened.
+struct HostReading {
+    HostData Data;
+    std::uint32_t BlockError = 0;  ///< The system's error number; 0: none.
+};
+
 /// Reads the host variable and, when it announces one, the shared block. Everything stays empty
-/// without a proper variable; a block that cannot be opened is reported to the user.
-HostData ReadHostData();
+/// without a proper variable.
+HostReading ReadHostData();
 
 }  // namespace ferry::hostlink

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "base/text.h"
-#include "paths/path_helpers.h"
+#include "paths/path_grammar.h"
 
 namespace ferry::hostlink {
 

@@ -1,12 +1,13 @@
 // Message texts by number, from the language's message file.
 #include "lang/catalogue.h"
 
+#include <optional>
 #include <vector>
 
 #include "base/line_reader.h"
 #include "base/text.h"
 #include "lang/message_line.h"
-#include "paths/path_helpers.h"
+#include "paths/path_grammar.h"
 
 namespace ferry::lang {
 
@@ -38,10 +39,10 @@ std::wstring ComposeMessageFilePath(std::wstring_view modulePath, std::wstring_v
 
 std::wstring Catalogue::Fetch(std::uint16_t number) {
     if (entries_.empty()) {
-        if (const std::optional<std::wstring> text = source_.ReadMessageFile()) {
+        if (const std::optional<std::wstring> text = files_.Read(path_)) {
             ParseCatalogue(*text, entries_);
         } else {
-            source_.ReportCannotOpen();
+            speaker_.Tell(L"Cannot open message file.\n" + path_, Tone::Plain);
         }
     }
     const auto found = entries_.find(number);

@@ -2,10 +2,13 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
+
+#include "lang/speaker.h"
+#include "lang/text_files.h"
 
 namespace ferry::lang {
 
@@ -25,30 +28,21 @@ void ParseCatalogue(std::wstring_view fileText, CatalogueEntries& entries);
 /// "<folder>\..\..\Lang\Msg<suffix>.txt".
 std::wstring ComposeMessageFilePath(std::wstring_view modulePath, std::wstring_view suffix);
 
-/// Where the catalogue gets its file's text from.
-class CatalogueSource {
-public:
-    virtual ~CatalogueSource() = default;
-
-    /// The units of the message file, or nothing when it cannot be opened.
-    virtual std::optional<std::wstring> ReadMessageFile() = 0;
-
-    /// Tells the user that the message file cannot be opened.
-    virtual void ReportCannotOpen() = 0;
-};
-
 /// The program's message texts; loaded by the first fetch, and again by every later fetch while
 /// there are none, so that the user is told each time that texts are missing.
 class Catalogue {
 public:
-    /// `source` must outlive the catalogue.
-    explicit Catalogue(CatalogueSource& source) noexcept : source_(source) {}
+    /// For the message file at `path`. The ports must outlive the catalogue.
+    Catalogue(TextFiles& files, std::wstring path, Speaker& speaker) noexcept
+        : files_(files), path_(std::move(path)), speaker_(speaker) {}
 
     /// The text of `number`, or kMissingText.
     std::wstring Fetch(std::uint16_t number);
 
 private:
-    CatalogueSource& source_;
+    TextFiles& files_;
+    std::wstring path_;
+    Speaker& speaker_;
     CatalogueEntries entries_;
 };
 

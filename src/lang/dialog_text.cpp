@@ -8,7 +8,7 @@
 #include "base/text.h"
 #include "lang/catalogue.h"
 #include "lang/message_line.h"
-#include "paths/path_helpers.h"
+#include "paths/path_grammar.h"
 
 namespace ferry::lang {
 
@@ -23,7 +23,6 @@ constexpr int kUnnumberedControl = -1;
 
 /// The room that the export has for a window's text and for its class name.
 constexpr std::size_t kMaxWindowText = 32766;
-constexpr std::size_t kMaxClassName = 1024;
 
 /// Classes whose text is no wording: lists, tabs and what the user types.
 constexpr std::array<std::wstring_view, 3> kSkippedClasses = {L"SysListView32", L"SysTabControl32", L"Edit"};

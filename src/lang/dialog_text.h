@@ -20,6 +20,9 @@ struct DialogTextEdit {
 /// control -1 are left out.
 std::vector<DialogTextEdit> ParseDialogText(std::wstring_view fileText);
 
+/// The number of units of a class name that a text file keeps.
+inline constexpr std::size_t kMaxClassName = 1024;
+
 /// A control as the export sees it.
 struct ControlText {
     int ControlId = 0;

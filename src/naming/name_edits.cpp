@@ -52,10 +52,6 @@ bool IsWithin(wchar_t unit, wchar_t first, wchar_t last) noexcept {
     return unit >= first && unit <= last;
 }
 
-bool IsDigit(wchar_t unit) noexcept {
-    return IsWithin(unit, L'0', L'9');
-}
-
 bool IsLatinSmall(wchar_t unit) noexcept {
     return IsWithin(unit, L'a', L'z') || IsWithin(unit, L'\xFF41', L'\xFF5A');
 }
@@ -67,7 +63,7 @@ bool IsLatinCapital(wchar_t unit) noexcept {
 /// Whether a word starts behind `unit`.
 bool SeparatesWords(wchar_t unit) noexcept {
     constexpr std::wstring_view kSeparators = L" -_\x3000\xFF0D\xFF3F";
-    return IsDigit(unit) || IsWithin(unit, L'\xFF10', L'\xFF19') ||
+    return base::IsDigit(unit) || IsWithin(unit, L'\xFF10', L'\xFF19') ||
            kSeparators.find(unit) != std::wstring_view::npos;
 }
 
@@ -97,14 +93,14 @@ std::wstring RemoveCopyMarkers(std::wstring_view name) {
 }
 
 std::wstring RemoveTrailingDigits(std::wstring_view name) {
-    while (!name.empty() && IsDigit(name.back())) {
+    while (!name.empty() && base::IsDigit(name.back())) {
         name.remove_suffix(1);
     }
     return std::wstring(name);
 }
 
 std::wstring RemoveLeadingDigits(std::wstring_view name) {
-    while (!name.empty() && IsDigit(name.front())) {
+    while (!name.empty() && base::IsDigit(name.front())) {
         name.remove_prefix(1);
     }
     return std::wstring(name);

@@ -16,7 +16,7 @@ void SkipSpace(std::wstring_view& rest) noexcept {
 }
 
 bool StartsWithDigit(std::wstring_view rest) noexcept {
-    return !rest.empty() && rest.front() >= L'0' && rest.front() <= L'9';
+    return !rest.empty() && base::IsDigit(rest.front());
 }
 
 /// Takes the units up to white space off `rest`; nothing when there are none, or too many.
@@ -79,7 +79,6 @@ Scanned Scan(std::wstring_view text, std::wstring_view pattern, std::size_t fiel
             if (!scanned.Number) {
                 return scanned;
             }
-            ++scanned.Assigned;
             pattern.remove_prefix(2);
         } else if (pattern.starts_with(L"%s")) {
             const auto field = TakeField(text, fieldCapacity);
@@ -87,7 +86,6 @@ Scanned Scan(std::wstring_view text, std::wstring_view pattern, std::size_t fiel
                 return scanned;
             }
             scanned.Field = *field;
-            ++scanned.Assigned;
             pattern.remove_prefix(2);
         } else {
             if (!TakeLiteral(text, pattern.front())) {

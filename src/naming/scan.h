@@ -9,8 +9,6 @@ namespace ferry::naming {
 
 /// What a scan assigned before its text or its pattern ended, or they disagreed.
 struct Scanned {
-    /// How many conversions were assigned.
-    int Assigned = 0;
     /// The first field of a %s, a view into the text; empty when none was assigned.
     std::wstring_view Field;
     /// The first number of a %d, if one was assigned.

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "paths/path_helpers.h"
+#include "paths/path_grammar.h"
 
 namespace ferry::process {
 

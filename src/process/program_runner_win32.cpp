@@ -5,11 +5,10 @@
 #include <string>
 
 #include "base/handles_win32.h"
-#include "base/message_box_win32.h"
 
 namespace ferry::process {
 
-bool RunAndWait(const ProgramRun& run) {
+bool RunAndWait(const ProgramRun& run, const std::function<bool()>& mayKill) {
     // Writable, since the call may scribble in it.
     std::wstring commandLine = std::wstring(run.Program) + L" " + std::wstring(run.Arguments);
     const std::wstring folder(run.WorkingFolder);
@@ -27,7 +26,7 @@ bool RunAndWait(const ProgramRun& run) {
     if (WaitForSingleObject(process.Get(), run.TimeLimitMs) != WAIT_TIMEOUT) {
         return true;
     }
-    if (base::ShowMessageBox(L"Timeout!\nAre you sure you want to kill the process?", MB_YESNO) == IDYES) {
+    if (mayKill()) {
         // Best effort: the program may have ended by itself meanwhile.
         TerminateProcess(process.Get(), kKilledExitCode);
     }

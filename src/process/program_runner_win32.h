@@ -1,7 +1,8 @@
-// Runs a program and waits for its end.
+// Runs a program and waits for its end; for scripts, which run programs.
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string_view>
 
 namespace ferry::process {
@@ -18,9 +19,12 @@ struct ProgramRun {
 /// The exit code of a program that the user had killed.
 inline constexpr std::uint32_t kKilledExitCode = 999;
 
+/// What the person is asked about a program that has not ended within its limit.
+inline constexpr wchar_t kKillQuestion[] = L"Timeout!\nAre you sure you want to kill the process?";
+
 /// Starts `run` and waits for its end; blocks the calling thread.
-/// True when it started and ended within the limit. After the limit the user is asked whether to
-/// kill it, and the answer is false either way.
-bool RunAndWait(const ProgramRun& run);
+/// True when it started and ended within the limit. After the limit `mayKill` decides whether it is killed,
+/// and the answer is false either way.
+bool RunAndWait(const ProgramRun& run, const std::function<bool()>& mayKill);
 
 }  // namespace ferry::process

@@ -4,10 +4,12 @@
 namespace ferry::transfer {
 
 void RunBatch(const TransferRequest& request, ShellOperations& shell) {
-    const std::uint32_t function = request.What == Operation::Move ? kFunctionMove : kFunctionCopy;
-    const std::uint32_t flags = request.Settings.NoAsk != 0 ? kBatchFlags | kFlagNoConfirmation : kBatchFlags;
-    // The result is dropped on purpose: the shell has told the person already.
-    shell.TransferBatch(request.Sources, request.Destination, function, flags);
+    ShellTransfer batch;
+    batch.TargetFolder = request.Destination;
+    batch.What = request.What;
+    batch.Flags = request.Settings.NoAsk != 0 ? kBatchFlags | kFlagNoConfirmation : kBatchFlags;
+    // The outcome is dropped on purpose: the shell has told the person already.
+    shell.TransferAll(request.Sources, batch);
 }
 
 }  // namespace ferry::transfer

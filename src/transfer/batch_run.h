@@ -6,9 +6,6 @@
 
 namespace ferry::transfer {
 
-/// The flags of a batch operation; the shell port adds undo to whatever it is given.
-inline constexpr std::uint32_t kBatchFlags = kFlagNoConnectedElements | kFlagNoCopySecurity;
-
 /// Hands all sources of `request` to the shell at once. Conflicts, progress and failures are the
 /// shell's to show, so there is no result.
 void RunBatch(const TransferRequest& request, ShellOperations& shell);

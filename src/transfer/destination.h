@@ -5,9 +5,11 @@
 #include <string>
 #include <string_view>
 
+#include "files/ports.h"
+
 namespace ferry::transfer {
 
-class FileSystem;
+class ShellOperations;
 
 /// Message numbers of the catalogue.
 inline constexpr std::uint16_t kMessageBadDestination = 62304;
@@ -36,6 +38,7 @@ struct EnsuredFolder {
 
 /// Makes the folder of working destination `path` exist, with all its parents, and tells the
 /// shell when it was made. Roots are taken as they are.
-EnsuredFolder EnsureDestinationFolder(FileSystem& fileSystem, std::wstring_view path);
+EnsuredFolder EnsureDestinationFolder(files::FileInfo& info, files::FileChanges& changes,
+                                      ShellOperations& shell, std::wstring_view path);
 
 }  // namespace ferry::transfer

@@ -4,20 +4,13 @@
 #include <optional>
 
 #include "base/case_order.h"
-#include "paths/path_helpers.h"
+#include "paths/path_grammar.h"
 
 namespace ferry::transfer {
 namespace {
 
-constexpr std::uint32_t kAskEach = static_cast<std::uint32_t>(CollisionPolicy::AskEach);
-
 // The range message of a progress bar has 16 bits for the count.
 constexpr std::size_t kProgressModulus = 65536;
-
-bool IsFolder(std::uint32_t attributes) {
-    // The invalid value has every bit set, the folder's too.
-    return attributes != kInvalidAttributes && (attributes & kAttributeDirectory) != 0;
-}
 
 /// Where in `source` the part starts that the destination repeats: after the last backslash. A
 /// path without any is taken apart at its last slash or at its drive.
@@ -30,14 +23,11 @@ std::size_t KeptPartStart(std::wstring_view source) {
 
 }  // namespace
 
-IndividualRun::IndividualRun(const TransferRequest& request, FileSystem& fileSystem, ShellOperations& shell,
-                             Questions& questions, Progress& progress)
+IndividualRun::IndividualRun(const TransferRequest& request, const RunPorts& ports)
     : request_(request),
-      fileSystem_(fileSystem),
-      questions_(questions),
-      progress_(progress),
-      engine_(fileSystem, shell, questions, request.What, request.Settings.TimeCmpType),
-      policy_(request.Settings.Policy) {}
+      ports_(ports),
+      engine_(ports, request.What, request.Settings.TimeCmpType),
+      policy_(PolicyOf(request.Settings.Policy)) {}
 
 bool IndividualRun::Run() {
     for (const std::wstring_view source : request_.Sources) {
@@ -54,12 +44,12 @@ bool IndividualRun::TransferSource(std::wstring_view source) {
         // Nothing to name at the destination; the shell takes an empty path for the desktop.
         if (keptPartStart_ == source.size())
             return true;
-        progress_.SetRange(1);
+        ports_.View.SetRange(1);
         return TransferFile(source);
     }
-    const SourceListing listing = ListSourceFolder(fileSystem_, source);
+    const SourceListing listing = ListSourceFolder(ports_.Search, source);
     const std::size_t count = listing.Folders.Size() + listing.Files.Size();
-    progress_.SetRange(static_cast<std::uint32_t>(count % kProgressModulus));
+    ports_.View.SetRange(static_cast<std::uint32_t>(count % kProgressModulus));
     for (const std::wstring_view folder : listing.Folders) {
         if (!TransferFolder(folder))
             return false;
@@ -74,12 +64,12 @@ bool IndividualRun::TransferSource(std::wstring_view source) {
 }
 
 bool IndividualRun::IsSourceFolder(std::wstring_view source) {
-    const std::uint32_t attributes = fileSystem_.Attributes(source);
-    if (attributes != kInvalidAttributes)
-        return IsFolder(attributes);
+    const std::uint32_t attributes = ports_.Info.Attributes(source);
+    if (attributes != files::kInvalidAttributes)
+        return files::IsFolder(attributes);
     // The shell would take a folder as a whole, past every policy; a search has the last word.
-    const std::optional<FoundItem> found = fileSystem_.Find(source);
-    return found && IsFolder(found->Attributes);
+    const std::optional<files::FoundItem> found = ports_.Info.Find(source);
+    return found && files::IsFolder(found->Attributes);
 }
 
 bool IndividualRun::TransferFolder(std::wstring_view folder) {
@@ -90,7 +80,7 @@ bool IndividualRun::TransferFolder(std::wstring_view folder) {
     // attributes.
     if (HasKeptPart(folder))
         MakeTargetFolder(folder, target);
-    progress_.ShowItem(paths::LastComponent(target));
+    ports_.View.ShowItem(paths::LastComponent(target));
     return true;
 }
 
@@ -99,48 +89,48 @@ bool IndividualRun::TransferFile(std::wstring_view source) {
         return false;
     const std::wstring target = TargetOf(source);
     const std::wstring_view name = paths::LastComponent(target);
-    const Item item{source, target, fileSystem_.Find(target)};
-    std::uint32_t policy = policy_;
-    if (item.Existing && policy == kAskEach) {
-        const CollisionAnswer answer = questions_.AskCollision(name);
-        if (answer.EndCode == kEndStopAll)
+    const Item item{source, target, ports_.Info.Find(target)};
+    CollisionPolicy policy = policy_;
+    if (item.Existing && policy == CollisionPolicy::AskEach) {
+        const CollisionAnswer answer = ports_.Person.AskCollision(name);
+        if (answer.Choice == CollisionChoice::StopRun)
             return false;
-        if (answer.EndCode != kEndOk && answer.EndCode != kEndForAll)
+        if (answer.Choice == CollisionChoice::SkipItem)
             return true;
         policy = answer.Policy;
-        if (answer.EndCode == kEndForAll)
+        if (answer.Choice == CollisionChoice::ThisAndLater)
             policy_ = policy;
     }
     if (engine_.Handle(item, policy) == ItemResult::Stop)
         return false;
-    progress_.ShowItem(name);
+    ports_.View.ShowItem(name);
     return true;
 }
 
 bool IndividualRun::BeginItem() {
-    if (progress_.DrainAndTakeCancel())
+    if (ports_.View.DrainAndTakeCancel())
         return false;
-    progress_.Step();
+    ports_.View.Step();
     return true;
 }
 
 void IndividualRun::MakeTargetFolder(std::wstring_view source, std::wstring_view target) {
     // A folder made just now is left as it is; any other result, an existing folder above all,
     // makes the target look like the source.
-    if (fileSystem_.CreateFolder(target) == kFolderCreated)
+    if (ports_.Changes.MakeFolder(target) == files::kFolderMade)
         return;
-    fileSystem_.NotifyFolderMade(target);
-    const std::uint32_t attributes = fileSystem_.Attributes(source);
-    if (attributes != kInvalidAttributes)
-        fileSystem_.SetAttributes(target, attributes);
+    ports_.Shell.NotifyFolderMade(target);
+    const std::uint32_t attributes = ports_.Info.Attributes(source);
+    if (attributes != files::kInvalidAttributes)
+        ports_.Changes.SetAttributes(target, attributes);
 }
 
 void IndividualRun::RemoveEmptiedFolders(const base::TextList& folders) {
     for (std::size_t index = folders.Size(); index > 0; --index) {
         const std::wstring_view folder = folders[index - 1];
         // The plain attributes lift the read-only bit, which would keep the folder.
-        if (HasMoved(folder) && fileSystem_.SetAttributes(folder, kAttributeDirectory))
-            fileSystem_.RemoveFolder(folder);
+        if (HasMoved(folder) && ports_.Changes.SetAttributes(folder, files::kAttributeDirectory))
+            ports_.Changes.RemoveFolder(folder);
     }
 }
 
@@ -150,7 +140,7 @@ bool IndividualRun::HasMoved(std::wstring_view folder) {
     const std::wstring target = TargetOf(folder);
     // An empty folder that was moved onto itself, or whose counterpart could not be made, would
     // be gone from both places.
-    return !base::EqualsIgnoringCase(folder, target) && IsFolder(fileSystem_.Attributes(target));
+    return !base::EqualsIgnoringCase(folder, target) && files::IsFolder(ports_.Info.Attributes(target));
 }
 
 bool IndividualRun::HasKeptPart(std::wstring_view path) const noexcept {

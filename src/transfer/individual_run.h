@@ -16,9 +16,8 @@ namespace ferry::transfer {
 /// One run over all sources of a request. It touches the world only through its ports.
 class IndividualRun {
 public:
-    /// The ports and the request must outlive the run.
-    IndividualRun(const TransferRequest& request, FileSystem& fileSystem, ShellOperations& shell,
-                  Questions& questions, Progress& progress);
+    /// The request and what `ports` names must outlive the run.
+    IndividualRun(const TransferRequest& request, const RunPorts& ports);
 
     /// Transfers everything; false when it was stopped before the end.
     bool Run();
@@ -36,11 +35,9 @@ private:
     std::wstring TargetOf(std::wstring_view path) const;
 
     const TransferRequest& request_;
-    FileSystem& fileSystem_;
-    Questions& questions_;
-    Progress& progress_;
+    RunPorts ports_;
     ItemEngine engine_;
-    std::uint32_t policy_;
+    CollisionPolicy policy_;
     std::size_t keptPartStart_ = 0;  ///< Of the paths of the source at hand: what follows the base.
 };
 

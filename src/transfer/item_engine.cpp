@@ -4,7 +4,7 @@
 #include <cmath>
 #include <string>
 
-#include "paths/path_helpers.h"
+#include "paths/path_grammar.h"
 
 namespace ferry::transfer {
 namespace {
@@ -12,14 +12,7 @@ namespace {
 constexpr double kSecondsPerDay = 86400.0;
 constexpr double kHalfSecondInDays = 5.787037037037037e-6;
 
-/// The result of an operation that could not be created. Both engines stop or ask again on it.
-constexpr std::int32_t kNoOperation = 1;
-
 constexpr std::wstring_view kForbiddenInNames = L"/:*?\"><|\\";
-
-constexpr std::uint32_t Number(CollisionPolicy policy) {
-    return static_cast<std::uint32_t>(policy);
-}
 
 bool CanBeName(std::wstring_view name) {
     return name.find_first_of(kForbiddenInNames) == std::wstring_view::npos;
@@ -32,7 +25,7 @@ std::wstring Sibling(std::wstring_view path, std::wstring_view name) {
 }
 
 ItemResult ResultOfUnnamed(const NameAnswer& answer) {
-    return answer.EndCode == kEndForAll ? ItemResult::Stop : ItemResult::Continue;
+    return answer.Choice == NameChoice::StopRun ? ItemResult::Stop : ItemResult::Continue;
 }
 
 /// A date value on an even scale. Before the epoch of the date type the fraction of a day still
@@ -52,67 +45,62 @@ std::int64_t WholeSecondsBetween(double laterDate, double earlierDate) noexcept 
     return static_cast<std::int64_t>(shifted * kSecondsPerDay);
 }
 
-bool IsNewer(FileSystem& fileSystem, std::uint64_t later, std::uint64_t earlier, std::uint32_t precision) {
+bool IsNewer(calendar::Clock& clock, std::uint64_t later, std::uint64_t earlier, std::uint32_t precision) {
     const bool byWholeSeconds = precision == static_cast<std::uint32_t>(TimePrecision::OneSecond) ||
                                 precision == static_cast<std::uint32_t>(TimePrecision::TwoSeconds);
     if (!byWholeSeconds)
         return later > earlier;
-    const double laterDate = fileSystem.LocalDate(later);
-    const double earlierDate = fileSystem.LocalDate(earlier);
+    const double laterDate = clock.LocalDate(later);
+    const double earlierDate = clock.LocalDate(earlier);
     return WholeSecondsBetween(laterDate, earlierDate) > static_cast<std::int64_t>(precision);
 }
 
-ItemEngine::ItemEngine(FileSystem& fileSystem, ShellOperations& shell, Questions& questions,
-                       Operation operation, std::uint32_t precision) noexcept
-    : fileSystem_(fileSystem), shell_(shell), questions_(questions), precision_(precision) {
-    record_.Function = operation == Operation::Move ? kFunctionMove : kFunctionCopy;
-}
+ItemEngine::ItemEngine(const RunPorts& ports, Operation operation, std::uint32_t precision) noexcept
+    : ports_(ports), precision_(precision), record_{operation, kRunFlags} {}
 
-ItemResult ItemEngine::Handle(const Item& item, std::uint32_t policy) {
-    if (item.Source == item.Target && policy != Number(CollisionPolicy::RenameIncoming)) {
-        questions_.ShowError(kMessageSamePath);
+ItemResult ItemEngine::Handle(const Item& item, CollisionPolicy policy) {
+    if (item.Source == item.Target && policy != CollisionPolicy::RenameIncoming) {
+        ports_.Person.ShowError(kMessageSamePath);
         return ItemResult::Stop;
     }
     if (!item.Existing)
         return Transfer(item);
-    switch (static_cast<CollisionPolicy>(policy)) {
-        case CollisionPolicy::OverwriteOlder:
-        case CollisionPolicy::OverwriteNewer:
-            return TransferByTime(item, static_cast<CollisionPolicy>(policy));
-        case CollisionPolicy::KeepExisting:
-            return ItemResult::Continue;
-        case CollisionPolicy::RenameIncoming:
-            return TransferUnderNewName(item);
-        case CollisionPolicy::RenameExisting:
-            return TransferAfterRenaming(item);
-        case CollisionPolicy::RenameAutomatically:
-            return TransferRenamedByShell(item);
-        default:
+    switch (Decide(policy, ComparesTimes(policy) ? OrderOf(item) : TimeOrder::Neither)) {
+        case Decision::Transfer:
             return Transfer(item);
+        case Decision::Keep:
+            return ItemResult::Continue;
+        case Decision::NameIncoming:
+            return TransferUnderNewName(item);
+        case Decision::NameExisting:
+            return TransferAfterRenaming(item);
+        case Decision::LetShellName:
+            return TransferRenamedByShell(item);
     }
+    return ItemResult::Continue;
 }
 
-ItemResult ItemEngine::TransferByTime(const Item& item, CollisionPolicy policy) {
-    const std::optional<FoundItem> source = fileSystem_.Find(item.Source);
+TimeOrder ItemEngine::OrderOf(const Item& item) {
+    const std::optional<files::FoundItem> source = ports_.Info.Find(item.Source);
     // Where a time is unknown, nothing is newer or older, and what exists stays.
     if (!source || !source->IsTimeKnown || !item.Existing->IsTimeKnown)
-        return ItemResult::Continue;
+        return TimeOrder::Neither;
     const std::uint64_t sourceTime = source->LastWriteTime;
     const std::uint64_t targetTime = item.Existing->LastWriteTime;
-    const bool overwrites = policy == CollisionPolicy::OverwriteOlder
-                                ? IsNewer(fileSystem_, sourceTime, targetTime, precision_)
-                                : IsNewer(fileSystem_, targetTime, sourceTime, precision_);
-    return overwrites ? Transfer(item) : ItemResult::Continue;
+    if (IsNewer(ports_.Clock, sourceTime, targetTime, precision_))
+        return TimeOrder::SourceIsNewer;
+    return IsNewer(ports_.Clock, targetTime, sourceTime, precision_) ? TimeOrder::SourceIsOlder
+                                                                     : TimeOrder::Neither;
 }
 
 ItemResult ItemEngine::Transfer(const Item& item) {
     record_.Flags |= kFlagNoConfirmation;
-    if (fileSystem_.FileSize(item.Source) > kSilentSizeLimit)
+    if (ports_.Info.Size(item.Source) > kSilentSizeLimit)
         record_.Flags &= ~kFlagSilent;
     else
         record_.Flags |= kFlagSilent;
     const ShellOutcome outcome = TransferUnderOwnName(item, true);
-    return outcome.Result == kNoOperation || outcome.Aborted ? ItemResult::Stop : ItemResult::Continue;
+    return outcome.What == ShellResult::NoObject || outcome.Aborted ? ItemResult::Stop : ItemResult::Continue;
 }
 
 ItemResult ItemEngine::TransferRenamedByShell(const Item& item) {
@@ -127,32 +115,32 @@ ItemResult ItemEngine::TransferRenamedByShell(const Item& item) {
 
 ItemResult ItemEngine::TransferUnderNewName(const Item& item) {
     for (;;) {
-        const NameAnswer answer = questions_.AskNewName(RenameKind::Incoming, item.Target);
-        if (answer.EndCode != kEndOk)
+        const NameAnswer answer = ports_.Person.AskNewName(RenameKind::Incoming, item.Target);
+        if (answer.Choice != NameChoice::Use)
             return ResultOfUnnamed(answer);
         // Without a name the shell would take the old one and meet the existing item again.
         if (answer.Name.empty() || !CanBeName(answer.Name))
             continue;
-        const std::wstring newTarget = Sibling(item.Target, answer.Name);
-        if (fileSystem_.Find(newTarget))
+        if (ports_.Info.Find(Sibling(item.Target, answer.Name)))
             continue;
-        if (TransferAs(item.Source, newTarget) != kNoOperation)
+        if (TransferAs(item.Source, paths::ParentWithSeparator(item.Target), answer.Name))
             return ItemResult::Continue;
     }
 }
 
 ItemResult ItemEngine::TransferAfterRenaming(const Item& item) {
     for (;;) {
-        const NameAnswer answer = questions_.AskNewName(RenameKind::Existing, item.Target);
-        if (answer.EndCode != kEndOk)
+        const NameAnswer answer = ports_.Person.AskNewName(RenameKind::Existing, item.Target);
+        if (answer.Choice != NameChoice::Use)
             return ResultOfUnnamed(answer);
         if (!CanBeName(answer.Name))
             continue;
-        if (!fileSystem_.Rename(item.Target, Sibling(item.Target, answer.Name))) {
-            questions_.ShowError(kMessageRenameFailed);
+        if (!ports_.Changes.Rename(item.Target, Sibling(item.Target, answer.Name))) {
+            ports_.Person.ShowError(kMessageRenameFailed);
             continue;
         }
-        if (TransferAs(item.Source, item.Target) != kNoOperation)
+        if (TransferAs(item.Source, paths::ParentWithSeparator(item.Target),
+                       paths::LastComponent(item.Target)))
             return ItemResult::Continue;
     }
 }
@@ -166,21 +154,17 @@ ShellOutcome ItemEngine::TransferUnderOwnName(const Item& item, bool askAborted)
     const std::wstring_view name = paths::LastComponent(item.Target);
     if (name != paths::LastComponent(item.Source))
         transfer.NewName = name;
-    transfer.Function = record_.Function;
+    transfer.What = record_.What;
     transfer.Flags = record_.Flags;
     transfer.AskAborted = askAborted;
-    return shell_.TransferFile(transfer);
+    return ports_.Shell.Transfer(transfer);
 }
 
-std::int32_t ItemEngine::TransferAs(std::wstring_view source, std::wstring_view target) {
+/// False when there was no operation object, so that the person is asked again.
+bool ItemEngine::TransferAs(std::wstring_view source, std::wstring_view folder, std::wstring_view name) {
     record_.Flags &= ~kFlagNoConfirmation;
-    ShellTransfer transfer;
-    transfer.Source = source;
-    transfer.TargetFolder = paths::ParentWithSeparator(target);
-    transfer.NewName = paths::LastComponent(target);
-    transfer.Function = record_.Function;
-    transfer.Flags = record_.Flags;
-    return shell_.TransferFile(transfer).Result;
+    const ShellTransfer transfer{source, folder, name, record_.What, record_.Flags, false};
+    return ports_.Shell.Transfer(transfer).What != ShellResult::NoObject;
 }
 
 }  // namespace ferry::transfer

@@ -21,10 +21,10 @@ inline constexpr std::uint64_t kSilentSizeLimit = 0xA00000;
 inline constexpr std::uint32_t kRunFlags = kFlagNoConnectedElements | kFlagNoCopySecurity |
                                            kFlagNoConfirmMakeFolder | kFlagNoConfirmation | kFlagSilent;
 
-/// The function and the flags of a run. The engine changes the flags as it goes, and a change
-/// stays in force for later items.
+/// What a run does, and its flags. The engine changes the flags as it goes, and a change stays in force
+/// for later items.
 struct OperationRecord {
-    std::uint32_t Function = kFunctionCopy;
+    Operation What = Operation::Copy;
     std::uint32_t Flags = kRunFlags;
 };
 
@@ -35,40 +35,37 @@ enum class ItemResult { Stop = 0, Continue = 1 };
 struct Item {
     std::wstring_view Source;
     std::wstring_view Target;
-    std::optional<FoundItem> Existing;  ///< What stands at the target, if anything.
+    std::optional<files::FoundItem> Existing;  ///< What stands at the target, if anything.
 };
 
 /// The engine of one run; keeps the run's operation record.
 class ItemEngine {
 public:
-    ItemEngine(FileSystem& fileSystem, ShellOperations& shell, Questions& questions, Operation operation,
-               std::uint32_t precision) noexcept;
+    /// What `ports` names must outlive the engine.
+    ItemEngine(const RunPorts& ports, Operation operation, std::uint32_t precision) noexcept;
 
-    /// Transfers, skips or asks about `item` by `policy` (a CollisionPolicy number; 8 and above
-    /// overwrite).
-    ItemResult Handle(const Item& item, std::uint32_t policy);
+    /// Transfers, skips or asks about `item` by `policy`.
+    ItemResult Handle(const Item& item, CollisionPolicy policy);
 
     const OperationRecord& Record() const noexcept { return record_; }
 
 private:
     ItemResult Transfer(const Item& item);
-    ItemResult TransferByTime(const Item& item, CollisionPolicy policy);
+    TimeOrder OrderOf(const Item& item);
     ItemResult TransferRenamedByShell(const Item& item);
     ItemResult TransferUnderNewName(const Item& item);
     ItemResult TransferAfterRenaming(const Item& item);
     ShellOutcome TransferUnderOwnName(const Item& item, bool askAborted);
-    std::int32_t TransferAs(std::wstring_view source, std::wstring_view target);
+    bool TransferAs(std::wstring_view source, std::wstring_view folder, std::wstring_view name);
 
-    FileSystem& fileSystem_;
-    ShellOperations& shell_;
-    Questions& questions_;
+    RunPorts ports_;
     std::uint32_t precision_;
     OperationRecord record_;
 };
 
 /// Whether `later` counts as newer than `earlier` (FILETIME values) at `precision`, a
 /// TimePrecision number: 1 and 2 compare local date values in whole seconds, any other exactly.
-bool IsNewer(FileSystem& fileSystem, std::uint64_t later, std::uint64_t earlier, std::uint32_t precision);
+bool IsNewer(calendar::Clock& clock, std::uint64_t later, std::uint64_t earlier, std::uint32_t precision);
 
 /// The difference of two date values (days) in whole seconds, shifted by half a second towards
 /// its sign before it is truncated. Dates before the type's epoch keep their day and mirror

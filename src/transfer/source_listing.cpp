@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "paths/path_helpers.h"
+#include "paths/path_grammar.h"
 
 namespace ferry::transfer {
 namespace {
@@ -22,7 +22,7 @@ struct ReadFolder {
 
 class Lister {
 public:
-    explicit Lister(FileSystem& fileSystem) noexcept : fileSystem_(fileSystem) {}
+    explicit Lister(files::FolderSearch& search) noexcept : search_(search) {}
 
     SourceListing List(std::wstring_view source) {
         Read(source);
@@ -36,14 +36,14 @@ private:
         listing_.Folders.Append(folder);
         ReadFolder read;
         read.Prefix = paths::WithTrailingSeparator(folder);
-        fileSystem_.Enumerate(listing_.Folders[listing_.Folders.Size() - 1],
-                              [&](const FoundItem& item) { Take(item, read); });
+        files::ForEachEntry(search_, listing_.Folders[listing_.Folders.Size() - 1],
+                            [&](const files::Match& match) { Take(match, read); });
         open_.push_back(std::move(read));
     }
 
     // Until the first subfolder nothing has to wait, so a huge flat folder is stored only once.
-    void Take(const FoundItem& item, ReadFolder& read) {
-        const bool isFolder = (item.Attributes & kAttributeDirectory) != 0;
+    void Take(const files::Match& item, ReadFolder& read) {
+        const bool isFolder = files::IsFolder(item.Attributes);
         if (!isFolder && read.Waiting.empty()) {
             listing_.Files.Append(Join(read.Prefix, item.Name));
             return;
@@ -76,7 +76,7 @@ private:
         return joined_;
     }
 
-    FileSystem& fileSystem_;
+    files::FolderSearch& search_;
     SourceListing listing_;
     std::vector<ReadFolder> open_;
     std::wstring joined_;
@@ -84,8 +84,8 @@ private:
 
 }  // namespace
 
-SourceListing ListSourceFolder(FileSystem& fileSystem, std::wstring_view folder) {
-    return Lister(fileSystem).List(folder);
+SourceListing ListSourceFolder(files::FolderSearch& search, std::wstring_view folder) {
+    return Lister(search).List(folder);
 }
 
 }  // namespace ferry::transfer

@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "base/text_list.h"
-#include "transfer/ports.h"
+#include "files/ports.h"
 
 namespace ferry::transfer {
 
@@ -17,6 +17,6 @@ struct SourceListing {
 /// Lists `folder` depth first: a subfolder is read when the search meets it, so its files come
 /// before those that follow it in its parent. A tree of any depth needs no deeper stack, and
 /// one search is open at a time.
-SourceListing ListSourceFolder(FileSystem& fileSystem, std::wstring_view folder);
+SourceListing ListSourceFolder(files::FolderSearch& search, std::wstring_view folder);
 
 }  // namespace ferry::transfer

@@ -16,8 +16,8 @@
 #include "bench_ground_win32.h"
 #include "comparison.h"
 #include "completion/candidates.h"
-#include "completion/folder_lookup_win32.h"
 #include "controls/complement_combo_box.h"
+#include "files/disk_win32.h"
 
 namespace {
 
@@ -51,8 +51,8 @@ std::size_t FindByHand(const std::wstring& folder) {
 }
 
 std::size_t FindByFerry(const std::wstring& folder) {
-    ferry::completion::WindowsFolderLookup lookup;
-    return ferry::completion::FindCandidates(lookup, folder, true).size();
+    ferry::files::DiskSearch search;
+    return ferry::completion::FindCandidates(search, folder, true).size();
 }
 
 /// Both searches end at the cap.
@@ -64,11 +64,13 @@ bool CompareSearches(const std::wstring& folder) {
         {{"complete in 100000 entries, against a bare search", 0, 1, kCompletionGoal}});
 }
 
-/// No text is asked for.
-class NoMessages : public ferry::lang::CatalogueSource {
+/// Nobody speaks, and no text is asked for.
+class Silence : public ferry::lang::TextFiles, public ferry::lang::Speaker {
 public:
-    std::optional<std::wstring> ReadMessageFile() override { return L""; }
-    void ReportCannotOpen() override {}
+    std::optional<std::wstring> Read(std::wstring_view) override { return L""; }
+    bool Write(std::wstring_view, std::wstring_view) override { return false; }
+    void Tell(const std::wstring&, ferry::lang::Tone) override {}
+    bool Ask(const std::wstring&, ferry::lang::Tone) override { return false; }
 };
 
 /// Tells how long the key takes until the list stands open, search, sort, display and all.
@@ -80,10 +82,11 @@ bool TellTimeToList(const std::wstring& folder) {
     const HWND control = CreateWindowExW(0, WC_COMBOBOXEXW, L"",
                                          WS_CHILD | WS_VISIBLE | CBS_DROPDOWN | CBS_AUTOHSCROLL | WS_VSCROLL,
                                          10, 10, 260, 250, window, nullptr, nullptr, nullptr);
-    NoMessages source;
-    ferry::lang::Catalogue messages(source);
-    ferry::completion::WindowsFolderLookup lookup;
-    ferry::controls::CComplementComboBox box(lookup, messages);
+    Silence silence;
+    ferry::lang::Catalogue messages(silence, {}, silence);
+    ferry::files::DiskInfo info;
+    ferry::files::DiskSearch search;
+    ferry::controls::CComplementComboBox box(info, search, messages, silence);
     box.Prepare(control);
     box.SetFoldersOnly(true);
     std::vector<double> times;

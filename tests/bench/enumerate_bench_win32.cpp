@@ -9,7 +9,7 @@
 #include "base/handles_win32.h"
 #include "bench_ground_win32.h"
 #include "comparison.h"
-#include "transfer/file_system_win32.h"
+#include "files/disk_win32.h"
 #include "transfer/source_listing.h"
 
 namespace {
@@ -39,8 +39,8 @@ std::size_t CountByHand(const std::wstring& folder) {
 }
 
 std::size_t CountByFerry(const std::wstring& folder) {
-    ferry::transfer::WindowsFileSystem fileSystem;
-    return ferry::transfer::ListSourceFolder(fileSystem, folder).Files.Size();
+    ferry::files::DiskSearch search;
+    return ferry::transfer::ListSourceFolder(search, folder).Files.Size();
 }
 
 bool MeasureListing() {

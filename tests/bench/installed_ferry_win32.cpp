@@ -4,6 +4,7 @@
 
 #include "e2e/driver/surroundings.h"
 #include "samplehost/host_block_writer.h"
+#include "support/poll_win32.h"
 
 namespace ferry::bench {
 
@@ -28,7 +29,7 @@ bool IsGood(const e2e::Ending& ending) {
 }
 
 bool HasEndedWell(const e2e::ChildProcess& process) {
-    return IsGood(process.WaitForEnd(e2e::kPatienceMs));
+    return IsGood(process.WaitForEnd(test::kPatienceMs));
 }
 
 }  // namespace ferry::bench

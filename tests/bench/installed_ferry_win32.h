@@ -7,8 +7,8 @@
 #include <string_view>
 
 #include "e2e/driver/child_process.h"
-#include "e2e/driver/poll.h"
 #include "samplehost/shared_block_win32.h"
+#include "support/poll_win32.h"
 
 namespace ferry::bench {
 

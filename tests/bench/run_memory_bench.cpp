@@ -61,6 +61,7 @@ void operator delete[](void* memory, std::size_t) noexcept {
 
 namespace {
 
+using namespace ferry;
 using namespace ferry::transfer;
 
 constexpr std::wstring_view kTop = L"C:\\Users\\somebody\\Documents\\top";
@@ -68,33 +69,36 @@ constexpr std::size_t kFolders = 500;
 constexpr std::size_t kFixedBytes = 64;
 
 /// A tree of one level that is nowhere: its names are made when they are asked for.
-class ThinAirFileSystem final : public FileSystem {
+class ThinAirFileSystem final : public files::FileInfo,
+                                public files::FolderSearch,
+                                public files::FileChanges {
 public:
     explicit ThinAirFileSystem(std::size_t filesInFolder) : filesInFolder_(filesInFolder) {}
 
-    std::uint32_t Attributes(std::wstring_view) override { return kAttributeDirectory; }
-    bool SetAttributes(std::wstring_view, std::uint32_t) override { return true; }
-    void Enumerate(std::wstring_view folder, const std::function<void(const FoundItem&)>& visit) override {
-        FoundItem item;
+    std::uint32_t Attributes(std::wstring_view) override { return files::kAttributeDirectory; }
+    std::optional<files::FoundItem> Find(std::wstring_view) override { return std::nullopt; }
+    std::uint64_t Size(std::wstring_view) override { return 4096; }
+    bool IsRoot(std::wstring_view) override { return false; }
+
+    void Search(std::wstring_view pattern, const std::function<bool(const files::Match&)>& visit) override {
+        const std::wstring_view folder = pattern.substr(0, pattern.size() - 2);
         const bool isTop = folder == kTop;
-        item.Attributes = isTop ? kAttributeDirectory : 0;
+        const std::uint32_t attributes = isTop ? files::kAttributeDirectory : 0;
+        std::wstring name;
         for (std::size_t index = 0; index < (isTop ? kFolders : filesInFolder_); ++index) {
-            item.Name = isTop ? L"folder " : L"some document ";
-            item.Name += std::to_wstring(index);
-            visit(item);
+            name = isTop ? L"folder " : L"some document ";
+            name += std::to_wstring(index);
+            visit({name, attributes, {}});
             ++items_;
             // Its path: the folder's, a separator and the name.
-            pathBytes_ += (folder.size() + 1 + item.Name.size()) * sizeof(wchar_t);
+            pathBytes_ += (folder.size() + 1 + name.size()) * sizeof(wchar_t);
         }
     }
-    std::optional<FoundItem> Find(std::wstring_view) override { return std::nullopt; }
-    std::uint64_t FileSize(std::wstring_view) override { return 4096; }
-    int CreateFolder(std::wstring_view) override { return kFolderCreated; }
-    void NotifyFolderMade(std::wstring_view) override {}
+
+    bool SetAttributes(std::wstring_view, std::uint32_t) override { return true; }
+    int MakeFolder(std::wstring_view) override { return files::kFolderMade; }
     bool RemoveFolder(std::wstring_view) override { return true; }
     bool Rename(std::wstring_view, std::wstring_view) override { return true; }
-    bool IsRoot(std::wstring_view) override { return false; }
-    double LocalDate(std::uint64_t) override { return 0; }
 
     std::size_t Items() const noexcept { return items_; }
     std::size_t PathBytes() const noexcept { return pathBytes_; }
@@ -107,11 +111,16 @@ private:
 
 class WillingShell final : public ShellOperations {
 public:
-    ShellOutcome TransferFile(const ShellTransfer&) override { return {}; }
-    std::int32_t TransferBatch(const ferry::base::TextList&, std::wstring_view, std::uint32_t,
-                               std::uint32_t) override {
-        return 0;
-    }
+    ShellOutcome Transfer(const ShellTransfer&) override { return {}; }
+    ShellOutcome TransferAll(const ferry::base::TextList&, const ShellTransfer&) override { return {}; }
+    void NotifyFolderMade(std::wstring_view) override {}
+};
+
+class NoClock final : public calendar::Clock {
+public:
+    calendar::CalendarFields Now() override { return {}; }
+    std::optional<calendar::CalendarFields> LocalTime(std::uint64_t) override { return std::nullopt; }
+    double LocalDate(std::uint64_t) override { return 0; }
 };
 
 class NoProgress final : public Progress {
@@ -135,6 +144,7 @@ bool MeasureMove(std::size_t filesInFolder) {
                              " items, per item, against twice its path and 64";
     ThinAirFileSystem files(filesInFolder);
     WillingShell shell;
+    NoClock clock;
     NobodyThere person;
     NoProgress progress;
     TransferRequest request;
@@ -143,7 +153,7 @@ bool MeasureMove(std::size_t filesInFolder) {
     request.What = Operation::Move;
     const std::size_t before = liveBytes;
     peakBytes = liveBytes;
-    if (!IndividualRun(request, files, shell, person, progress).Run() ||
+    if (!IndividualRun(request, {files, files, files, shell, clock, person, progress}).Run() ||
         files.Items() != kFolders * (filesInFolder + 1)) {
         std::fprintf(stderr, "could not measure: %s\n", name.c_str());
         return false;

@@ -16,12 +16,15 @@
 #include "e2e/driver/file_op_log.h"
 #include "e2e/driver/keys.h"
 #include "e2e/driver/message_box.h"
-#include "e2e/driver/poll.h"
 #include "e2e/driver/settings_guard.h"
 #include "e2e/driver/temp_tree.h"
 #include "e2e/driver/tree_snapshot.h"
+#include "support/poll_win32.h"
 
 namespace ferry::e2e {
+
+using test::kPatienceMs;
+using test::WaitUntil;
 
 class FerryTest : public testing::Test {
 protected:

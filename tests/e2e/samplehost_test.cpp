@@ -4,11 +4,11 @@
 #include "base/handles_win32.h"
 #include "e2e/driver/child_process.h"
 #include "e2e/driver/file_op_log.h"
-#include "e2e/driver/poll.h"
 #include "e2e/driver/surroundings.h"
 #include "e2e/driver/temp_tree.h"
 #include "samplehost/delivery_win32.h"
 #include "samplehost/host_block_writer.h"
+#include "support/poll_win32.h"
 
 namespace ferry::e2e {
 namespace {

@@ -58,14 +58,22 @@ lang::CatalogueEntries ParseNaively(std::wstring_view text) {
     return entries;
 }
 
-class Source : public lang::CatalogueSource {
+class OneFile : public lang::TextFiles {
 public:
-    explicit Source(std::wstring_view text) : text_(text) {}
-    std::optional<std::wstring> ReadMessageFile() override { return text_; }
-    void ReportCannotOpen() override { fuzz::Require(false, "no report of a file that was read"); }
+    explicit OneFile(std::wstring_view text) : text_(text) {}
+    std::optional<std::wstring> Read(std::wstring_view) override { return text_; }
+    bool Write(std::wstring_view, std::wstring_view) override { return false; }
 
 private:
     std::wstring text_;
+};
+
+class Silence : public lang::Speaker {
+public:
+    void Tell(const std::wstring&, lang::Tone) override {
+        fuzz::Require(false, "no word about a file that was read");
+    }
+    bool Ask(const std::wstring&, lang::Tone) override { return false; }
 };
 
 }  // namespace
@@ -76,8 +84,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     lang::ParseCatalogue(text.View(), entries);
     fuzz::Require(entries == ParseNaively(text.View()), "as the plain reader");
 
-    Source source(text.View());
-    lang::Catalogue catalogue(source);
+    OneFile file(text.View());
+    Silence silence;
+    lang::Catalogue catalogue(file, {}, silence);
     for (const auto& [number, entry] : entries) {
         fuzz::Require(catalogue.Fetch(number) == entry, "fetching gives the entry");
         fuzz::Require(entry.find(L'\xFEFF') == std::wstring::npos, "no mark is left");

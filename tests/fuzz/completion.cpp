@@ -8,7 +8,7 @@
 #include "completion/history.h"
 #include "completion/key_table.h"
 #include "fuzz_input.h"
-#include "paths/path_helpers.h"
+#include "paths/path_grammar.h"
 
 namespace {
 
@@ -16,21 +16,19 @@ using namespace ferry;
 using fuzz::Require;
 
 /// Finds the lines of the input.
-class InputLookup : public completion::FolderLookup {
+class InputLookup : public files::FolderSearch {
 public:
     explicit InputLookup(std::vector<std::wstring_view> names) : names_(std::move(names)) {}
 
-    void Search(std::wstring_view pattern,
-                const std::function<bool(const completion::Match&)>& visit) override {
+    void Search(std::wstring_view pattern, const std::function<bool(const files::Match&)>& visit) override {
         Pattern = pattern;
         for (const std::wstring_view name : names_) {
             ++Visited;
-            if (!visit({name, name.size() % 2 == 0})) {
+            if (!visit({name, name.size() % 2 == 0 ? files::kAttributeDirectory : 0, {}})) {
                 return;
             }
         }
     }
-    std::uint32_t Attributes(std::wstring_view) override { return 0; }
 
     std::wstring Pattern;
     std::size_t Visited = 0;

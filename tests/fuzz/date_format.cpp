@@ -1,5 +1,5 @@
 // Dates and their formats, beside those of the C library.
-#include "naming/date_format.h"
+#include "calendar/date_format.h"
 
 #include <array>
 #include <cstring>
@@ -14,7 +14,7 @@ using namespace ferry;
 using fuzz::Require;
 
 /// Six fields of 32 bits; small ones where the first byte says so, since most numbers make no date.
-naming::CalendarFields TakeFields(const std::uint8_t* data) {
+calendar::CalendarFields TakeFields(const std::uint8_t* data) {
     std::array<std::int32_t, 6> numbers{};
     std::memcpy(numbers.data(), data + 1, sizeof numbers);
     if (data[0] % 4 != 0) {
@@ -27,7 +27,7 @@ naming::CalendarFields TakeFields(const std::uint8_t* data) {
 }
 
 /// The fields as the C library counts them; its record has the weekday and the day of the year.
-std::tm CountByLibrary(const naming::CalendarFields& fields) {
+std::tm CountByLibrary(const calendar::CalendarFields& fields) {
     std::tm record{};
     record.tm_year = fields.Year - 1900;
     record.tm_mon = fields.Month - 1;
@@ -42,7 +42,7 @@ std::tm CountByLibrary(const naming::CalendarFields& fields) {
     return counted;
 }
 
-naming::CalendarFields FieldsOf(const std::tm& record) {
+calendar::CalendarFields FieldsOf(const std::tm& record) {
     return {record.tm_year + 1900, record.tm_mon + 1, record.tm_mday,
             record.tm_hour,        record.tm_min,     record.tm_sec};
 }
@@ -61,15 +61,15 @@ bool IsKnown(std::wstring_view format, int year) {
 /// The text by the C library; it needs a format without a NUL.
 std::wstring FormatByLibrary(std::tm record, std::wstring_view format) {
     record.tm_zone = nullptr;
-    std::array<wchar_t, naming::kDateTextCapacity> text{};
+    std::array<wchar_t, calendar::kDateTextCapacity> text{};
     return {text.data(), std::wcsftime(text.data(), text.size(), std::wstring(format).c_str(), &record)};
 }
 
-void CheckFormat(const naming::DateTimeValue& value, std::wstring_view format) {
-    const std::wstring text = naming::FormatDateTime(value, format);
-    Require(text.size() < naming::kDateTextCapacity, "a text has room for its terminator");
-    Require(naming::FormatDateTime({}, format).empty(), "no value, no text");
-    if (value.Status == naming::DateTimeStatus::Invalid) {
+void CheckFormat(const calendar::DateTimeValue& value, std::wstring_view format) {
+    const std::wstring text = calendar::FormatDateTime(value, format);
+    Require(text.size() < calendar::kDateTextCapacity, "a text has room for its terminator");
+    Require(calendar::FormatDateTime({}, format).empty(), "no value, no text");
+    if (value.Status == calendar::DateTimeStatus::Invalid) {
         Require(text == L"Invalid DateTime", "an invalid value says so");
         return;
     }
@@ -90,18 +90,18 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (size < kFieldsSize) {
         return 0;
     }
-    const naming::CalendarFields fields = TakeFields(data);
+    const calendar::CalendarFields fields = TakeFields(data);
     const fuzz::ExactUnits format(fuzz::UnitsOf(data + kFieldsSize, size - kFieldsSize));
-    const naming::DateTimeValue value = naming::ToDateTime(fields);
+    const calendar::DateTimeValue value = calendar::ToDateTime(fields);
     // Beyond these years the C library's own numbers overflow.
     if (fields.Year >= 0 && fields.Year <= 20000 && fields.Month > -1000 && fields.Month < 1000) {
         const bool isSame = FieldsOf(CountByLibrary(fields)) == fields;
-        Require((value.Status == naming::DateTimeStatus::Valid) ==
+        Require((value.Status == calendar::DateTimeStatus::Valid) ==
                     (isSame && fields.Year >= 100 && fields.Year <= 9999),
                 "valid is what counts back to itself");
     }
     CheckFormat(value, format.View());
-    CheckFormat(naming::ToFileDateTime(fields), format.View());
-    CheckFormat(naming::ZeroDateTime(), format.View());
+    CheckFormat(calendar::ToFileDateTime(fields), format.View());
+    CheckFormat(calendar::ZeroDateTime(), format.View());
     return 0;
 }

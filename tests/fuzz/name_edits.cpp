@@ -86,8 +86,6 @@ void CheckScan(std::wstring_view view) {
     Require(word.Field.empty() || fuzz::LiesWithin(word.Field, view), "a field lies in its text");
     Require(word.Field.size() < kFieldCapacity, "a field has room for its terminator");
     Require(std::ranges::none_of(word.Field, base::IsSpace), "a field has no white space");
-    Require(word.Assigned == (word.Field.empty() ? 0 : 1) + (word.Number ? 1 : 0),
-            "what is assigned is there");
     const std::optional<int> prefix = naming::Scan(view, L"コピー (%d) ～ ", kFieldCapacity).Number;
     if (!HasPlainSpaces(text) || text.size() >= kFieldCapacity) {
         return;
@@ -97,7 +95,8 @@ void CheckScan(std::wstring_view view) {
     Require(prefix == (hasNumber ? std::optional(number) : std::nullopt), "the C library's number in front");
     std::array<wchar_t, kFieldCapacity> field{};
     const int assigned = std::swscanf(text.c_str(), L"%ls - コピー (%d)", field.data(), &number);
-    Require(word.Assigned == std::max(assigned, 0), "as many as the C library assigns");
+    Require((word.Field.empty() ? 0 : 1) + (word.Number ? 1 : 0) == std::max(assigned, 0),
+            "as many as the C library assigns");
     Require(word.Field == std::wstring_view(assigned > 0 ? field.data() : L""), "the C library's field");
     Require(assigned < 2 || word.Number == number, "the C library's number behind");
 }

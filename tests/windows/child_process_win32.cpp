@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "base/handles_win32.h"
+#include "desktop/message_boxes_win32.h"
 #include "windows/shell_version_child_win32.h"
 #include "windows/support_win32.h"
 
@@ -65,6 +66,11 @@ std::wstring WaitArguments(const std::wstring& started, const std::wstring& stop
 std::wstring ShellVersionArguments(const std::wstring& file, int major, int minor, bool isReadableAtFirst) {
     return std::wstring(kChildSwitch) + L" shell " + Quoted(file) + L" " + std::to_wstring(major) + L" " +
            std::to_wstring(minor) + (isReadableAtFirst ? L" readable" : L" unreadable");
+}
+
+bool RunAskingInABox(const process::ProgramRun& run) {
+    return process::RunAndWait(
+        run, [] { return desktop::MessageBoxes().Ask(process::kKillQuestion, lang::Tone::Plain); });
 }
 
 std::optional<int> PlayChild() {

@@ -4,6 +4,8 @@
 #include <optional>
 #include <string>
 
+#include "process/program_runner_win32.h"
+
 namespace ferry::test {
 
 /// Argument text for a child that ends at once with `exitCode`.
@@ -20,6 +22,9 @@ std::wstring WaitArguments(const std::wstring& started, const std::wstring& stop
 /// Argument text for a child that writes into `file` what the program makes of a shell of version
 /// `major`.`minor`, which cannot be read at first when `isReadableAtFirst` is false.
 std::wstring ShellVersionArguments(const std::wstring& file, int major, int minor, bool isReadableAtFirst);
+
+/// Runs a program, and asks in a message box whether it is killed, as whoever runs one does.
+bool RunAskingInABox(const process::ProgramRun& run);
 
 /// What the command line asks a child to do, done; nothing when this is no child.
 std::optional<int> PlayChild();

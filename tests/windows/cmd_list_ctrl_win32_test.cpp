@@ -15,6 +15,7 @@
 #include <mutex>
 #include <set>
 
+#include "files/disk_win32.h"
 #include "framework/dialog.h"
 #include "ids.h"
 #include "windows/support_win32.h"
@@ -82,7 +83,7 @@ protected:
         ASSERT_TRUE(dialog_.Create(nullptr));
         icons_ = ImageList_Create(16, 16, ILC_COLOR, 1, 1);
         belowList_ = std::make_unique<test::WatchedMessages>(dialog_.Item(IDC_SOURCE_LIST));
-        list_ = std::make_unique<CCmdListCtrl>();
+        list_ = std::make_unique<CCmdListCtrl>(info_);
         ASSERT_TRUE(list_->Prepare(dialog_.Item(IDC_SOURCE_LIST), icons_));
         messages_ = std::make_unique<test::WatchedMessages>(list_->Handle());
     }
@@ -133,6 +134,7 @@ protected:
     HIMAGELIST icons_ = nullptr;
     WatchedIcons shell_;
     std::unique_ptr<test::WatchedMessages> belowList_;  ///< What the list leaves to its window.
+    files::DiskInfo info_;
     std::unique_ptr<CCmdListCtrl> list_;
     std::unique_ptr<test::WatchedMessages> messages_;
 };

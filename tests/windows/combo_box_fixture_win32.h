@@ -11,9 +11,11 @@
 #include <vector>
 
 #include "controls/complement_combo_box.h"
-#include "core/completion/fake_lookup.h"
+#include "core/files/fake_folders.h"
 #include "core/lang/message_text.h"
 #include "core/settings/memory_store.h"
+#include "core/transfer/model_ports.h"
+#include "desktop/message_boxes_win32.h"
 #include "windows/support_win32.h"
 
 namespace ferry::test {
@@ -55,10 +57,13 @@ protected:
     /// Dispatches what is in the message queue; gives the commands that were posted to the parent.
     std::vector<int> PumpCommands();
 
-    FakeLookup lookup_;
+    FakeFolders folders_;
+    transfer::model::World world_;
+    transfer::model::ModelFileSystem info_{world_};
     MemoryStore store_;
     MessageText catalogueSource_{L"62400\tHistory\r\n63007\t: clear?\r\n"};
-    lang::Catalogue messages_{catalogueSource_};
+    desktop::MessageBoxes speaker_;
+    lang::Catalogue messages_{catalogueSource_, L"Msg.txt", speaker_};
 
 private:
     HWND FocusedPart();

@@ -29,7 +29,7 @@ protected:
         EXPECT_TRUE(box_.Prepare(Control()));
         box_.SetCompletionOn(true);
         box_.SetFixedItems({L"H:\\one\\", L"H:\\two\\", L"H:\\three\\"});
-        lookup_.Items = {{L"beta", true}, {L"alpha", true}, {L"file.txt", false}, {L"Gamma", true}};
+        folders_.Items = {{L"beta", true}, {L"alpha", true}, {L"file.txt", false}, {L"Gamma", true}};
     }
 
     controls::CComplementComboBox& Box() override { return box_; }
@@ -53,7 +53,7 @@ protected:
 
     /// What comes to the control behind the object under test.
     test::WatchedMessages belowBox_;
-    TestBox box_{lookup_, messages_};
+    TestBox box_{info_, folders_, messages_, speaker_};
 };
 
 // Every combination of Ctrl, Shift and Alt.
@@ -167,7 +167,7 @@ TEST_F(ComplementComboBoxTest, AChangedTextIsScrolledToItsCaret) {
     EXPECT_TRUE(isScrolled());
     box_.ReplaceText(folder + L"another\\");
     EXPECT_TRUE(isScrolled());
-    lookup_.Items = {{L"single", true}};
+    folders_.Items = {{L"single", true}};
     EXPECT_TRUE(Press(VK_TAB));
     EXPECT_EQ(Text(), folder + L"another\\single\\");
     EXPECT_TRUE(isScrolled());
@@ -239,11 +239,11 @@ TEST_F(ComplementComboBoxTest, ATextOfALetterAndAColonBecomesTheRoot) {
 }
 
 TEST_F(ComplementComboBoxTest, SeveralMatchesOpenTheListWithoutTouchingTheText) {
-    lookup_.Items.push_back({L"Apple.txt", false});
+    folders_.Items.push_back({L"Apple.txt", false});
     Type(L"C:\\x\\a");
     EXPECT_TRUE(Press(VK_TAB));
     EXPECT_TRUE(IsOpen());
-    EXPECT_EQ(lookup_.Patterns, Texts{L"C:\\x\\a*"});
+    EXPECT_EQ(folders_.Patterns, Texts{L"C:\\x\\a*"});
     EXPECT_EQ(Shown(), (Texts{L"C:\\x\\alpha\\", L"C:\\x\\Apple.txt"}));
     EXPECT_EQ(box_.Candidates(), Shown());
     EXPECT_EQ(Text(), L"C:\\x\\a");
@@ -256,17 +256,17 @@ TEST_F(ComplementComboBoxTest, FoldersOnlyLeavesFilesOut) {
 }
 
 TEST_F(ComplementComboBoxTest, ASingleMatchGoesIntoTheFieldAtOnce) {
-    lookup_.Items = {{L"Windows", true}};
+    folders_.Items = {{L"Windows", true}};
     Type(L"C:\\Win");
     EXPECT_TRUE(Press(VK_TAB));
-    EXPECT_EQ(lookup_.Patterns, Texts{L"C:\\*Win*"});
+    EXPECT_EQ(folders_.Patterns, Texts{L"C:\\*Win*"});
     EXPECT_EQ(Text(), L"C:\\Windows\\");
     EXPECT_EQ(Selection(), std::pair(11, 11));
     EXPECT_FALSE(IsOpen());
 }
 
 TEST_F(ComplementComboBoxTest, ASingleFileGoesIntoTheFieldWithoutASeparator) {
-    lookup_.Items = {{L"read me.txt", false}};
+    folders_.Items = {{L"read me.txt", false}};
     Type(L"C:\\re");
     EXPECT_TRUE(Press(VK_TAB));
     EXPECT_EQ(Text(), L"C:\\read me.txt");
@@ -275,7 +275,7 @@ TEST_F(ComplementComboBoxTest, ASingleFileGoesIntoTheFieldWithoutASeparator) {
 TEST_F(ComplementComboBoxTest, NoMatchLeavesTheTextAndAnEmptyList) {
     OpenList();
     EXPECT_TRUE(Press(VK_ESCAPE));
-    lookup_.Items.clear();
+    folders_.Items.clear();
     Type(L"C:\\nothing");
     EXPECT_TRUE(Press(VK_TAB));
     EXPECT_EQ(Text(), L"C:\\nothing");
@@ -292,7 +292,7 @@ TEST_F(ComplementComboBoxTest, TheTextAndItsSelectionStayWhereAnEmptiedListTakes
             }
             return result;
         });
-    lookup_.Items.clear();
+    folders_.Items.clear();
     Type(L"C:\\x\\none", 3, 5);
     EXPECT_TRUE(Press(VK_TAB));
     EXPECT_EQ(Text(), L"C:\\x\\none");
@@ -310,11 +310,11 @@ TEST_F(ComplementComboBoxTest, AnEmptyTextOffersTheFixedItemsNotThoseOfAnEarlier
 
 TEST_F(ComplementComboBoxTest, ARelativeTextIsCompletedBelowTheBaseFolder) {
     box_.SetBaseFolder(L"C:\\base\\sub");
-    lookup_.Items = {};
+    folders_.Items = {};
     Type(L"..\\al");
     EXPECT_TRUE(Press(VK_TAB));
     EXPECT_EQ(Text(), L"C:\\base\\al");
-    EXPECT_EQ(lookup_.Patterns, Texts{L"C:\\base\\*al*"});
+    EXPECT_EQ(folders_.Patterns, Texts{L"C:\\base\\*al*"});
     Type(L"D:\\al");
     EXPECT_TRUE(Press(VK_TAB));
     EXPECT_EQ(Text(), L"D:\\al");
@@ -322,11 +322,11 @@ TEST_F(ComplementComboBoxTest, ARelativeTextIsCompletedBelowTheBaseFolder) {
 
 TEST_F(ComplementComboBoxTest, ARelativeTextIsSearchedForBelowTheSearchBase) {
     box_.SetSearchBase(L"C:\\base");
-    lookup_.Items = {{L"alpha", true}};
+    folders_.Items = {{L"alpha", true}};
     Type(L"al");
     EXPECT_TRUE(Press(VK_TAB));
     EXPECT_EQ(Text(), L"C:\\base\\alpha\\");
-    EXPECT_EQ(lookup_.Patterns, Texts{L"C:\\base\\*al*"});
+    EXPECT_EQ(folders_.Patterns, Texts{L"C:\\base\\*al*"});
 }
 
 TEST_F(ComplementComboBoxTest, DownTabSpaceAndJWalkTheOpenListAndWrap) {
@@ -479,12 +479,12 @@ TEST_F(ComplementComboBoxTest, HWithCtrlAsksWhetherToClearTheHistory) {
 }
 
 TEST_F(ComplementComboBoxTest, ADoubleClickSearchesAndShows) {
-    lookup_.Items = {{L"Windows", true}};
+    folders_.Items = {{L"Windows", true}};
     box_.SetBaseFolder(L"B:\\ignored");
     box_.SetSearchBase(L"C:\\");
     Type(L"Win");
     EXPECT_TRUE(Mouse(WM_LBUTTONDBLCLK));
-    EXPECT_EQ(lookup_.Patterns, Texts{L"C:\\*Win*"});
+    EXPECT_EQ(folders_.Patterns, Texts{L"C:\\*Win*"});
     EXPECT_EQ(Text(), L"C:\\Windows\\");
 }
 
@@ -519,7 +519,7 @@ TEST_F(ComplementComboBoxTest, KeysOfAnInputMethodArePassedOn) {
 
 TEST_F(ComplementComboBoxTest, APathThatIsTooWideIsShownShortenedAndKeptWhole) {
     const std::wstring folder = L"C:\\" + std::wstring(150, L'm') + L"\\";
-    lookup_.Items = {{L"the end & more", true}, {L"the other end", true}};
+    folders_.Items = {{L"the end & more", true}, {L"the other end", true}};
     Type(folder);
     EXPECT_TRUE(Press(VK_DOWN));
     ASSERT_EQ(Shown().size(), 2U);
@@ -597,7 +597,7 @@ TEST_F(ComplementComboBoxTest, TheFocusIsInTheFieldAgainWhenTheListHasClosed) {
 }
 
 TEST_F(ComplementComboBoxTest, ADropPutsItsFirstItemIntoTheFieldAndSearchesThereFromNowOn) {
-    lookup_.Items = {{L"dropped", true}};
+    folders_.Items = {{L"dropped", true}};
     box_.SetFoldersOnly(true);
     Type(L"C:\\x");
     SendMessageW(Control(), WM_DROPFILES,
@@ -605,10 +605,11 @@ TEST_F(ComplementComboBoxTest, ADropPutsItsFirstItemIntoTheFieldAndSearchesThere
     EXPECT_EQ(Text(), L"D:\\dropped");
     Type(L"sub");
     EXPECT_TRUE(Press(VK_TAB));
-    EXPECT_EQ(lookup_.Patterns, Texts{L"D:\\dropped\\*sub*"});
+    EXPECT_EQ(folders_.Patterns, Texts{L"D:\\dropped\\*sub*"});
 }
 
 TEST_F(ComplementComboBoxTest, ADroppedFileGivesItsFolderWhenOnlyFoldersAreWanted) {
+    world_.Files.AddFile(L"D:\\dir\\file.txt", "content");
     box_.SetFoldersOnly(true);
     SendMessageW(Control(), WM_DROPFILES, reinterpret_cast<WPARAM>(MakeDrop({L"D:\\dir\\file.txt"})), 0);
     EXPECT_EQ(Text(), L"D:\\dir\\");

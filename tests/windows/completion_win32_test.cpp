@@ -4,7 +4,7 @@
 
 #include "base/case_order.h"
 #include "completion/candidates.h"
-#include "completion/folder_lookup_win32.h"
+#include "files/disk_win32.h"
 #include "windows/support_win32.h"
 #include "windows/watched_import_win32.h"
 
@@ -13,7 +13,7 @@ namespace {
 
 using Texts = std::vector<std::wstring>;
 
-class WindowsFolderLookupTest : public testing::Test {
+class CompletionOnDisk : public testing::Test {
 protected:
     void SetUp() override {
         test::MakeFolders(folder_ / L"My Windows");
@@ -23,37 +23,38 @@ protected:
     }
 
     test::TempFolder folder_;
-    WindowsFolderLookup lookup_;
+    files::DiskSearch search_;
+    files::DiskInfo info_;
 };
 
-TEST_F(WindowsFolderLookupTest, FindsNamesThatContainTheTypedPart) {
-    EXPECT_EQ(FindCandidates(lookup_, folder_ / L"wind", true),
+TEST_F(CompletionOnDisk, FindsNamesThatContainTheTypedPart) {
+    EXPECT_EQ(FindCandidates(search_, folder_ / L"wind", true),
               (Texts{folder_ / L"My Windows\\", folder_ / L"windmill\\"}));
-    EXPECT_EQ(FindCandidates(lookup_, folder_ / L"wind", false),
+    EXPECT_EQ(FindCandidates(search_, folder_ / L"wind", false),
               (Texts{folder_ / L"My Windows\\", folder_ / L"windmill\\", folder_ / L"window.txt"}));
 }
 
-TEST_F(WindowsFolderLookupTest, FindsNamesThatBeginWithASingleTypedLetter) {
-    EXPECT_EQ(FindCandidates(lookup_, folder_ / L"w", true), Texts{folder_ / L"windmill\\"});
+TEST_F(CompletionOnDisk, FindsNamesThatBeginWithASingleTypedLetter) {
+    EXPECT_EQ(FindCandidates(search_, folder_ / L"w", true), Texts{folder_ / L"windmill\\"});
 }
 
-TEST_F(WindowsFolderLookupTest, LooksIntoFoldersOfAnyLength) {
+TEST_F(CompletionOnDisk, LooksIntoFoldersOfAnyLength) {
     const std::wstring longFolder = folder_.LongFolder();
     test::MakeFolders(longFolder + L"\\below");
-    EXPECT_EQ(FindCandidates(lookup_, longFolder + L"\\", true), Texts{longFolder + L"\\below\\"});
-    EXPECT_EQ(lookup_.Attributes(longFolder) & FILE_ATTRIBUTE_DIRECTORY, FILE_ATTRIBUTE_DIRECTORY);
+    EXPECT_EQ(FindCandidates(search_, longFolder + L"\\", true), Texts{longFolder + L"\\below\\"});
+    EXPECT_EQ(info_.Attributes(longFolder) & FILE_ATTRIBUTE_DIRECTORY, FILE_ATTRIBUTE_DIRECTORY);
 }
 
-TEST_F(WindowsFolderLookupTest, FindsNothingWhereThereIsNothing) {
-    EXPECT_EQ(FindCandidates(lookup_, folder_ / L"missing\\", true), Texts{});
-    EXPECT_EQ(FindCandidates(lookup_, folder_ / L"window.txt\\", true), Texts{});
-    EXPECT_EQ(FindCandidates(lookup_, L"\\\\", true), Texts{});
-    EXPECT_EQ(FindCandidates(lookup_, L"\\\\no-such-server.invalid\\share\\", true), Texts{});
-    EXPECT_EQ(FindCandidates(lookup_, L"C:\\|<>\"", true), Texts{});
-    EXPECT_EQ(lookup_.Attributes(folder_ / L"missing"), INVALID_FILE_ATTRIBUTES);
+TEST_F(CompletionOnDisk, FindsNothingWhereThereIsNothing) {
+    EXPECT_EQ(FindCandidates(search_, folder_ / L"missing\\", true), Texts{});
+    EXPECT_EQ(FindCandidates(search_, folder_ / L"window.txt\\", true), Texts{});
+    EXPECT_EQ(FindCandidates(search_, L"\\\\", true), Texts{});
+    EXPECT_EQ(FindCandidates(search_, L"\\\\no-such-server.invalid\\share\\", true), Texts{});
+    EXPECT_EQ(FindCandidates(search_, L"C:\\|<>\"", true), Texts{});
+    EXPECT_EQ(info_.Attributes(folder_ / L"missing"), INVALID_FILE_ATTRIBUTES);
 }
 
-TEST_F(WindowsFolderLookupTest, TakesFoldersForFoldersWhateverElseTheyAre) {
+TEST_F(CompletionOnDisk, TakesFoldersForFoldersWhateverElseTheyAre) {
     constexpr DWORD kMore = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_READONLY;
     const test::WatchedImport<&FindFirstFileW> plain("FindFirstFileW",
                                                      [&](LPCWSTR pattern, LPWIN32_FIND_DATAW data) {
@@ -68,24 +69,24 @@ TEST_F(WindowsFolderLookupTest, TakesFoldersForFoldersWhateverElseTheyAre) {
             static_cast<WIN32_FIND_DATAW*>(data)->dwFileAttributes |= kMore;
             return search;
         });
-    EXPECT_EQ(FindCandidates(lookup_, folder_ / L"other", true), Texts{folder_ / L"other\\"});
+    EXPECT_EQ(FindCandidates(search_, folder_ / L"other", true), Texts{folder_ / L"other\\"});
 }
 
-TEST_F(WindowsFolderLookupTest, KeepsNoSearchOpen) {
+TEST_F(CompletionOnDisk, KeepsNoSearchOpen) {
     const test::WatchedImport<&FindClose> close("FindClose");
-    lookup_.Search(folder_ / L"*", [](const Match&) { return true; });
+    search_.Search(folder_ / L"*", [](const files::Match&) { return true; });
     EXPECT_EQ(close.Calls().size(), 1U);
-    lookup_.Search(folder_ / L"*", [](const Match&) { return false; });
+    search_.Search(folder_ / L"*", [](const files::Match&) { return false; });
     EXPECT_EQ(close.Calls().size(), 2U);
 }
 
-TEST_F(WindowsFolderLookupTest, ASearchGoesOnToItsEndWhenTheFolderVanishes) {
+TEST_F(CompletionOnDisk, ASearchGoesOnToItsEndWhenTheFolderVanishes) {
     const std::wstring vanishing = folder_ / L"vanishing";
     for (int index = 0; index < 50; ++index) {
         test::MakeFolders(vanishing + L"\\sub" + std::to_wstring(index));
     }
     std::size_t seen = 0;
-    lookup_.Search(vanishing + L"\\*", [&](const Match&) {
+    search_.Search(vanishing + L"\\*", [&](const files::Match&) {
         if (++seen == 5) {
             for (int index = 0; index < 50; ++index) {
                 RemoveDirectoryW((vanishing + L"\\sub" + std::to_wstring(index)).c_str());
@@ -97,7 +98,7 @@ TEST_F(WindowsFolderLookupTest, ASearchGoesOnToItsEndWhenTheFolderVanishes) {
     // A folder that is being searched goes with the search's end at the latest.
     RemoveDirectoryW(vanishing.c_str());
     ASSERT_FALSE(test::Exists(vanishing));
-    EXPECT_EQ(FindCandidates(lookup_, vanishing + L"\\", true), Texts{});
+    EXPECT_EQ(FindCandidates(search_, vanishing + L"\\", true), Texts{});
 }
 
 TEST(ToSmall, AgreesWithWindowsForEveryLetterThatItMaps) {

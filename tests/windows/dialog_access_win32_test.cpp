@@ -44,8 +44,8 @@ Letters LettersOfConfirmation(const Layout& layout) {
         letters.emplace(L'A', IDC_NO_ASK);
         return letters;
     }
-    letters.insert({{L'N', IDC_POLICY_OVERWRITE_OLDER},
-                    {L'L', IDC_POLICY_OVERWRITE_NEWER},
+    letters.insert({{L'N', IDC_POLICY_IF_SOURCE_IS_NEWER},
+                    {L'L', IDC_POLICY_IF_SOURCE_IS_OLDER},
                     {L'F', IDC_POLICY_KEEP_EXISTING},
                     {L'U', IDC_POLICY_OVERWRITE},
                     {L'R', IDC_POLICY_RENAME_INCOMING},
@@ -151,7 +151,7 @@ private:
     std::unique_ptr<framework::CDialog> Make() {
         switch (GetParam().Template) {
             case IDD_BUSY: {
-                auto busy = std::make_unique<CDlgBusy>(world_.Services());
+                auto busy = std::make_unique<CDlgBusy>(world_.Services().Localiser);
                 busy->SetCancellable(true);
                 busy->SetFirstLine(L"copy");
                 busy->SetSecondLine(L"a.txt");

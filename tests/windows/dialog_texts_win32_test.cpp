@@ -72,7 +72,8 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         TextCase{"Confirmation", 102, MakerOf<CFerryDlg>(StartOptions(), HWND{}),
                  L"\xFEFFファイルの操作の確認\r\n1350\tStatic\t(9999999999)\r\n"},
-        TextCase{"Progress", 131, MakerOf<CDlgBusy>(),
+        TextCase{"Progress", 131,
+                 [](Services& services) { return std::make_unique<CDlgBusy>(services.Localiser); },
                  L"\xFEFF進捗状況\r\n1350\tStatic\txxx\r\n1352\tStatic\txxx\r\n2\tButton\t中止(&C)\r\n"},
         TextCase{"Rename", 133, MakerOf<CDlgInput>(HWND{}, std::wstring(L"caption"), std::wstring(L"C:\\a")),
                  L"\xFEFF名前の変更\r\n1353\tStatic\t"},

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "desktop/shell_operations_win32.h"
 #include "framework/common_controls.h"
 #include "process/module_path_win32.h"
 #include "windows/support_win32.h"
@@ -20,7 +21,7 @@ std::wstring InstalledProgram() {
 DialogWorld::DialogWorld() : DialogWorld(InstalledProgram()) {}
 
 DialogWorld::DialogWorld(std::wstring program)
-    : localiser_(Store, std::move(program)), services_(ServicesWith(Clock)) {
+    : localiser_(Store, changes_, texts_, std::move(program)), services_(ServicesWith(Clock)) {
     const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_WIN95_CLASSES};
     framework::CommonControls::Get().Init(&controls);
     HoldKeys({});
@@ -30,8 +31,29 @@ DialogWorld::~DialogWorld() {
     HoldKeys({});
 }
 
-dialogs::Services DialogWorld::ServicesWith(naming::Clock& clock) {
-    return {host_, Store, messages_, localiser_, shell_, clock};
+dialogs::Services DialogWorld::ServicesWith(calendar::Clock& clock) {
+    return ServicesWith(clock, folders_);
+}
+
+dialogs::Services DialogWorld::ServicesWith(files::FolderSearch& folders) {
+    return ServicesWith(Clock, folders);
+}
+
+dialogs::Services DialogWorld::ServicesWith(calendar::Clock& clock, files::FolderSearch& folders) {
+    return {process::ModulePath(),
+            host_,
+            Store,
+            speaker_,
+            messages_,
+            localiser_,
+            shell_,
+            clock,
+            files_,
+            folders,
+            changes_,
+            [](HWND owner) -> std::unique_ptr<transfer::ShellOperations> {
+                return std::make_unique<desktop::WindowsShellOperations>(owner);
+            }};
 }
 
 void Click(HWND dialog, int id) {

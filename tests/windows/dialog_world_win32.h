@@ -8,10 +8,14 @@
 #include <string>
 #include <vector>
 
+#include "core/calendar/standing_clock.h"
+#include "core/lang/heard_speech.h"
 #include "core/lang/message_text.h"
-#include "core/naming/standing_clock.h"
 #include "core/settings/memory_store.h"
+#include "desktop/message_boxes_win32.h"
 #include "dialogs/services.h"
+#include "files/disk_win32.h"
+#include "lang/text_files_win32.h"
 
 namespace ferry::test {
 
@@ -31,14 +35,23 @@ public:
     StandingClock Clock;
     MessageText Messages;  ///< Not there until a test puts its lines there.
 
-    /// The services with `clock` in the place of the standing one.
-    dialogs::Services ServicesWith(naming::Clock& clock);
+    /// The services with `clock` in the place of the standing one, or with `folders` in that of the disk's.
+    dialogs::Services ServicesWith(calendar::Clock& clock);
+    dialogs::Services ServicesWith(files::FolderSearch& folders);
     dialogs::Services& Services() { return services_; }
 
 private:
+    dialogs::Services ServicesWith(calendar::Clock& clock, files::FolderSearch& folders);
+
     hostlink::HostData host_;
-    lang::Catalogue messages_{Messages};
-    lang::DialogLocaliser localiser_;
+    files::DiskInfo files_;
+    files::DiskSearch folders_;
+    files::DiskChanges changes_;
+    lang::DiskTextFiles texts_;
+    desktop::MessageBoxes speaker_;
+    HeardSpeech complaints_;  ///< About a message file that is not there.
+    lang::Catalogue messages_{Messages, L"Msg.txt", complaints_};
+    dialogs::DialogLocaliser localiser_;
     framework::CShellManager shell_;
     dialogs::Services services_;
 };

@@ -20,7 +20,7 @@ protected:
 
 TEST_F(DialogAtItsStart, OfAFreshUserCopiesInABatchAndAsks) {
     Open({L"C:\\a.txt"});
-    for (const int id : {IDC_COPY, IDC_BATCH, IDC_POLICY_OVERWRITE_OLDER}) {
+    for (const int id : {IDC_COPY, IDC_BATCH, IDC_POLICY_IF_SOURCE_IS_NEWER}) {
         EXPECT_TRUE(IsChecked(id)) << id;
     }
     for (const int id : {IDC_MOVE, IDC_INDIVIDUAL, IDC_NO_ASK, IDC_OPEN_TARGET}) {
@@ -36,7 +36,7 @@ TEST_F(DialogAtItsStart, ShowsEveryChoiceThatWasStored) {
     for (const int id : {IDC_MOVE, IDC_INDIVIDUAL, IDC_POLICY_KEEP_EXISTING, IDC_NO_ASK, IDC_OPEN_TARGET}) {
         EXPECT_TRUE(IsChecked(id)) << id;
     }
-    for (const int id : {IDC_COPY, IDC_BATCH, IDC_POLICY_OVERWRITE_OLDER}) {
+    for (const int id : {IDC_COPY, IDC_BATCH, IDC_POLICY_IF_SOURCE_IS_NEWER}) {
         EXPECT_FALSE(IsChecked(id)) << id;
     }
     EXPECT_EQ(Precision(), 2);

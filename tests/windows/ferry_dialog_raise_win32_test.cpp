@@ -1,5 +1,5 @@
 // When the confirmation dialog comes to the front by itself, and when it waits for the keyboard.
-#include "hostlink/window_placement_win32.h"
+#include "desktop/window_placement.h"
 #include "windows/ferry_dialog_fixture_win32.h"
 
 namespace ferry::dialogs {
@@ -33,7 +33,7 @@ protected:
             MSG message;
             while (!hasTicked && PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
                 hasTicked = message.message == WM_TIMER && message.hwnd == Window() &&
-                            message.wParam == hostlink::kRaiseTimerId;
+                            message.wParam == desktop::kRaiseTimerId;
                 DispatchMessageW(&message);
             }
             return hasTicked;
@@ -42,7 +42,7 @@ protected:
     }
 
     /// Whether the raise timer exists: only then it can be ended.
-    bool StopTimer() const { return KillTimer(Window(), hostlink::kRaiseTimerId) != FALSE; }
+    bool StopTimer() const { return KillTimer(Window(), desktop::kRaiseTimerId) != FALSE; }
 
     test::TestWindow other_;
 };
@@ -66,7 +66,7 @@ TEST_F(RaisingTheDialog, WaitsTickByTickWhileShiftOrCtrlIsHeld) {
 TEST_F(RaisingTheDialog, IsNotPutOffByOtherKeys) {
     OpenBehindAnotherWindow({VK_MENU, 'A', VK_LWIN});
     EXPECT_FALSE(StopTimer());
-    SendMessageW(Window(), WM_TIMER, hostlink::kRaiseTimerId, 0);
+    SendMessageW(Window(), WM_TIMER, desktop::kRaiseTimerId, 0);
     EXPECT_TRUE(IsInFront());
     EXPECT_FALSE(StopTimer());
 }
@@ -74,7 +74,7 @@ TEST_F(RaisingTheDialog, IsNotPutOffByOtherKeys) {
 TEST_F(RaisingTheDialog, AKeyPressedLaterPutsTheNextRaisingOff) {
     OpenBehindAnotherWindow({});
     test::HoldKeys({VK_SHIFT, VK_CONTROL});
-    SendMessageW(Window(), WM_TIMER, hostlink::kRaiseTimerId, 0);
+    SendMessageW(Window(), WM_TIMER, desktop::kRaiseTimerId, 0);
     EXPECT_FALSE(IsInFront());
     test::HoldKeys({VK_CONTROL});
     ASSERT_TRUE(TakeTick());

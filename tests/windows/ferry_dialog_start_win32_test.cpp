@@ -7,7 +7,7 @@
 #include <atomic>
 
 #include "base/com_ptr_win32.h"
-#include "hostlink/host_messages_win32.h"
+#include "desktop/host_messages.h"
 #include "windows/answered_boxes_win32.h"
 #include "windows/ferry_dialog_fixture_win32.h"
 #include "windows/recording_operation_win32.h"
@@ -75,15 +75,15 @@ public:
         WNDCLASSW description{};
         description.lpfnWndProc = &Receive;
         description.hInstance = GetModuleHandleW(nullptr);
-        description.lpszClassName = hostlink::kHostWindowClass;
+        description.lpszClassName = desktop::kHostWindowClass;
         RegisterClassW(&description);
         current_ = this;
-        window_.Reset(CreateWindowExW(0, hostlink::kHostWindowClass, L"host", WS_POPUP, 0, 0, 10, 10, nullptr,
+        window_.Reset(CreateWindowExW(0, desktop::kHostWindowClass, L"host", WS_POPUP, 0, 0, 10, 10, nullptr,
                                       nullptr, GetModuleHandleW(nullptr), nullptr));
     }
     ~ListeningHost() {
         window_.Reset();
-        UnregisterClassW(hostlink::kHostWindowClass, GetModuleHandleW(nullptr));
+        UnregisterClassW(desktop::kHostWindowClass, GetModuleHandleW(nullptr));
         current_ = nullptr;
     }
     ListeningHost(const ListeningHost&) = delete;

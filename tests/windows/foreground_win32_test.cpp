@@ -5,12 +5,12 @@
 #include <string>
 #include <vector>
 
-#include "hostlink/host_messages_win32.h"
-#include "hostlink/window_placement_win32.h"
+#include "desktop/host_messages.h"
+#include "desktop/window_placement.h"
 #include "windows/support_win32.h"
 #include "windows/watched_import_win32.h"
 
-namespace ferry::hostlink {
+namespace ferry::desktop {
 namespace {
 
 using Steps = std::vector<std::string>;
@@ -115,4 +115,4 @@ TEST_F(BringingToTheFront, TriesAgainEveryFiftyMillisecondsWhileAModifierIsHeld)
 }
 
 }  // namespace
-}  // namespace ferry::hostlink
+}  // namespace ferry::desktop

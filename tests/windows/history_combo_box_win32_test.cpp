@@ -31,7 +31,7 @@ protected:
         return used;
     }
 
-    controls::CHistryComboBoxEx box_{lookup_, messages_, store_};
+    controls::CHistryComboBoxEx box_{info_, folders_, messages_, speaker_, store_};
 };
 
 TEST_F(HistoryComboBoxTest, IsLoadedByACommandOfItsOwn) {
@@ -158,7 +158,7 @@ TEST_F(HistoryComboBoxTest, ClearingUnderTheOpenListLeavesNothingToChoose) {
 }
 
 TEST_F(HistoryComboBoxTest, LoadingUnderTheOpenListOfASearchKeepsWhatIsShownAndChosenTheSame) {
-    lookup_.Items = {{L"a", true}, {L"b", true}};
+    folders_.Items = {{L"a", true}, {L"b", true}};
     Type(L"C:\\x\\");
     EXPECT_TRUE(Press(VK_DOWN));
     EXPECT_TRUE(Press(VK_DOWN));
@@ -185,7 +185,7 @@ TEST_F(HistoryComboBoxTest, StaysWhenTheQuestionIsAnsweredWithNo) {
 
 TEST_F(HistoryComboBoxTest, ComesBackToTheListAfterASearch) {
     PumpCommands();
-    lookup_.Items = {{L"a", true}, {L"b", true}};
+    folders_.Items = {{L"a", true}, {L"b", true}};
     Type(L"C:\\x\\");
     EXPECT_TRUE(Press(VK_DOWN));
     EXPECT_EQ(Shown(), (Texts{L"C:\\x\\a\\", L"C:\\x\\b\\"}));

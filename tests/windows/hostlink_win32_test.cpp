@@ -11,9 +11,7 @@
 #include "base/handles_win32.h"
 #include "base/utf16.h"
 #include "hostlink/host_link_win32.h"
-#include "hostlink/host_messages_win32.h"
 #include "hostlink/host_variable.h"
-#include "hostlink/last_error_win32.h"
 #include "hostlink/shared_memory_view_win32.h"
 #include "windows/answered_boxes_win32.h"
 #include "windows/support_win32.h"
@@ -64,7 +62,7 @@ protected:
 
 TEST_F(HostLinkTest, NoVariableGivesNoData) {
     SetEnvironmentVariableW(kHostVariableName, nullptr);
-    const HostData data = ReadHostData();
+    const HostData data = ReadHostData().Data;
     EXPECT_EQ(data.WindowMode, 0);
     EXPECT_FALSE(data.ShareMode);
     EXPECT_TRUE(data.SelectedItems.IsEmpty());
@@ -73,7 +71,8 @@ TEST_F(HostLinkTest, NoVariableGivesNoData) {
 TEST_F(HostLinkTest, ReadsTheBlockThatTheVariableNames) {
     MakeBlock(kFullBlock);
     SetVariable(kShared);
-    const HostData data = ReadHostData();
+    const auto [data, blockError] = ReadHostData();
+    EXPECT_EQ(blockError, 0U);
     EXPECT_EQ(data.WindowMode, 1);
     EXPECT_EQ(data.ActivateHostOnExit, 1);
     EXPECT_TRUE(data.ShareMode);
@@ -86,7 +85,7 @@ TEST_F(HostLinkTest, ReadsTheBlockThatTheVariableNames) {
 TEST_F(HostLinkTest, OtherTransportWordOpensNoBlock) {
     MakeBlock(kFullBlock);
     SetVariable(L"1:1:10:20:4096:x:y:z:share:");
-    const HostData data = ReadHostData();
+    const HostData data = ReadHostData().Data;
     EXPECT_EQ(data.WindowMode, 1);
     EXPECT_FALSE(data.ShareMode);
     EXPECT_TRUE(data.SelectedItems.IsEmpty());
@@ -97,7 +96,7 @@ TEST_F(HostLinkTest, VariableWithoutTenFieldsIsIgnoredEntirely) {
     MakeBlock(kFullBlock);
     for (const wchar_t* value : {L"1:1:10:20:4096:x:y:z:Share", L"1:1:10:20:4096:x:y:z:Share::"}) {
         SetVariable(value);
-        const HostData data = ReadHostData();
+        const HostData data = ReadHostData().Data;
         EXPECT_EQ(data.WindowMode, 0);
         EXPECT_EQ(data.ActivateHostOnExit, 0);
         EXPECT_TRUE(data.SelectedItems.IsEmpty());
@@ -106,13 +105,13 @@ TEST_F(HostLinkTest, VariableWithoutTenFieldsIsIgnoredEntirely) {
 
 TEST_F(HostLinkTest, VariableThatIsTooLongIsIgnored) {
     SetVariable(L"1:1:10:20:4096:x:y:z:Shared:" + std::wstring(3000, L'x'));
-    EXPECT_EQ(ReadHostData().WindowMode, 0);
+    EXPECT_EQ(ReadHostData().Data.WindowMode, 0);
 }
 
 TEST_F(HostLinkTest, BlockOfEmptyFieldsHasNoItems) {
     MakeBlock(L"0\t0\t\t\t");
     SetVariable(kShared);
-    const HostData data = ReadHostData();
+    const HostData data = ReadHostData().Data;
     EXPECT_TRUE(data.ShareMode);
     EXPECT_TRUE(data.SelectedItems.IsEmpty());
     EXPECT_TRUE(data.TabFolders.IsEmpty());
@@ -121,19 +120,19 @@ TEST_F(HostLinkTest, BlockOfEmptyFieldsHasNoItems) {
 TEST_F(HostLinkTest, LastFieldWithoutItsTabIsLost) {
     MakeBlock(L"2\t0\t\t\tC:\\a\tC:\\b");
     SetVariable(kShared);
-    EXPECT_EQ(Copy(ReadHostData().SelectedItems), (Texts{L"C:\\a"}));
+    EXPECT_EQ(Copy(ReadHostData().Data.SelectedItems), (Texts{L"C:\\a"}));
 }
 
 TEST_F(HostLinkTest, BlockCanBeReadOnlyOnce) {
     MakeBlock(kFullBlock);
     SetVariable(kShared);
-    EXPECT_EQ(ReadHostData().SelectedItems.Size(), 2U);
-    EXPECT_TRUE(ReadHostData().SelectedItems.IsEmpty());
+    EXPECT_EQ(ReadHostData().Data.SelectedItems.Size(), 2U);
+    EXPECT_TRUE(ReadHostData().Data.SelectedItems.IsEmpty());
 }
 
 TEST_F(HostLinkTest, BlockThatTheHostDidNotMakeIsEmpty) {
     SetVariable(kShared);
-    const HostData data = ReadHostData();
+    const HostData data = ReadHostData().Data;
     EXPECT_TRUE(data.ShareMode);
     EXPECT_TRUE(data.SelectedItems.IsEmpty());
 }
@@ -170,7 +169,7 @@ TEST_F(HostLinkTest, WaitsForTheHostToLetTheBlockGo) {
     EXPECT_TRUE(test::WaitUntil([&] { return isWaiting.load(); }));
     WriteBlock(L"1\t0\t\t\tfinished\t");
     ReleaseMutex(guard.Get());
-    EXPECT_EQ(Copy(reading.get().SelectedItems), (Texts{L"finished"}));
+    EXPECT_EQ(Copy(reading.get().Data.SelectedItems), (Texts{L"finished"}));
     // And it is free again.
     EXPECT_EQ(WaitForSingleObject(guard.Get(), 0), WAIT_OBJECT_0);
     ReleaseMutex(guard.Get());
@@ -181,10 +180,10 @@ TEST_F(HostLinkTest, GuardOfAHostThatIsGoneCountsAsFree) {
     SetVariable(kShared);
     const base::MutexHandle guard(CreateMutexW(nullptr, FALSE, kGuardName));
     std::thread([&] { WaitForSingleObject(guard.Get(), INFINITE); }).join();
-    EXPECT_EQ(ReadHostData().SelectedItems.Size(), 2U);
+    EXPECT_EQ(ReadHostData().Data.SelectedItems.Size(), 2U);
 }
 
-TEST_F(HostLinkTest, BlockThatCannotBeMappedIsReportedAndLeavesTheRest) {
+TEST_F(HostLinkTest, BlockThatCannotBeMappedGivesItsErrorAndLeavesTheRest) {
     MakeBlock(kFullBlock);
     SetVariable(L"2:1:10:20:1000000:x:y:z:Share:");
     DWORD error = 0;
@@ -194,79 +193,43 @@ TEST_F(HostLinkTest, BlockThatCannotBeMappedIsReportedAndLeavesTheRest) {
         error = view.Error();
     }
     ASSERT_NE(error, 0U);
-    auto box = test::AnswerNextBox(IDOK);
-    const HostData data = ReadHostData();
-    EXPECT_EQ(box.get(), SystemErrorText(error));
+    const auto [data, blockError] = ReadHostData();
+    EXPECT_EQ(blockError, error);
     EXPECT_EQ(data.WindowMode, 2);
     EXPECT_TRUE(data.ShareMode);
     EXPECT_TRUE(data.SelectedItems.IsEmpty());
 }
 
-TEST_F(HostLinkTest, NameThatIsNoMappingIsReported) {
+TEST_F(HostLinkTest, NameThatIsNoMappingGivesItsError) {
     const base::EventHandle other(CreateEventW(nullptr, FALSE, FALSE, kName));
     SetVariable(kShared);
-    auto box = test::AnswerNextBox(IDOK);
-    ReadHostData();
-    EXPECT_EQ(box.get(), SystemErrorText(ERROR_INVALID_HANDLE));
+    EXPECT_EQ(ReadHostData().BlockError, DWORD{ERROR_INVALID_HANDLE});
 }
 
-TEST_F(HostLinkTest, NameThatIsNoGuardIsReported) {
+TEST_F(HostLinkTest, NameThatIsNoGuardGivesItsError) {
     MakeBlock(kFullBlock);
     const base::EventHandle other(CreateEventW(nullptr, FALSE, FALSE, kGuardName));
     SetVariable(kShared);
-    auto box = test::AnswerNextBox(IDOK);
-    EXPECT_TRUE(ReadHostData().SelectedItems.IsEmpty());
-    EXPECT_EQ(box.get(), SystemErrorText(ERROR_INVALID_HANDLE));
-}
-
-TEST(ReportSystemError, PutsThePrefixOnItsOwnLine) {
-    auto box = test::AnswerNextBox(IDOK);
-    ReportSystemError(ERROR_ACCESS_DENIED, L"Prefix");
-    EXPECT_EQ(box.get(), L"Prefix\n" + SystemErrorText(ERROR_ACCESS_DENIED));
-    EXPECT_FALSE(SystemErrorText(ERROR_ACCESS_DENIED).empty());
-}
-
-TEST(ReportSystemError, ReportsTheLastError) {
-    auto box = test::AnswerNextBox(IDOK);
-    SetLastError(ERROR_FILE_NOT_FOUND);
-    ReportLastError();
-    EXPECT_EQ(box.get(), SystemErrorText(ERROR_FILE_NOT_FOUND));
-}
-
-TEST(ReportSystemError, NoErrorShowsNothing) {
-    const test::AnsweredBoxes boxes;
-    ReportSystemError(ERROR_SUCCESS, L"Prefix");
-    SetLastError(ERROR_SUCCESS);
-    ReportLastError();
-    EXPECT_TRUE(boxes.Asked.empty());
-    ReportSystemError(ERROR_ACCESS_DENIED);
-    EXPECT_EQ(boxes.Only().Buttons(), UINT{MB_OK});
-}
-
-TEST(SystemErrorText, IsGivenAlthoughItHasAPlaceForAName) {
-    EXPECT_NE(SystemErrorText(ERROR_BAD_EXE_FORMAT).find(L"%1"), std::wstring::npos);
-}
-
-TEST(SystemErrorText, LeavesNoTextInMemory) {
-    const test::WatchedImport<&LocalFree> release("LocalFree");
-    EXPECT_FALSE(SystemErrorText(ERROR_ACCESS_DENIED).empty());
-    EXPECT_NE(std::get<0>(release.OnlyCall()), nullptr);
+    const auto [data, blockError] = ReadHostData();
+    EXPECT_TRUE(data.SelectedItems.IsEmpty());
+    EXPECT_EQ(blockError, DWORD{ERROR_INVALID_HANDLE});
 }
 
 TEST(PresenceMutex, OnlyTheFirstInstanceHoldsIt) {
     const std::wstring fileName = test::UniqueName(L"Ferry") + L".exe";
-    const std::wstring name = L"ExCommand." + fileName;
     const std::wstring modulePath = L"C:\\App\\" + fileName;
+    const auto exists = [name = L"ExCommand." + fileName] {
+        return static_cast<bool>(base::MutexHandle(OpenMutexW(SYNCHRONIZE, FALSE, name.c_str())));
+    };
     PresenceMutex first(modulePath);
-    EXPECT_TRUE(first.IsHeld());
+    EXPECT_TRUE(exists());
     {
         const PresenceMutex second(modulePath);
-        EXPECT_FALSE(second.IsHeld());
+        first.Close();
+        EXPECT_FALSE(exists()) << "the second holds it too";
     }
-    EXPECT_TRUE(base::MutexHandle(OpenMutexW(SYNCHRONIZE, FALSE, name.c_str())));
-    first.Close();
-    EXPECT_FALSE(base::MutexHandle(OpenMutexW(SYNCHRONIZE, FALSE, name.c_str())));
-    EXPECT_TRUE(PresenceMutex(modulePath).IsHeld());
+    const PresenceMutex third(modulePath);
+    EXPECT_TRUE(exists());
 }
 
 TEST(PresenceMutex, IsNotLocked) {
@@ -278,87 +241,6 @@ TEST(PresenceMutex, IsNotLocked) {
         EXPECT_EQ(WaitForSingleObject(mutex.Get(), 0), WAIT_OBJECT_0);
         ReleaseMutex(mutex.Get());
     }).join();
-}
-
-struct Received {
-    ULONG_PTR Code = 0;
-    WPARAM Sender = 0;
-    std::vector<std::byte> Bytes;
-};
-
-/// What the receiving window got last; a window procedure has no other place for it.
-Received* lastReceived = nullptr;
-
-LRESULT CALLBACK Receive(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
-    if (message == WM_COPYDATA && lastReceived != nullptr) {
-        const auto* data = reinterpret_cast<const COPYDATASTRUCT*>(lParam);
-        const auto* bytes = static_cast<const std::byte*>(data->lpData);
-        *lastReceived = {data->dwData, wParam, {bytes, bytes + data->cbData}};
-        return TRUE;
-    }
-    return DefWindowProcW(window, message, wParam, lParam);
-}
-
-class HostMessagesTest : public testing::Test {
-protected:
-    HostMessagesTest() {
-        WNDCLASSW description{};
-        description.lpfnWndProc = Receive;
-        description.hInstance = GetModuleHandleW(nullptr);
-        description.lpszClassName = kHostWindowClass;
-        RegisterClassW(&description);
-        lastReceived = &received_;
-    }
-    ~HostMessagesTest() override {
-        lastReceived = nullptr;
-        window_.Reset();
-        UnregisterClassW(kHostWindowClass, GetModuleHandleW(nullptr));
-    }
-
-    void MakeHost() {
-        window_.Reset(CreateWindowExW(0, kHostWindowClass, L"host", WS_OVERLAPPEDWINDOW, 0, 0, 10, 10,
-                                      nullptr, nullptr, GetModuleHandleW(nullptr), nullptr));
-        ASSERT_TRUE(window_);
-    }
-
-    /// The text and its terminator, then zeros up to four times their size.
-    static std::vector<std::byte> Expected(std::wstring_view text) {
-        std::vector<std::byte> bytes = base::BytesFromUnits(text);
-        bytes.resize(8 * text.size() + 8);
-        return bytes;
-    }
-
-    Received received_;
-    test::TestWindow window_;
-};
-
-TEST_F(HostMessagesTest, FindsTheHostByItsClass) {
-    EXPECT_EQ(FindHostWindow(), nullptr);
-    MakeHost();
-    EXPECT_EQ(FindHostWindow(), window_.Get());
-}
-
-TEST_F(HostMessagesTest, SendsATextWithFourTimesItsSize) {
-    MakeHost();
-    const HWND sender = GetDesktopWindow();
-    for (const wchar_t* text : {L"C:\\出力先\\", L""}) {
-        SendText(window_.Get(), sender, kShowFolderCode, text);
-        EXPECT_EQ(received_.Code, 200U);
-        EXPECT_EQ(received_.Sender, reinterpret_cast<WPARAM>(sender));
-        EXPECT_EQ(received_.Bytes, Expected(text));
-    }
-}
-
-TEST_F(HostMessagesTest, SendsANumberBeforeTheText) {
-    MakeHost();
-    SendNumberedText(window_.Get(), nullptr, 300, -12, L"text");
-    EXPECT_EQ(received_.Code, 300U);
-    EXPECT_EQ(received_.Bytes, Expected(L"-12/text"));
-}
-
-TEST_F(HostMessagesTest, WindowThatIsGoneGetsNothing) {
-    SendText(nullptr, nullptr, 200, L"text");
-    EXPECT_TRUE(received_.Bytes.empty());
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 // The nine editing buttons of the rename dialog: text, caret, selection, focus, undo.
-#include "naming/clock_win32.h"
+#include "calendar/clock_win32.h"
+#include "core/files/fake_folders.h"
 #include "windows/input_dialog_fixture_win32.h"
 
 namespace ferry::dialogs {
@@ -51,7 +52,15 @@ TEST_F(InputDialogEdits, AnInsertionCanBeUndone) {
 }
 
 TEST_F(InputDialogEdits, TheChosenFormatAndSourceAreInserted) {
-    OpenWith(L"");
+    test::FakeFolders folders;
+    folders.Items = {{L"a.txt",
+                      false,
+                      {test::FileTimeAt({2001, 1, 2, 3, 4, 5}), test::FileTimeAt({2003, 1, 2, 3, 4, 5}),
+                       test::FileTimeAt({2002, 1, 2, 3, 4, 5})}}};
+    Services services = world_.ServicesWith(folders);
+    const std::wstring path = MakeFile(L"a.txt");
+    Open(path, services);
+    SetText(IDC_NEW_NAME, L"");
     Select(IDC_DATE_FORMATS, 2);
     Click(IDC_INSERT_DATE);
     EXPECT_EQ(Text(IDC_NEW_NAME), L"2024年05月01日");
@@ -61,11 +70,11 @@ TEST_F(InputDialogEdits, TheChosenFormatAndSourceAreInserted) {
         Click(IDC_INSERT_DATE);
         EXPECT_EQ(Text(IDC_NEW_NAME), L"200" + std::to_wstring(source) + L"年01月02日");
     }
-    EXPECT_EQ(world_.Clock.Asked.back(), folder_ / L"a.txt");
+    EXPECT_EQ(folders.Patterns, std::vector<std::wstring>(3, path));
 }
 
 TEST_F(InputDialogEdits, TheDateOfAVanishedItemLiesIn1900) {
-    naming::SystemClock clock;
+    calendar::SystemClock clock;
     Services services = world_.ServicesWith(clock);
     const std::wstring path = MakeFile(L"a.txt");
     Open(path, services);

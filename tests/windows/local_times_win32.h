@@ -4,7 +4,7 @@
 #include <windows.h>
 #include <gtest/gtest.h>
 
-#include "naming/clock.h"
+#include "calendar/date_time.h"
 
 namespace ferry::test {
 
@@ -17,7 +17,7 @@ inline FILETIME FileTimeOfLocal(const SYSTEMTIME& fields) {
     return utc;
 }
 
-inline FILETIME FileTimeOfLocal(const naming::CalendarFields& fields) {
+inline FILETIME FileTimeOfLocal(const calendar::CalendarFields& fields) {
     SYSTEMTIME time{};
     time.wYear = static_cast<WORD>(fields.Year);
     time.wMonth = static_cast<WORD>(fields.Month);

@@ -7,8 +7,8 @@
 #include "base/com_ptr_win32.h"
 #include "base/handles_win32.h"
 #include "core/transfer/port_contract.h"
-#include "transfer/file_system_win32.h"
-#include "transfer/shell_operations_win32.h"
+#include "desktop/shell_operations_win32.h"
+#include "files/disk_win32.h"
 #include "windows/support_win32.h"
 
 namespace ferry::transfer::contract {
@@ -16,7 +16,9 @@ namespace {
 
 class DiskPlace final : public Place {
 public:
-    FileSystem& Files() override { return files_; }
+    files::FileInfo& Info() override { return info_; }
+    files::FolderSearch& Search() override { return search_; }
+    files::FileChanges& Changes() override { return changes_; }
     ShellOperations& Shell() override { return shell_; }
     bool HasShell() const override { return test::ShellTransfers(); }
     std::wstring Root() const override { return folder_.Path(); }
@@ -44,8 +46,10 @@ public:
 private:
     base::ComApartment apartment_;
     test::TempFolder folder_;
-    WindowsFileSystem files_;
-    WindowsShellOperations shell_{nullptr};
+    files::DiskInfo info_;
+    files::DiskSearch search_;
+    files::DiskChanges changes_;
+    desktop::WindowsShellOperations shell_{nullptr};
 };
 
 INSTANTIATE_TEST_SUITE_P(Disk, FileSystemContract, testing::Values(&test::Make<Place, DiskPlace>));

@@ -7,10 +7,10 @@
 #include <optional>
 #include <string>
 
+#include "desktop/shell_open.h"
 #include "process/manual.h"
 #include "process/module_path_win32.h"
 #include "process/program_runner_win32.h"
-#include "process/shell_open_win32.h"
 #include "windows/answered_boxes_win32.h"
 #include "windows/child_process_win32.h"
 #include "windows/support_win32.h"
@@ -18,6 +18,11 @@
 
 namespace ferry::process {
 namespace {
+
+using test::RunAskingInABox;
+
+using desktop::OpenManualPage;
+using desktop::ShellOpen;
 
 constexpr ULONG kExpandVariables = 0x200;
 constexpr ULONG kWaitForShell = 0x100;
@@ -105,13 +110,13 @@ TEST(ShellOpenCalls, SayNothingOfAFailure) {
     const test::AnsweredBoxes boxes;
     const WatchedShell shell(FALSE);
     OpenFile(L"missing");
-    OpenManualPage(nullptr, L"https://manual.invalid", kFerryManualPage);
+    OpenManualPage(nullptr, L"https://manual.invalid");
     EXPECT_TRUE(boxes.Asked.empty());
 }
 
 TEST(ManualCalls, ShowThePageWithoutParametersOrFolder) {
     const WatchedShell shell;
-    OpenManualPage(GetDesktopWindow(), L"https://manual.invalid", kFerryManualPage);
+    OpenManualPage(GetDesktopWindow(), ManualAddress(L"https://manual.invalid", kFerryManualPage, {}));
     EXPECT_EQ(shell.Asked.Size, 112U);
     EXPECT_EQ(shell.Asked.Mask, kExpandVariables);
     EXPECT_EQ(shell.Asked.Owner, GetDesktopWindow());
@@ -120,14 +125,6 @@ TEST(ManualCalls, ShowThePageWithoutParametersOrFolder) {
     EXPECT_EQ(shell.Asked.Parameters, L"");
     EXPECT_EQ(shell.Asked.Folder, L"");
     EXPECT_EQ(shell.Asked.ShowMode, 5);
-}
-
-TEST(ManualCalls, WithoutABaseShowThePageBesideTheProgram) {
-    const WatchedShell shell;
-    OpenManualPage(nullptr, L"", kFerryManualPage);
-    const std::wstring own = ModulePath();
-    EXPECT_EQ(shell.Asked.File, own.substr(0, own.rfind(L'\\') + 1) +
-                                    L"Manual\\kiv\\man5\\6.Command\\2.DefaultCommand\\Ferry.html");
 }
 
 TEST(RunAndWaitCalls, StartTheProgramByItsCommandLineAlone) {
@@ -149,7 +146,7 @@ TEST(RunAndWaitCalls, StartTheProgramByItsCommandLineAlone) {
             EXPECT_EQ(startup->lpDesktop, nullptr);
             return FALSE;
         });
-    EXPECT_FALSE(RunAndWait({L"\"C:\\dir\\a.exe\"", L"-x y", {}, SW_HIDE, 0}));
+    EXPECT_FALSE(RunAskingInABox({L"\"C:\\dir\\a.exe\"", L"-x y", {}, SW_HIDE, 0}));
     EXPECT_EQ(create.Calls().size(), 1U);
 }
 
@@ -162,7 +159,7 @@ TEST(RunAndWaitCalls, AskWithYesAndNo) {
     const test::WatchedImport<&TerminateProcess> terminate("TerminateProcess");
     const std::wstring program = L"\"" + ModulePath() + L"\"";
     const std::wstring arguments = test::ExitArguments(0);
-    EXPECT_FALSE(RunAndWait({program, arguments, {}, SW_SHOW, 1234}));
+    EXPECT_FALSE(RunAskingInABox({program, arguments, {}, SW_SHOW, 1234}));
     EXPECT_EQ(boxes.Only().Text, L"Timeout!\nAre you sure you want to kill the process?");
     EXPECT_EQ(boxes.Only().Style, 4U);
     EXPECT_TRUE(terminate.Calls().empty());

@@ -7,10 +7,9 @@
 #include <algorithm>
 
 #include "base/handles_win32.h"
-#include "process/file_search_win32.h"
+#include "desktop/shell_open.h"
 #include "process/module_path_win32.h"
 #include "process/program_runner_win32.h"
-#include "process/shell_open_win32.h"
 #include "windows/child_process_win32.h"
 #include "windows/resource_counts_win32.h"
 #include "windows/support_win32.h"
@@ -18,6 +17,10 @@
 
 namespace ferry::process {
 namespace {
+
+using test::RunAskingInABox;
+
+using desktop::ShellOpen;
 
 using test::AnswerNextBox;
 using test::TempFolder;
@@ -74,7 +77,7 @@ private:
 TEST(RunAndWait, TellsThatTheProgramEndedInTime) {
     const std::wstring program = OwnProgram();
     const std::wstring arguments = test::ExitArguments(7);
-    EXPECT_TRUE(RunAndWait(
+    EXPECT_TRUE(RunAskingInABox(
         {.Program = program, .Arguments = arguments, .WorkingFolder = {}, .TimeLimitMs = INFINITE}));
 }
 
@@ -83,7 +86,7 @@ TEST(RunAndWait, PassesFolderAndShowMode) {
     const std::wstring report = folder / L"report";
     const std::wstring program = OwnProgram();
     const std::wstring arguments = test::ReportArguments(report);
-    ASSERT_TRUE(RunAndWait({program, arguments, folder.Path(), SW_SHOWMINIMIZED, INFINITE}));
+    ASSERT_TRUE(RunAskingInABox({program, arguments, folder.Path(), SW_SHOWMINIMIZED, INFINITE}));
     EXPECT_EQ(test::ReadUnits(report), folder.Path() + L"\n" + std::to_wstring(SW_SHOWMINIMIZED));
 }
 
@@ -92,7 +95,7 @@ TEST(RunAndWait, EmptyFolderIsInherited) {
     const std::wstring report = folder / L"report";
     const std::wstring program = OwnProgram();
     const std::wstring arguments = test::ReportArguments(report);
-    ASSERT_TRUE(RunAndWait({program, arguments, {}, SW_SHOW, INFINITE}));
+    ASSERT_TRUE(RunAskingInABox({program, arguments, {}, SW_SHOW, INFINITE}));
     std::wstring own(GetCurrentDirectoryW(0, nullptr), L'\0');
     own.resize(GetCurrentDirectoryW(static_cast<DWORD>(own.size()), own.data()));
     EXPECT_EQ(test::ReadUnits(report), own + L"\n" + std::to_wstring(SW_SHOW));
@@ -102,7 +105,7 @@ TEST(RunAndWait, ProgramThatCannotBeStartedIsFalseWithoutAQuestion) {
     const TempFolder folder;
     const std::wstring missing = folder / L"missing.exe";
     EXPECT_FALSE(
-        RunAndWait({.Program = missing, .Arguments = {}, .WorkingFolder = {}, .TimeLimitMs = INFINITE}));
+        RunAskingInABox({.Program = missing, .Arguments = {}, .WorkingFolder = {}, .TimeLimitMs = INFINITE}));
 }
 
 TEST(RunAndWait, LimitOfZeroAsksAtOnceAndNoLetsTheProgramRun) {
@@ -110,7 +113,7 @@ TEST(RunAndWait, LimitOfZeroAsksAtOnceAndNoLetsTheProgramRun) {
     const std::wstring program = OwnProgram();
     const std::wstring arguments = child.Arguments();
     auto answer = AnswerNextBox(IDNO);
-    EXPECT_FALSE(RunAndWait({program, arguments, {}, SW_SHOW, 0}));
+    EXPECT_FALSE(RunAskingInABox({program, arguments, {}, SW_SHOW, 0}));
     EXPECT_EQ(answer.get(), kQuestion);
     // It can only say so when it was not killed.
     EXPECT_TRUE(child.HasStarted());
@@ -125,7 +128,7 @@ TEST(RunAndWait, YesEndsTheProgramWithItsExitCode) {
         child.HasStarted();
         process = OpenChild();
     });
-    EXPECT_FALSE(RunAndWait({program, arguments, {}, SW_SHOW, 0}));
+    EXPECT_FALSE(RunAskingInABox({program, arguments, {}, SW_SHOW, 0}));
     EXPECT_EQ(answer.get(), kQuestion);
     ASSERT_TRUE(process);
     ASSERT_EQ(WaitForSingleObject(process.Get(), 20000), WAIT_OBJECT_0);
@@ -144,7 +147,7 @@ TEST(RunAndWait, ProgramThatEndsDuringTheQuestionStillCountsAsLate) {
         child.Stop();
         WaitForSingleObject(process.Get(), 20000);
     });
-    EXPECT_FALSE(RunAndWait({program, arguments, {}, SW_SHOW, 0}));
+    EXPECT_FALSE(RunAskingInABox({program, arguments, {}, SW_SHOW, 0}));
     EXPECT_EQ(answer.get(), kQuestion);
 }
 
@@ -153,10 +156,10 @@ TEST(RunAndWait, ClosesTheHandlesOfTheProgram) {
     const std::wstring program = OwnProgram();
     const std::wstring arguments = test::ExitArguments(0);
     const ProgramRun run{program, arguments, {}, SW_SHOW, INFINITE};
-    ASSERT_TRUE(RunAndWait(run));
+    ASSERT_TRUE(RunAskingInABox(run));
     const std::size_t before = test::CountHandles();
     for (std::size_t count = 0; count < kRuns; ++count) {
-        ASSERT_TRUE(RunAndWait(run));
+        ASSERT_TRUE(RunAskingInABox(run));
     }
     // Two for each run, if they were kept.
     EXPECT_LT(test::CountHandles(), before + kRuns);
@@ -206,42 +209,6 @@ TEST(ShellOpen, ExpandsEnvironmentVariables) {
     EXPECT_EQ(ReportedFolder(report), folder.Path());
     SetEnvironmentVariableW(L"FERRY_TEST_FOLDER", nullptr);
     EXPECT_TRUE(test::WaitUntil([&] { return DeleteFileW(program.c_str()) != FALSE; }));
-}
-
-TEST(FindFirst, FindsWhatIsThere) {
-    const TempFolder folder;
-    test::WriteUnits(folder / L"a.txt", L"abc");
-    WIN32_FIND_DATAW data{};
-    const base::FindHandle search = FindFirst(folder / L"*.txt", data);
-    ASSERT_TRUE(search);
-    EXPECT_STREQ(data.cFileName, L"a.txt");
-    EXPECT_EQ(data.nFileSizeLow, 6U);
-}
-
-TEST(FindFirst, OwnsNothingWithoutAMatchAndKeepsTheError) {
-    const TempFolder folder;
-    WIN32_FIND_DATAW data{};
-    EXPECT_FALSE(FindFirst(folder / L"missing", data));
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_FILE_NOT_FOUND));
-}
-
-TEST(FindFirst, TakesLongPaths) {
-    const TempFolder folder;
-    const std::wstring file = folder.LongFolder() + L"\\file";
-    test::WriteUnits(file, L"x");
-    WIN32_FIND_DATAW data{};
-    EXPECT_TRUE(FindFirst(file, data));
-    EXPECT_STREQ(data.cFileName, L"file");
-}
-
-TEST(FileAttributes, AnswersAsTheSystemDoes) {
-    const TempFolder folder;
-    const std::wstring file = folder.LongFolder() + L"\\file";
-    test::WriteUnits(file, L"x");
-    EXPECT_EQ(FileAttributes(folder.Path()) & FILE_ATTRIBUTE_DIRECTORY,
-              static_cast<DWORD>(FILE_ATTRIBUTE_DIRECTORY));
-    EXPECT_NE(FileAttributes(file), INVALID_FILE_ATTRIBUTES);
-    EXPECT_EQ(FileAttributes(folder / L"missing"), INVALID_FILE_ATTRIBUTES);
 }
 
 TEST(ModulePath, NamesThisProgram) {

@@ -27,14 +27,15 @@ protected:
     /// The policy that is chosen in the open dialog; -1 when none is.
     int Chosen() const {
         for (int policy = 0; policy <= 6; ++policy) {
-            if (IsDlgButtonChecked(dialog_->Handle(), IDC_CHOICE_FIRST + policy) == BST_CHECKED) {
+            if (IsDlgButtonChecked(dialog_->Handle(), IDC_CHOICE_IF_SOURCE_IS_NEWER + policy) ==
+                BST_CHECKED) {
                 return policy;
             }
         }
         return -1;
     }
 
-    void Choose(int policy) { test::Click(dialog_->Handle(), IDC_CHOICE_FIRST + policy); }
+    void Choose(int policy) { test::Click(dialog_->Handle(), IDC_CHOICE_IF_SOURCE_IS_NEWER + policy); }
     void Press(int button) { test::Click(dialog_->Handle(), button); }
     bool IsOpen() const { return IsWindowVisible(dialog_->Handle()) != FALSE; }
 
@@ -57,7 +58,7 @@ TEST_F(CollisionDialog, ShowsTheNameAndTheStoredChoice) {
 TEST_F(CollisionDialog, OffersEveryPolicyOfItsOwn) {
     Open();
     for (int policy = 0; policy <= 6; ++policy) {
-        EXPECT_TRUE(IsWindowEnabled(GetDlgItem(dialog_->Handle(), IDC_CHOICE_FIRST + policy)));
+        EXPECT_TRUE(IsWindowEnabled(GetDlgItem(dialog_->Handle(), IDC_CHOICE_IF_SOURCE_IS_NEWER + policy)));
     }
 }
 
@@ -204,7 +205,7 @@ protected:
     }
 
     test::DialogWorld world_;
-    CDlgBusy dialog_{world_.Services()};
+    CDlgBusy dialog_{world_.Services().Localiser};
 };
 
 TEST_F(ProgressDialog, WithoutLeaveToCancelTheButtonIsHiddenAndNothingStopsIt) {
@@ -292,7 +293,7 @@ TEST_F(ProgressDialog, ABarThatIsSteppedBeyondItsRangeStartsOverAsBarsDo) {
     for (const std::uint32_t count : {0U, 1U, 3U}) {
         for (int steps = 1; steps <= 9; ++steps) {
             SCOPED_TRACE(std::to_string(steps) + " of " + std::to_string(count));
-            CDlgBusy dialog(world_.Services());
+            CDlgBusy dialog(world_.Services().Localiser);
             dialog.StartSteps(count);
             for (int step = 0; step < steps; ++step) {
                 dialog.StepIt();
@@ -381,7 +382,7 @@ public:
 
 TEST_F(ProgressDialog, IsEndedWithTheCodeOfCancelWhenThePersonStopsIt) {
     for (const UINT message : {WM_COMMAND, WM_CLOSE}) {
-        WatchedProgress dialog(world_.Services());
+        WatchedProgress dialog(world_.Services().Localiser);
         dialog.SetCancellable(true);
         ASSERT_TRUE(dialog.Create(nullptr));
         SendMessageW(dialog.Handle(), message, message == WM_COMMAND ? IDCANCEL : 0, 0);
@@ -392,7 +393,7 @@ TEST_F(ProgressDialog, IsEndedWithTheCodeOfCancelWhenThePersonStopsIt) {
 }
 
 TEST_F(ProgressDialog, IsEndedWithCodeZeroBeforeItsWindowGoes) {
-    WatchedProgress dialog(world_.Services());
+    WatchedProgress dialog(world_.Services().Localiser);
     ASSERT_TRUE(dialog.Create(nullptr));
     dialog.DestroyWindow();
     EXPECT_EQ(dialog.EndCodes, (std::vector<int>{0}));

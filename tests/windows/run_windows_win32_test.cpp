@@ -157,7 +157,7 @@ TEST_F(RunQuestions, TheRenameDialogHasThePolicysLabelWithoutAnyAmpersandForItsC
         const transfer::NameAnswer answer = questions_.AskNewName(kind, L"C:\\dir\\a.txt");
         EXPECT_TRUE(visitor.HasVisited());
         EXPECT_EQ(title, caption);
-        EXPECT_EQ(answer.EndCode, transfer::kEndOk);
+        EXPECT_EQ(answer.Choice, transfer::NameChoice::Use);
         EXPECT_EQ(answer.Name, L"typed");
     }
 }
@@ -167,24 +167,26 @@ TEST_F(RunQuestions, ACancelledNameIsNone) {
                                      [](HWND dialog) { PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0); });
     const transfer::NameAnswer answer =
         questions_.AskNewName(transfer::RenameKind::Incoming, L"C:\\dir\\a.txt");
-    EXPECT_EQ(answer.EndCode, transfer::kEndCancel);
+    EXPECT_EQ(answer.Choice, transfer::NameChoice::SkipItem);
     EXPECT_EQ(answer.Name, L"");
 }
 
 TEST_F(RunQuestions, TheCollisionDialogGivesItsButtonAndItsChoice) {
-    for (const int button :
-         {transfer::kEndOk, transfer::kEndCancel, transfer::kEndForAll, transfer::kEndStopAll}) {
+    using enum transfer::CollisionChoice;
+    const std::pair<int, transfer::CollisionChoice> cases[] = {
+        {IDOK, ThisItem}, {IDCANCEL, SkipItem}, {IDC_APPLY_TO_ALL, ThisAndLater}, {IDC_STOP_ALL, StopRun}};
+    for (const auto& [button, choice] : cases) {
         std::wstring name;
         const test::ModalVisitor visitor(progress_.Window(), [&](HWND dialog) {
             name = test::TextOfControl(dialog, IDC_ITEM_NAME);
-            test::Click(dialog, IDC_CHOICE_FIRST + 4);
+            test::Click(dialog, IDC_CHOICE_IF_SOURCE_IS_NEWER + 4);
             PostMessageW(dialog, WM_COMMAND, static_cast<WPARAM>(button), 0);
         });
         const transfer::CollisionAnswer answer = questions_.AskCollision(L"a & b.txt");
         EXPECT_EQ(name, L"a & b.txt");
-        EXPECT_EQ(answer.EndCode, button);
-        if (button == transfer::kEndOk || button == transfer::kEndForAll) {
-            EXPECT_EQ(answer.Policy, 4U);
+        EXPECT_EQ(answer.Choice, choice);
+        if (choice == ThisItem || choice == ThisAndLater) {
+            EXPECT_EQ(answer.Policy, transfer::CollisionPolicy::RenameIncoming);
         }
     }
 }

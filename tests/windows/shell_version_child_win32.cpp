@@ -7,8 +7,8 @@
 #include <string_view>
 
 #include "base/system_library_win32.h"
-#include "process/file_search_win32.h"
-#include "process/shell_version_win32.h"
+#include "files/disk_win32.h"
+#include "files/shell_version_win32.h"
 #include "windows/support_win32.h"
 #include "windows/watched_import_win32.h"
 
@@ -52,18 +52,18 @@ FARPROC FakeFunction(std::string_view name) {
     return name == "VerQueryValueW" ? ProcOf(&QueryInfo) : nullptr;
 }
 
-std::wstring Name(const std::optional<process::ShellVersionNumber>& version) {
+std::wstring Name(const std::optional<files::ShellVersionNumber>& version) {
     return version ? std::to_wstring(version->Major) + L"." + std::to_wstring(version->Minor) : L"unknown";
 }
 
 std::wstring Combined() {
-    return L", combined " + std::to_wstring(process::CombinedShellVersion());
+    return L", combined " + std::to_wstring(files::CombinedShellVersion());
 }
 
 std::wstring ReportUnreadable() {
     const WatchedImport<&LoadLibraryW> load("LoadLibraryW", [](LPCWSTR) { return HMODULE{nullptr}; });
-    std::wstring report = Name(process::ShellVersion());
-    report += L", " + Name(process::ShellVersion());
+    std::wstring report = Name(files::ShellVersion());
+    report += L", " + Name(files::ShellVersion());
     report += L" after " + std::to_wstring(load.Calls().size()) + L" attempts";
     return report + Combined() + L", ";
 }
@@ -73,11 +73,11 @@ std::wstring ReportReadable() {
         const FARPROC fake = FakeFunction(name);
         return fake != nullptr ? fake : find.CallReal(library, name);
     });
-    const auto version = process::ShellVersion();
+    const auto version = files::ShellVersion();
     std::wstring report = Name(version) + L" build " + std::to_wstring(version ? version->Build : 0);
     report += askedFile == base::SystemFolder() + L"\\shell32.dll" ? L" of shell32.dll in the system folder"
                                                                    : L" of " + askedFile;
-    report += L", " + Name(process::ShellVersion());
+    report += L", " + Name(files::ShellVersion());
     report += L" after " + std::to_wstring(readings) + L" reading";
     return report + Combined();
 }
@@ -85,8 +85,7 @@ std::wstring ReportReadable() {
 std::wstring ReportSearch() {
     const WatchedImport<&FindFirstFileW> plain("FindFirstFileW");
     const WatchedImport<&FindFirstFileExW> extended("FindFirstFileExW");
-    WIN32_FIND_DATAW data{};
-    process::FindFirst(L"C:\\*", data);
+    files::DiskSearch().Search(L"C:\\*", [](const files::Match&) { return false; });
     if (!plain.Calls().empty())
         return L", plain search";
     const auto [path, level, found, kind, filter, flags] = extended.OnlyCall();

@@ -5,22 +5,22 @@
 
 #include <string>
 
+#include "files/shell_version_win32.h"
 #include "process/module_path_win32.h"
 #include "process/program_runner_win32.h"
-#include "process/shell_version_win32.h"
 #include "windows/child_process_win32.h"
 #include "windows/support_win32.h"
 
-namespace ferry::process {
+namespace ferry::files {
 namespace {
 
 /// What the child says to whom the shell has this version.
 std::wstring ReportFor(int major, int minor, bool isReadableAtFirst) {
     const test::TempFolder folder;
     const std::wstring report = folder / L"report";
-    const std::wstring program = L"\"" + ModulePath() + L"\"";
+    const std::wstring program = L"\"" + process::ModulePath() + L"\"";
     const std::wstring arguments = test::ShellVersionArguments(report, major, minor, isReadableAtFirst);
-    EXPECT_TRUE(RunAndWait({program, arguments, {}, SW_HIDE, INFINITE}));
+    EXPECT_TRUE(process::RunAndWait({program, arguments, {}, SW_HIDE, INFINITE}, [] { return true; }));
     return test::ReadUnits(report);
 }
 
@@ -52,4 +52,4 @@ TEST(ShellVersion, OfTwoOldSystemsMakesThePlainSearch) {
 }
 
 }  // namespace
-}  // namespace ferry::process
+}  // namespace ferry::files

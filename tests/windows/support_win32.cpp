@@ -3,54 +3,11 @@
 #include <array>
 #include <atomic>
 #include <cstring>
-#include <thread>
 
 #include "base/handles_win32.h"
 #include "base/utf16.h"
 
 namespace ferry::test {
-namespace {
-
-std::wstring Prefixed(const std::wstring& path) {
-    return path.starts_with(L"\\\\?\\") ? path : L"\\\\?\\" + path;
-}
-
-void RemoveTree(const std::wstring& folder) {
-    WIN32_FIND_DATAW data;
-    {
-        const base::FindHandle search(FindFirstFileW((folder + L"\\*").c_str(), &data));
-        while (search) {
-            const std::wstring name = data.cFileName;
-            const std::wstring path = folder + L"\\" + name;
-            if (name != L"." && name != L"..") {
-                SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL);
-                if ((data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
-                    RemoveTree(path);
-                } else {
-                    DeleteFileW(path.c_str());
-                }
-            }
-            if (!FindNextFileW(search.Get(), &data)) {
-                break;
-            }
-        }
-    }
-    RemoveDirectoryW(folder.c_str());
-}
-
-}  // namespace
-
-bool WaitUntil(const std::function<bool()>& isTrue) {
-    const auto end = std::chrono::steady_clock::now() + kDeadline;
-    while (!isTrue()) {
-        if (std::chrono::steady_clock::now() > end) {
-            return false;
-        }
-        std::this_thread::sleep_for(std::chrono::milliseconds(2));
-    }
-    return true;
-}
-
 void Pump() {
     MSG message;
     while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
@@ -81,7 +38,7 @@ TempFolder::TempFolder() {
 }
 
 TempFolder::~TempFolder() {
-    RemoveTree(Prefixed(path_));
+    RemoveAll(path_);
 }
 
 std::wstring TempFolder::operator/(std::wstring_view name) const {
@@ -97,16 +54,9 @@ std::wstring TempFolder::LongFolder() const {
     return path;
 }
 
-void MakeFolders(const std::wstring& path) {
-    for (std::size_t at = path.find(L'\\', 3); at != std::wstring::npos; at = path.find(L'\\', at + 1)) {
-        CreateDirectoryW(Prefixed(path.substr(0, at)).c_str(), nullptr);
-    }
-    CreateDirectoryW(Prefixed(path).c_str(), nullptr);
-}
-
 void WriteBytes(const std::wstring& path, const std::vector<std::byte>& bytes) {
     const base::FileHandle file(
-        CreateFileW(Prefixed(path).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
+        CreateFileW(LongForm(path).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
     DWORD written = 0;
     WriteFile(file.Get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
 }
@@ -116,7 +66,7 @@ void WriteUnits(const std::wstring& path, std::wstring_view units) {
 }
 
 std::optional<std::vector<std::byte>> ReadBytes(const std::wstring& path) {
-    const base::FileHandle file(CreateFileW(Prefixed(path).c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
+    const base::FileHandle file(CreateFileW(LongForm(path).c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
                                             OPEN_EXISTING, 0, nullptr));
     LARGE_INTEGER size{};
     if (!file || !GetFileSizeEx(file.Get(), &size)) {
@@ -130,10 +80,6 @@ std::optional<std::vector<std::byte>> ReadBytes(const std::wstring& path) {
 
 std::wstring ReadUnits(const std::wstring& path) {
     return base::UnitsFromBytes(ReadBytes(path).value_or(std::vector<std::byte>()));
-}
-
-bool Exists(const std::wstring& path) {
-    return GetFileAttributesW(Prefixed(path).c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
 bool ShellTransfers() {

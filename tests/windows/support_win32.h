@@ -3,7 +3,6 @@
 
 #include <windows.h>
 
-#include <chrono>
 #include <cstddef>
 #include <functional>
 #include <future>
@@ -13,19 +12,15 @@
 #include <vector>
 
 #include "base/unique_resource.h"
+#include "support/disk_win32.h"
+#include "support/poll_win32.h"
 
 namespace ferry::test {
-
-/// How long a test waits for something that must happen.
-inline constexpr std::chrono::seconds kDeadline{20};
-
-/// Polls `isTrue` until it holds; false when it does not within kDeadline.
-bool WaitUntil(const std::function<bool()>& isTrue);
 
 /// Handles the messages that wait for this thread.
 void Pump();
 
-/// Handles messages until `isTrue` holds; false when it does not within kDeadline.
+/// Handles messages until `isTrue` holds; false when it does not within kPatienceMs.
 bool PumpUntil(const std::function<bool()>& isTrue);
 
 /// A fresh folder that vanishes with everything in it.
@@ -50,9 +45,6 @@ private:
     std::wstring path_;
 };
 
-/// Makes the folder `path`, in its prefixed form, with its parents.
-void MakeFolders(const std::wstring& path);
-
 void WriteBytes(const std::wstring& path, const std::vector<std::byte>& bytes);
 
 /// Writes `units` as UTF-16 without a byte-order mark.
@@ -63,8 +55,6 @@ std::optional<std::vector<std::byte>> ReadBytes(const std::wstring& path);
 
 /// The units of the file at `path`; empty when it is not there.
 std::wstring ReadUnits(const std::wstring& path);
-
-bool Exists(const std::wstring& path);
 
 /// Whether the system's operation object transfers. Wine's own does not; the service that stands in
 /// for it there has a library of its own.
@@ -77,7 +67,7 @@ inline constexpr char kNoTransfers[] = "this system's file operation does not co
 std::wstring UniqueName(std::wstring_view prefix);
 
 /// Waits on another thread for this process's next message box, runs `whileOpen`, then presses
-/// `button`. The future gives the box's text; empty when no box came within kDeadline. A box without
+/// `button`. The future gives the box's text; empty when no box came within kPatienceMs. A box without
 /// that button is a failure, and is closed.
 std::future<std::wstring> AnswerNextBox(int button, std::function<void()> whileOpen = {});
 

@@ -8,12 +8,12 @@
 #include <atomic>
 #include <thread>
 
-#include "hostlink/host_messages_win32.h"
-#include "hostlink/window_placement_win32.h"
+#include "desktop/host_messages.h"
+#include "desktop/window_placement.h"
 #include "windows/support_win32.h"
 #include "windows/watched_import_win32.h"
 
-namespace ferry::hostlink {
+namespace ferry::desktop {
 namespace {
 
 constexpr wchar_t kClass[] = L"FerryPlacementTest";
@@ -286,4 +286,4 @@ TEST_F(WindowPlacementTest, OwnedDialogsAndDialogsWithoutAHostStay) {
 }
 
 }  // namespace
-}  // namespace ferry::hostlink
+}  // namespace ferry::desktop

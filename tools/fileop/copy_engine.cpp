@@ -64,13 +64,13 @@ Result CopyEngine::Perform(const Operation& operation) {
         return Refuse(source, kIntoItself);
     }
     const Result folder = EnsureFolder(operation.TargetFolder);
-    return folder == kDone ? TransferItem(operation.What, source, JoinPath(operation.TargetFolder, name))
-                           : folder;
+    return folder == kDone
+               ? TransferItem(operation.What, kind, source, JoinPath(operation.TargetFolder, name))
+               : folder;
 }
 
-Result CopyEngine::TransferItem(Verb verb, const std::wstring& source, std::wstring target) {
+Result CopyEngine::TransferItem(Verb verb, ItemKind kind, const std::wstring& source, std::wstring target) {
     Transfer transfer{verb, source, std::move(target)};
-    const ItemKind kind = disk_.Kind(source);
     if (kind == ItemKind::Link && verb == Verb::Copy) {
         return Refuse(source, FromWindowsError(kErrorNotSupported));
     }
@@ -132,8 +132,9 @@ Result CopyEngine::TransferChildren(const Transfer& transfer) {
     }
     const Verb verb = transfer.What == Verb::Copy ? Verb::Copy : Verb::Move;
     for (const std::wstring& name : names) {
-        total = Heavier(total,
-                        TransferItem(verb, JoinPath(transfer.Source, name), JoinPath(transfer.Target, name)));
+        const std::wstring source = JoinPath(transfer.Source, name);
+        total =
+            Heavier(total, TransferItem(verb, disk_.Kind(source), source, JoinPath(transfer.Target, name)));
         if (mustStop_) {
             break;
         }
@@ -264,11 +265,15 @@ bool CopyEngine::LiesInside(std::wstring_view folder, const std::wstring& source
 }
 
 std::uint32_t CopyEngine::CopyFile(const Transfer& transfer) {
-    const std::wstring temporary = disk_.TemporaryBeside(transfer.Target);
     // A move takes the source away afterwards, so its copy has to be on the volume by then.
     const bool settles = transfer.What != Verb::Copy;
-    std::uint32_t code =
-        disk_.Copy(transfer.Source, temporary, settles, [this] { return !person_.HasCancelled(); });
+    std::wstring temporary;
+    std::uint32_t code = 0;
+    do {
+        temporary = disk_.TemporaryBeside(transfer.Target);
+        code = disk_.Copy(transfer.Source, temporary, settles, [this] { return !person_.HasCancelled(); });
+        // A run that was ended hard may have left one of this name.
+    } while (code == kErrorFileExists);
     if (code == 0) {
         code = disk_.Rename(temporary, transfer.Target, transfer.Replaces);
     }

@@ -54,7 +54,7 @@ private:
 
     using Deed = std::function<std::uint32_t()>;
 
-    Result TransferItem(Verb verb, const std::wstring& source, std::wstring target);
+    Result TransferItem(Verb verb, ItemKind kind, const std::wstring& source, std::wstring target);
     Result TransferFile(Transfer& transfer);
     Result TransferFolder(Transfer& transfer);
     Result MakeOrMoveFolder(const Transfer& transfer, bool& isMoved);

@@ -2,8 +2,11 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <atomic>
+#include <memory>
 
+#include "base/case_order.h"
 #include "base/handles_win32.h"
 #include "item_path.h"
 
@@ -20,7 +23,8 @@ FileHandle OpenFile(const std::wstring& path, DWORD access, DWORD share, DWORD c
 // Folders are limited to 248 characters without the prefix, files to 260; a temporary's name may
 // be longer than its target's.
 constexpr std::size_t kLongPathLength = 220;
-constexpr std::size_t kBlockSize = std::size_t{1} << 20;
+constexpr std::uint64_t kSmallestBlock = 4096;
+constexpr std::uint64_t kLargestBlock = std::uint64_t{1} << 20;
 
 std::wstring LongForm(const std::wstring& path) {
     if (path.size() < kLongPathLength || path.starts_with(L"\\\\?\\")) {
@@ -74,22 +78,25 @@ bool ReadIdentity(const std::wstring& path, BY_HANDLE_FILE_INFORMATION& identity
     return file && GetFileInformationByHandle(file.Get(), &identity) != 0;
 }
 
-std::uint32_t CopyBlocks(HANDLE source, HANDLE target, const std::function<bool()>& goesOn) {
-    std::vector<char> block(kBlockSize);
+/// Copies what can be read; the source had `size` bytes when it was looked at.
+std::uint32_t CopyBlocks(HANDLE source, HANDLE target, std::uint64_t size,
+                         const std::function<bool()>& goesOn) {
+    const auto blockSize = static_cast<DWORD>(std::clamp(size, kSmallestBlock, kLargestBlock));
+    const auto block = std::make_unique_for_overwrite<char[]>(blockSize);
     std::uint64_t copied = 0;
     for (;;) {
         if (!goesOn()) {
             return kErrorRequestAborted;
         }
         DWORD got = 0;
-        if (!ReadFile(source, block.data(), static_cast<DWORD>(block.size()), &got, nullptr)) {
+        if (!ReadFile(source, block.get(), blockSize, &got, nullptr)) {
             return LastError();
         }
         if (got == 0) {
             break;
         }
         DWORD put = 0;
-        if (!WriteFile(target, block.data(), got, &put, nullptr)) {
+        if (!WriteFile(target, block.get(), got, &put, nullptr)) {
             return LastError();
         }
         if (put != got) {
@@ -97,17 +104,26 @@ std::uint32_t CopyBlocks(HANDLE source, HANDLE target, const std::function<bool(
         }
         copied += got;
     }
-    LARGE_INTEGER size{};
-    if (!GetFileSizeEx(target, &size)) {
+    LARGE_INTEGER written{};
+    if (!GetFileSizeEx(target, &written)) {
         return LastError();
     }
-    return static_cast<std::uint64_t>(size.QuadPart) == copied ? 0 : kErrorInvalidData;
+    return static_cast<std::uint64_t>(written.QuadPart) == copied ? 0 : kErrorInvalidData;
 }
 
 bool IsSpelledAs(const std::wstring& path) {
     WIN32_FIND_DATAW found{};
     const FindHandle search(FindFirstFileW(LongForm(path).c_str(), &found));
     return !search || NameOf(path) == found.cFileName;
+}
+
+/// Whether both paths may name one entry of one folder: they differ in case, or in blanks and dots at the
+/// end.
+bool MayBeOneName(std::wstring_view from, std::wstring_view to) {
+    const auto trimmed = [](std::wstring_view name) {
+        return name.substr(0, name.find_last_not_of(L". ") + 1);
+    };
+    return base::EqualsIgnoringCase(trimmed(from), trimmed(to));
 }
 
 // Wine takes a new spelling of a name for no change at all and reports success; there it takes
@@ -171,54 +187,50 @@ bool WindowsDisk::IsSame(const std::wstring& left, const std::wstring& right) {
 
 std::wstring WindowsDisk::TemporaryBeside(const std::wstring& path) {
     static std::atomic<std::uint32_t> counter{0};
-    const std::wstring folder(FolderOf(path));
-    std::wstring candidate;
-    do {
-        candidate = JoinPath(folder, L"~ferry" + std::to_wstring(GetCurrentProcessId()) + L"-" +
-                                         std::to_wstring(++counter) + L".tmp");
-    } while (Kind(candidate) != ItemKind::Missing);
-    return candidate;
+    return JoinPath(std::wstring(FolderOf(path)), L"~ferry" + std::to_wstring(GetCurrentProcessId()) + L"-" +
+                                                      std::to_wstring(++counter) + L".tmp");
 }
 
 std::uint32_t WindowsDisk::Copy(const std::wstring& source, const std::wstring& target, bool settles,
                                 const std::function<bool()>& goesOn) {
     // Not CopyFileExW: Wine's ignores the progress routine, so nobody could stop it half-way.
-    const std::wstring longTarget = LongForm(target);
     const FileHandle from = OpenFile(LongForm(source), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
                                      OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN);
     BY_HANDLE_FILE_INFORMATION facts{};
     if (!from || !GetFileInformationByHandle(from.Get(), &facts)) {
         return LastError();
     }
-    {
-        const FileHandle to = OpenFile(longTarget, GENERIC_READ | GENERIC_WRITE, 0, CREATE_NEW, 0);
-        if (!to) {
-            return LastError();
-        }
-        if (const std::uint32_t code = CopyBlocks(from.Get(), to.Get(), goesOn); code != 0) {
-            return code;
-        }
-        if (!SetFileTime(to.Get(), nullptr, nullptr, &facts.ftLastWriteTime)) {
-            return LastError();
-        }
-        if (settles && !FlushFileBuffers(to.Get())) {
-            return LastError();
-        }
+    const FileHandle to = OpenFile(LongForm(target), GENERIC_READ | GENERIC_WRITE, 0, CREATE_NEW, 0);
+    if (!to) {
+        return LastError();
+    }
+    const std::uint64_t size = (std::uint64_t{facts.nFileSizeHigh} << 32) | facts.nFileSizeLow;
+    if (const std::uint32_t code = CopyBlocks(from.Get(), to.Get(), size, goesOn); code != 0) {
+        return code;
+    }
+    if (settles && !FlushFileBuffers(to.Get())) {
+        return LastError();
     }
     constexpr DWORD kKept = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM |
                             FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
     // A copy always has the archive attribute, as with CopyFileW.
-    return CodeOf(
-        SetFileAttributesW(longTarget.c_str(), (facts.dwFileAttributes & kKept) | FILE_ATTRIBUTE_ARCHIVE));
+    FILE_BASIC_INFO basic{};
+    basic.LastWriteTime.LowPart = facts.ftLastWriteTime.dwLowDateTime;
+    basic.LastWriteTime.HighPart = static_cast<LONG>(facts.ftLastWriteTime.dwHighDateTime);
+    basic.FileAttributes = (facts.dwFileAttributes & kKept) | FILE_ATTRIBUTE_ARCHIVE;
+    return CodeOf(SetFileInformationByHandle(to.Get(), FileBasicInfo, &basic, sizeof(basic)));
 }
 
 std::uint32_t WindowsDisk::Rename(const std::wstring& from, const std::wstring& to, bool replaces) {
     const std::wstring longTo = LongForm(to);
     if (!replaces) {
         const std::uint32_t code = CodeOf(MoveFileExW(LongForm(from).c_str(), longTo.c_str(), 0));
+        if (code != 0 || !MayBeOneName(from, to)) {
+            return code;
+        }
         // What has left its place is done with, however its new name came out: "b." becomes "b".
-        const bool isStillThere = code == 0 && Kind(from) != ItemKind::Missing;
-        return isStillThere && !IsSpelledAs(to) ? Respell(from, to, TemporaryBeside(to)) : code;
+        const bool isStillThere = Kind(from) != ItemKind::Missing;
+        return isStillThere && !IsSpelledAs(to) ? Respell(from, to, TemporaryBeside(to)) : 0;
     }
     const DWORD attributes = MakeWritable(longTo);
     if (MoveFileExW(LongForm(from).c_str(), longTo.c_str(), MOVEFILE_REPLACE_EXISTING)) {

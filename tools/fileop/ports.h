@@ -32,10 +32,10 @@ public:
     /// Whether both paths lead to the same existing item, by whatever way.
     virtual bool IsSame(const std::wstring& left, const std::wstring& right) = 0;
 
-    /// A name in the folder of `path` that nothing has yet.
+    /// Another name each time in the folder of `path`; nobody has looked whether something has it.
     virtual std::wstring TemporaryBeside(const std::wstring& path) = 0;
 
-    /// Copies content, attributes and last-write time to `target`, which must not exist. Asks
+    /// Copies content, attributes and last-write time to `target`; kErrorFileExists when there is one. Asks
     /// `goesOn` between blocks and gives kErrorRequestAborted when it says no; a part of the
     /// target may be left then, as after any failure. `settles` waits until the content has
     /// reached the volume, so that late write errors are seen too.

@@ -8,9 +8,9 @@
 #include "e2e/driver/ask.h"
 #include "e2e/driver/keys.h"
 #include "e2e/driver/message_box.h"
-#include "e2e/driver/poll.h"
 #include "e2e/driver/run_dialogs.h"
 #include "samplehost/process_windows_win32.h"
+#include "support/poll_win32.h"
 
 namespace ferry::rundriver {
 namespace {
@@ -93,7 +93,7 @@ bool WatchedRun::ShowCandidates() {
     if (!e2e::TakeForeground(dialog_.Window()) || !dialog_.TypeDestination(L"C:\\"))
         return Complain("the destination cannot be typed");
     e2e::PressKey(VK_DOWN);
-    if (!e2e::WaitUntil([this] { return dialog_.IsDestinationListOpen(); }))
+    if (!test::WaitUntil([this] { return dialog_.IsDestinationListOpen(); }))
         return Complain("the list of candidates does not open");
     e2e::PressKey(VK_DOWN);
     Pause("list");
@@ -119,7 +119,7 @@ bool WatchedRun::WaitForEnd() {
             return Complain("Ferry did not end in time");
         }
         if (!AnswerWhatIsAsked())
-            Sleep(e2e::kStepMs);
+            Sleep(test::kStepMs);
     }
     const e2e::Ending ending = run_.WaitForEnd();
     return ending.IsGood() || Complain(("Ferry ended badly: " + e2e::TextOf(ending)).c_str());
@@ -145,7 +145,7 @@ bool WatchedRun::AnswerWhatIsAsked() {
     std::printf("a question was answered by skipping: %s\n", asked->Name);
     Pause(asked->Name);
     PostMessageW(GetDlgItem(window, asked->Answer), BM_CLICK, 0, 0);
-    e2e::WaitUntil([&] { return !IsWindow(window) || !IsWindowVisible(window); });
+    test::WaitUntil([&] { return !IsWindow(window) || !IsWindowVisible(window); });
     return true;
 }
 

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "base/utf16.h"
-#include "core/completion/fake_lookup.h"
+#include "core/files/fake_folders.h"
 
 namespace ferry::completion {
 namespace {
@@ -50,8 +50,8 @@ TEST(SearchPattern, LooksForNamesThatContainTwoOrMoreTypedUnits) {
 }
 
 TEST(FindCandidates, StandBesideTheTypedPartOfANetworkPath) {
-    test::FakeLookup lookup;
-    lookup.Items = {{L"found", true}};
+    test::FakeFolders folders;
+    folders.Items = {{L"found", true}};
     const std::pair<std::wstring_view, std::wstring_view> cases[] = {
         {L"\\\\", L"\\\\found\\"},
         {L"\\\\fo", L"\\\\found\\"},
@@ -62,74 +62,75 @@ TEST(FindCandidates, StandBesideTheTypedPartOfANetworkPath) {
     };
     for (const auto& [text, expected] : cases) {
         SCOPED_TRACE(base::ToUtf8(text));
-        EXPECT_EQ(FindCandidates(lookup, text, true), Texts{std::wstring(expected)});
+        EXPECT_EQ(FindCandidates(folders, text, true), Texts{std::wstring(expected)});
     }
 }
 
 TEST(FindCandidates, AreFullPathsWithABackslashBehindFolders) {
-    test::FakeLookup lookup;
-    lookup.Items = {{L"Windows", true}, {L"Win.txt", false}};
-    EXPECT_EQ(FindCandidates(lookup, L"C:\\dir\\Win", false),
+    test::FakeFolders folders;
+    folders.Items = {{L"Windows", true}, {L"Win.txt", false}};
+    EXPECT_EQ(FindCandidates(folders, L"C:\\dir\\Win", false),
               (Texts{L"C:\\dir\\Win.txt", L"C:\\dir\\Windows\\"}));
-    EXPECT_EQ(lookup.Patterns, Texts{L"C:\\dir\\*Win*"});
+    EXPECT_EQ(folders.Patterns, Texts{L"C:\\dir\\*Win*"});
 }
 
 TEST(FindCandidates, NeverOfferTheDotsOfAFolder) {
-    test::FakeLookup lookup;
-    lookup.Items = {{L".git", true}, {L"..old", true}, {L"...", false}};
-    EXPECT_EQ(FindCandidates(lookup, L"C:\\", true), (Texts{L"C:\\..old\\", L"C:\\.git\\"}));
-    EXPECT_EQ(FindCandidates(lookup, L"C:\\.", true), (Texts{L"C:\\..old\\", L"C:\\.git\\"}));
-    EXPECT_EQ(FindCandidates(lookup, L"C:\\..", true), (Texts{L"C:\\..old\\"}));
-    EXPECT_EQ(FindCandidates(lookup, L"C:\\", false).size(), 3U);
+    test::FakeFolders folders;
+    folders.Items = {{L".git", true}, {L"..old", true}, {L"...", false}};
+    EXPECT_EQ(FindCandidates(folders, L"C:\\", true), (Texts{L"C:\\..old\\", L"C:\\.git\\"}));
+    EXPECT_EQ(FindCandidates(folders, L"C:\\.", true), (Texts{L"C:\\..old\\", L"C:\\.git\\"}));
+    EXPECT_EQ(FindCandidates(folders, L"C:\\..", true), (Texts{L"C:\\..old\\"}));
+    EXPECT_EQ(FindCandidates(folders, L"C:\\", false).size(), 3U);
 }
 
 TEST(FindCandidates, NeverOfferFilesWhenOnlyFoldersAreWanted) {
-    test::FakeLookup lookup;
-    lookup.Items = {{L"a.txt", false}, {L"b", true}, {L"c", false}};
-    EXPECT_EQ(FindCandidates(lookup, L"\\\\srv\\share\\", true), Texts{L"\\\\srv\\share\\b\\"});
+    test::FakeFolders folders;
+    folders.Items = {{L"a.txt", false}, {L"b", true}, {L"c", false}};
+    EXPECT_EQ(FindCandidates(folders, L"\\\\srv\\share\\", true), Texts{L"\\\\srv\\share\\b\\"});
 }
 
 TEST(FindCandidates, AreSortedWithoutRegardToCase) {
-    test::FakeLookup lookup;
-    lookup.Items = {{L"beta", true}, {L"Gamma", true}, {L"ALPHA", true}, {L"alpha 2", true}, {L"_old", true}};
-    EXPECT_EQ(FindCandidates(lookup, L"C:\\", true),
+    test::FakeFolders folders;
+    folders.Items = {
+        {L"beta", true}, {L"Gamma", true}, {L"ALPHA", true}, {L"alpha 2", true}, {L"_old", true}};
+    EXPECT_EQ(FindCandidates(folders, L"C:\\", true),
               (Texts{L"C:\\_old\\", L"C:\\alpha 2\\", L"C:\\ALPHA\\", L"C:\\beta\\", L"C:\\Gamma\\"}));
 }
 
 TEST(FindCandidates, AreNotSearchedForBelowTwoUnits) {
-    test::FakeLookup lookup;
-    lookup.Items = {{L"a", true}};
-    EXPECT_EQ(FindCandidates(lookup, L"", true), Texts{});
-    EXPECT_EQ(FindCandidates(lookup, L"C", true), Texts{});
-    EXPECT_TRUE(lookup.Patterns.empty());
-    EXPECT_EQ(FindCandidates(lookup, L"C:", true), Texts{});
-    EXPECT_EQ(lookup.Patterns, Texts{L"C:*C:*"}) << "two units are searched for, though no name has a colon";
+    test::FakeFolders folders;
+    folders.Items = {{L"a", true}};
+    EXPECT_EQ(FindCandidates(folders, L"", true), Texts{});
+    EXPECT_EQ(FindCandidates(folders, L"C", true), Texts{});
+    EXPECT_TRUE(folders.Patterns.empty());
+    EXPECT_EQ(FindCandidates(folders, L"C:", true), Texts{});
+    EXPECT_EQ(folders.Patterns, Texts{L"C:*C:*"}) << "two units are searched for, though no name has a colon";
 }
 
 TEST(FindCandidates, StopOnceMoreThanFiveThousandAreThere) {
-    test::FakeLookup lookup;
+    test::FakeFolders folders;
     for (std::size_t index = 0; index < 5000; ++index) {
-        lookup.Items.push_back({L"file " + std::to_wstring(index), false});
-        lookup.Items.push_back({L"folder " + std::to_wstring(index), true});
+        folders.Items.push_back({L"file " + std::to_wstring(index), false});
+        folders.Items.push_back({L"folder " + std::to_wstring(index), true});
     }
-    EXPECT_EQ(FindCandidates(lookup, L"C:\\", true).size(), 5000U);
-    EXPECT_EQ(lookup.Visited, 10002U) << "the two dots are matches, too";
-    lookup.Visited = 0;
-    EXPECT_EQ(FindCandidates(lookup, L"C:\\", false).size(), 5001U);
-    EXPECT_EQ(lookup.Visited, 5003U);
+    EXPECT_EQ(FindCandidates(folders, L"C:\\", true).size(), 5000U);
+    EXPECT_EQ(folders.Visited, 10002U) << "the two dots are matches, too";
+    folders.Visited = 0;
+    EXPECT_EQ(FindCandidates(folders, L"C:\\", false).size(), 5001U);
+    EXPECT_EQ(folders.Visited, 5003U);
 }
 
 TEST(FindCandidates, OfAFailedSearchAreNone) {
-    test::FakeLookup lookup;
-    lookup.Items = {{L"a", true}};
-    lookup.OnlyFolder = L"C:\\";
-    EXPECT_EQ(FindCandidates(lookup, L"C:\\no access\\", true), Texts{});
+    test::FakeFolders folders;
+    folders.Items = {{L"a", true}};
+    folders.OnlyFolder = L"C:\\";
+    EXPECT_EQ(FindCandidates(folders, L"C:\\no access\\", true), Texts{});
 }
 
 TEST(FindCandidates, KeepTheFolderAsItWasTyped) {
-    test::FakeLookup lookup;
-    lookup.Items = {{L"sub", true}};
-    EXPECT_EQ(FindCandidates(lookup, L"c:\\DIR\\..\\s", true), Texts{L"c:\\DIR\\..\\sub\\"});
+    test::FakeFolders folders;
+    folders.Items = {{L"sub", true}};
+    EXPECT_EQ(FindCandidates(folders, L"c:\\DIR\\..\\s", true), Texts{L"c:\\DIR\\..\\sub\\"});
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "base/line_reader.h"
+#include "core/lang/heard_speech.h"
 #include "core/lang/message_text.h"
 
 namespace ferry::lang {
@@ -90,37 +91,39 @@ TEST(ComposeMessageFilePath, GoesTwoFoldersUpFromTheExecutable) {
               L"C:\\App\\Command\\Ferry\\..\\..\\Lang\\Msg.ja-JP.txt");
 }
 
-TEST(Catalogue, LoadsAtTheFirstFetchAndOnlyOnce) {
-    test::MessageText source;
-    source.File = L"1\tone\r\n2\ttwo\r\n";
-    Catalogue catalogue(source);
-    EXPECT_EQ(source.Reads, 0);
-    EXPECT_EQ(catalogue.Fetch(1), L"one");
-    EXPECT_EQ(catalogue.Fetch(2), L"two");
-    EXPECT_EQ(catalogue.Fetch(3), L"No message text.Please update message file.");
-    EXPECT_EQ(source.Reads, 1);
-    EXPECT_EQ(source.Reports, 0);
+class CatalogueTest : public testing::Test {
+protected:
+    test::MessageText file_;
+    test::HeardSpeech speech_;
+    Catalogue catalogue_{file_, L"C:\\Lang\\Msg.txt", speech_};
+};
+
+TEST_F(CatalogueTest, LoadsAtTheFirstFetchAndOnlyOnce) {
+    file_.File = L"1\tone\r\n2\ttwo\r\n";
+    EXPECT_TRUE(file_.Paths.empty());
+    EXPECT_EQ(catalogue_.Fetch(1), L"one");
+    EXPECT_EQ(catalogue_.Fetch(2), L"two");
+    EXPECT_EQ(catalogue_.Fetch(3), L"No message text.Please update message file.");
+    EXPECT_EQ(file_.Paths, std::vector<std::wstring>{L"C:\\Lang\\Msg.txt"});
+    EXPECT_TRUE(speech_.Heard.empty());
 }
 
-TEST(Catalogue, TellsTheUserAtEachFetchWhileTheFileIsMissing) {
-    test::MessageText source;
-    Catalogue catalogue(source);
-    EXPECT_EQ(catalogue.Fetch(1), kMissingText);
-    EXPECT_EQ(catalogue.Fetch(1), kMissingText);
-    EXPECT_EQ(source.Reports, 2);
-    source.File = L"1\tone\r\n";
-    EXPECT_EQ(catalogue.Fetch(1), L"one");
-    EXPECT_EQ(source.Reports, 2);
+TEST_F(CatalogueTest, TellsThePersonAtEachFetchWhileTheFileIsMissing) {
+    const test::HeardSpeech::Said complaint{L"Cannot open message file.\nC:\\Lang\\Msg.txt", Tone::Plain};
+    EXPECT_EQ(catalogue_.Fetch(1), kMissingText);
+    EXPECT_EQ(catalogue_.Fetch(1), kMissingText);
+    EXPECT_THAT(speech_.Heard, testing::ElementsAre(complaint, complaint));
+    file_.File = L"1\tone\r\n";
+    EXPECT_EQ(catalogue_.Fetch(1), L"one");
+    EXPECT_EQ(speech_.Heard.size(), 2u);
 }
 
-TEST(Catalogue, ReadsAgainWhileTheFileHoldsNoEntry) {
-    test::MessageText source;
-    source.File = L"// nothing yet\r\n";
-    Catalogue catalogue(source);
-    EXPECT_EQ(catalogue.Fetch(1), kMissingText);
-    EXPECT_EQ(catalogue.Fetch(1), kMissingText);
-    EXPECT_EQ(source.Reads, 2);
-    EXPECT_EQ(source.Reports, 0);
+TEST_F(CatalogueTest, ReadsAgainWhileTheFileHoldsNoEntry) {
+    file_.File = L"// nothing yet\r\n";
+    EXPECT_EQ(catalogue_.Fetch(1), kMissingText);
+    EXPECT_EQ(catalogue_.Fetch(1), kMissingText);
+    EXPECT_EQ(file_.Paths.size(), 2u);
+    EXPECT_TRUE(speech_.Heard.empty());
 }
 
 }  // namespace

@@ -1,28 +1,23 @@
-// The message file in memory keeps the contract that the one on a disk keeps.
+// The text file in memory keeps the contract that those on a disk keep.
 #include "core/lang/message_text.h"
 
-#include "core/lang/source_contract.h"
+#include "core/lang/text_files_contract.h"
 
 namespace ferry::lang::contract {
 namespace {
 
 class MemoryPlace final : public Place {
 public:
-    CatalogueSource& Source() override { return source_; }
-    void Write(std::wstring_view units) override { source_.File = units; }
-    void Remove() override { source_.File.reset(); }
-
-    bool Reports() override {
-        const int before = source_.Reports;
-        source_.ReportCannotOpen();
-        return source_.Reports == before + 1;
-    }
+    TextFiles& Files() override { return text_; }
+    std::wstring Path() override { return L"C:\\Lang\\Msg.ja-JP.txt"; }
+    void Write(std::wstring_view units) override { text_.File = units; }
+    void Remove() override { text_.File.reset(); }
 
 private:
-    test::MessageText source_;
+    test::MessageText text_;
 };
 
-INSTANTIATE_TEST_SUITE_P(Memory, SourceContract, testing::Values(&test::Make<Place, MemoryPlace>));
+INSTANTIATE_TEST_SUITE_P(Memory, TextFilesContract, testing::Values(&test::Make<Place, MemoryPlace>));
 
 }  // namespace
 }  // namespace ferry::lang::contract

@@ -1,9 +1,11 @@
 // The markers of copies, and which of them are found where.
-#include "name_cases.h"
 #include "naming/name_edits.h"
+#include "support/text_cases.h"
 
 namespace ferry::naming {
 namespace {
+
+using test::ExpectEach;
 
 TEST(RemoveCopyMarkers, TakesAPlainMarkerFromTheStart) {
     ExpectEach(RemoveCopyMarkers, {{L"コピー ～ 資料.txt", L"資料.txt"},

@@ -1,9 +1,12 @@
 // Digits at both ends of a name.
-#include "name_cases.h"
 #include "naming/name_edits.h"
+#include "support/text_cases.h"
 
 namespace ferry::naming {
 namespace {
+
+using test::ExpectEach;
+using test::LetterLocale;
 
 TEST(RemoveTrailingDigits, TakesTheDigitsAtTheEnd) {
     ExpectEach(RemoveTrailingDigits, {{L"IMG_0012", L"IMG_"},

@@ -1,16 +1,20 @@
 // Capitals and small letters, of the locale's and of the Latin kind.
-#include "name_cases.h"
 #include "naming/name_edits.h"
+#include "support/text_cases.h"
 
 namespace ferry::naming {
 namespace {
+
+using test::ExpectEach;
+using test::LetterLocale;
+using test::TextCase;
 
 constexpr std::wstring_view kDeseretCapital = L"\xD801\xDC00";
 constexpr std::wstring_view kDeseretSmall = L"\xD801\xDC28";
 
 TEST(LetterCase, FollowsTheLocale) {
     const LetterLocale locale;
-    constexpr NameCase kPairs[] = {{L"report", L"REPORT"}, {L"ａｂｃ", L"ＡＢＣ"}, {L"é", L"É"},
+    constexpr TextCase kPairs[] = {{L"report", L"REPORT"}, {L"ａｂｃ", L"ＡＢＣ"}, {L"é", L"É"},
                                    {L"привет", L"ПРИВЕТ"}, {L"ω", L"Ω"},           {L"a1_b", L"A1_B"}};
     for (const auto& [small, capital] : kPairs) {
         SCOPED_TRACE(base::ToUtf8(small));

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "base/utf16.h"
-#include "paths/path_helpers.h"
+#include "paths/path_grammar.h"
 
 namespace ferry::paths {
 namespace {

@@ -16,11 +16,5 @@ TEST(ManualAddress, NamesTheInstalledPageWhenThereIsNoBase) {
               L"C:\\App\\Command\\Ferry\\Manual\\kiv\\man5\\6.Command\\2.DefaultCommand\\Ferry.html");
 }
 
-TEST(UsesPlainFindFirst, HoldsForTwoShellVersionsOnly) {
-    for (int combined = 0; combined <= 2000; ++combined) {
-        EXPECT_EQ(UsesPlainFindFirst(combined), combined == 501 || combined == 600) << combined;
-    }
-}
-
 }  // namespace
 }  // namespace ferry::process

@@ -26,7 +26,7 @@ TEST_F(BatchRun, HandsAllSourcesToTheShellOnceInListOrder) {
     request.Sources.Append(L"C:\\b");
     request.Sources.Append(L"C:\\a");
     RunBatch(request, shell);
-    EXPECT_EQ(world.Log, (Lines{L"Batch D:\\out\\ copy C:\\b C:\\a flags 2800"}));
+    EXPECT_EQ(world.Log, (Lines{L"Batch D:\\out\\ copy C:\\b C:\\a flags 2840"}));
 }
 
 TEST_F(BatchRun, MovesWithFunctionOneAndLeavesOutTheConfirmationWhenToldNotToAsk) {
@@ -34,7 +34,7 @@ TEST_F(BatchRun, MovesWithFunctionOneAndLeavesOutTheConfirmationWhenToldNotToAsk
     request.Settings.NoAsk = 1;
     request.Sources.Append(L"C:\\a");
     RunBatch(request, shell);
-    EXPECT_EQ(world.Log, (Lines{L"Batch D:\\out\\ move C:\\a flags 2810"}));
+    EXPECT_EQ(world.Log, (Lines{L"Batch D:\\out\\ move C:\\a flags 2850"}));
 }
 
 TEST_F(BatchRun, ChoicesOfTheIndividualModeChangeNothing) {
@@ -44,7 +44,7 @@ TEST_F(BatchRun, ChoicesOfTheIndividualModeChangeNothing) {
             request.Settings = {1, policy, 0, 1, precision};
             world.Log.clear();
             RunBatch(request, shell);
-            EXPECT_EQ(world.Log, (Lines{L"Batch D:\\out\\ copy C:\\a flags 2800"}));
+            EXPECT_EQ(world.Log, (Lines{L"Batch D:\\out\\ copy C:\\a flags 2840"}));
         }
     }
 }
@@ -54,7 +54,7 @@ TEST_F(BatchRun, AnyNumberButZeroMeansNotToAsk) {
         request.Settings.NoAsk = noAsk;
         world.Log.clear();
         RunBatch(request, shell);
-        EXPECT_EQ(world.Log, (Lines{L"Batch D:\\out\\ copy flags 2810"}));
+        EXPECT_EQ(world.Log, (Lines{L"Batch D:\\out\\ copy flags 2850"}));
     }
 }
 

@@ -66,30 +66,31 @@ protected:
 
     void FailCreationWith(Fault fault) {
         world.Faults = [fault](std::size_t, std::wstring_view port) {
-            return port == L"CreateFolder" ? fault : Fault::None;
+            return port == L"MakeFolder" ? fault : Fault::None;
         };
     }
 
     void Expect(std::wstring_view path, FolderOutcome outcome, std::uint16_t message) {
-        const EnsuredFolder ensured = EnsureDestinationFolder(files, path);
+        const EnsuredFolder ensured = EnsureDestinationFolder(files, files, shell, path);
         EXPECT_EQ(ensured.Outcome, outcome);
         EXPECT_EQ(ensured.Message, message);
     }
 
     model::World world;
     model::ModelFileSystem files{world};
+    model::ModelShell shell{world};
 };
 
 TEST_F(DestinationFolder, IsMadeWithItsParentsAndTheShellIsTold) {
     Expect(L"D:\\new\\deep\\", FolderOutcome::Ready, 0);
     EXPECT_NE(world.Files.At(L"D:\\new\\deep"), nullptr);
     EXPECT_EQ(world.Log, (Lines{L"IsRoot D:\\new\\deep\\", L"Attributes D:\\new\\deep",
-                                L"CreateFolder D:\\new\\deep", L"NotifyFolderMade D:\\new\\deep"}));
+                                L"MakeFolder D:\\new\\deep", L"NotifyFolderMade D:\\new\\deep"}));
 }
 
 TEST_F(DestinationFolder, ThatExistsIsReadyAndTheShellIsNotTold) {
     Expect(L"D:\\here\\", FolderOutcome::Ready, 0);
-    EXPECT_EQ(world.Log.back(), L"CreateFolder D:\\here");
+    EXPECT_EQ(world.Log.back(), L"MakeFolder D:\\here");
 }
 
 TEST_F(DestinationFolder, ThatIsARootIsTakenAsItIs) {
@@ -140,7 +141,7 @@ TEST_F(DestinationFolder, AnEmptyPathHasItsOwnMessage) {
 TEST_F(DestinationFolder, ThatEndsInTheSlashSeparatorIsMadeWithItAsPartOfItsName) {
     Expect(L"D:/new\x008B", FolderOutcome::Ready, 0);
     EXPECT_EQ(world.Log, (Lines{L"IsRoot D:/new\x008B", L"Attributes D:/new\x008B",
-                                L"CreateFolder D:/new\x008B", L"NotifyFolderMade D:/new\x008B"}));
+                                L"MakeFolder D:/new\x008B", L"NotifyFolderMade D:/new\x008B"}));
     EXPECT_NE(world.Files.At(L"D:\\new\x008B"), nullptr);
     EXPECT_EQ(world.Files.At(L"D:\\new"), nullptr);
 }

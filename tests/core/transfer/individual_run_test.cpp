@@ -61,27 +61,27 @@ TEST_F(IndividualRunTest, AMoveOfAFolderMakesItsCallsInOrder) {
     UseMove();
     EXPECT_TRUE(run.Run());
     EXPECT_EQ(Log(), (Lines{L"Attributes C:\\src\\dir",
-                            L"Enumerate C:\\src\\dir",
-                            L"Enumerate C:\\src\\dir\\sub",
+                            L"Search C:\\src\\dir",
+                            L"Search C:\\src\\dir\\sub",
                             L"SetRange 4",
                             L"Drain",
                             L"Step",
-                            L"CreateFolder D:\\out\\dir",
+                            L"MakeFolder D:\\out\\dir",
                             L"Show dir",
                             L"Drain",
                             L"Step",
-                            L"CreateFolder D:\\out\\dir\\sub",
+                            L"MakeFolder D:\\out\\dir\\sub",
                             L"Show sub",
                             L"Drain",
                             L"Step",
                             L"Find D:\\out\\dir\\a",
-                            L"FileSize C:\\src\\dir\\a",
+                            L"Size C:\\src\\dir\\a",
                             L"Move C:\\src\\dir\\a > D:\\out\\dir\\ flags 2A14 asked",
                             L"Show a",
                             L"Drain",
                             L"Step",
                             L"Find D:\\out\\dir\\sub\\b",
-                            L"FileSize C:\\src\\dir\\sub\\b",
+                            L"Size C:\\src\\dir\\sub\\b",
                             L"Move C:\\src\\dir\\sub\\b > D:\\out\\dir\\sub\\ flags 2A14 asked",
                             L"Show b",
                             L"Attributes D:\\out\\dir\\sub",
@@ -97,9 +97,8 @@ TEST_F(IndividualRunTest, ACopyOfOneFileMakesItsCallsInOrder) {
     AddFile(L"C:\\src\\a");
     AddSource(L"C:\\src\\a");
     EXPECT_TRUE(run.Run());
-    EXPECT_EQ(Log(),
-              (Lines{L"Attributes C:\\src\\a", L"SetRange 1", L"Drain", L"Step", L"Find D:\\out\\a",
-                     L"FileSize C:\\src\\a", L"Copy C:\\src\\a > D:\\out\\ flags 2A14 asked", L"Show a"}));
+    EXPECT_EQ(Log(), (Lines{L"Attributes C:\\src\\a", L"SetRange 1", L"Drain", L"Step", L"Find D:\\out\\a",
+                            L"Size C:\\src\\a", L"Copy C:\\src\\a > D:\\out\\ flags 2A14 asked", L"Show a"}));
 }
 
 TEST_F(IndividualRunTest, AFolderThatExistsGetsTheSourcesAttributesAndANewOneDoesNot) {
@@ -111,7 +110,7 @@ TEST_F(IndividualRunTest, AFolderThatExistsGetsTheSourcesAttributesAndANewOneDoe
     EXPECT_EQ(AttributesOf(L"D:\\out\\dir"), 0x13u);
     EXPECT_EQ(AttributesOf(L"D:\\out\\dir\\sub"), 0x10u);
     const Lines calls(Log().begin() + 4, Log().begin() + 10);
-    EXPECT_EQ(calls, (Lines{L"Drain", L"Step", L"CreateFolder D:\\out\\dir", L"NotifyFolderMade D:\\out\\dir",
+    EXPECT_EQ(calls, (Lines{L"Drain", L"Step", L"MakeFolder D:\\out\\dir", L"NotifyFolderMade D:\\out\\dir",
                             L"Attributes C:\\src\\dir", L"SetAttributes D:\\out\\dir 19"}));
 }
 
@@ -122,7 +121,7 @@ TEST_F(IndividualRunTest, AnyFailureToMakeAFolderTellsTheShellAndCopiesTheAttrib
     UseMove();
     EXPECT_TRUE(run.Run());
     const Lines calls(Log().begin() + 5, Log().begin() + 9);
-    EXPECT_EQ(calls, (Lines{L"CreateFolder D:\\out\\dir", L"NotifyFolderMade D:\\out\\dir",
+    EXPECT_EQ(calls, (Lines{L"MakeFolder D:\\out\\dir", L"NotifyFolderMade D:\\out\\dir",
                             L"Attributes C:\\src\\dir", L"SetAttributes D:\\out\\dir 16"}));
     EXPECT_EQ(ContentAt(L"D:\\out\\dir"), BytesOf(L"D:\\out\\dir"));
     EXPECT_TRUE(Exists(L"C:\\src\\dir")) << "a folder without a counterpart stays";
@@ -193,7 +192,7 @@ TEST_F(IndividualRunTest, AnEmptyFolderWhoseCounterpartCouldNotBeMadeStays) {
     AddSource(L"C:\\src\\dir");
     UseMove();
     run.Shared.Faults = [](std::size_t, std::wstring_view port) {
-        return port == L"CreateFolder" ? Fault::Fail : Fault::None;
+        return port == L"MakeFolder" ? Fault::Fail : Fault::None;
     };
     EXPECT_TRUE(run.Run());
     EXPECT_TRUE(Exists(L"C:\\src\\dir"));
@@ -208,12 +207,12 @@ TEST_F(IndividualRunTest, ACopyChangesNothingAtTheSourceNotEvenATime) {
     AddSource(L"C:\\src\\dir");
     AddSource(L"C:\\src\\b");
     run.Person.NewName = [count = 0]() mutable {
-        return NameAnswer{kEndOk, L"name " + std::to_wstring(count++)};
+        return NameAnswer{NameChoice::Use, L"name " + std::to_wstring(count++)};
     };
     const auto before = run.Shared.Files.Snapshot(L"C:");
     for (std::uint32_t policy = 0; policy <= 8; ++policy) {
         UsePolicy(policy);
-        AnswerCollisions({{kEndForAll, 3}});
+        AnswerCollisions({{CollisionChoice::ThisAndLater, PolicyOf(3)}});
         EXPECT_TRUE(run.Run());
         EXPECT_EQ(run.Shared.Files.Snapshot(L"C:"), before) << policy;
     }
@@ -335,54 +334,63 @@ protected:
 };
 
 TEST_F(CollisionQuestions, PolicySevenAsksForEveryCollisionAndOkHoldsForOneFile) {
-    AnswerCollisions({{kEndOk, 3}, {kEndOk, 2}, {kEndOk, 3}});
+    AnswerCollisions({{CollisionChoice::ThisItem, PolicyOf(3)},
+                      {CollisionChoice::ThisItem, PolicyOf(2)},
+                      {CollisionChoice::ThisItem, PolicyOf(3)}});
     EXPECT_TRUE(run.Run());
     EXPECT_EQ(Questions(), 3u);
     EXPECT_EQ(Contents(), "incoming existing incoming");
 }
 
 TEST_F(CollisionQuestions, TheQuestionNamesTheTargetAfterItWasLookedUp) {
-    AnswerCollisions({{kEndStopAll, 0}});
+    AnswerCollisions({{CollisionChoice::StopRun, PolicyOf(0)}});
     EXPECT_FALSE(run.Run());
     const Lines calls(Log().end() - 2, Log().end());
     EXPECT_EQ(calls, (Lines{L"Find D:\\out\\a", L"AskCollision a"}));
 }
 
 TEST_F(CollisionQuestions, ForAllMakesTheChoiceTheRunsPolicy) {
-    AnswerCollisions({{kEndOk, 2}, {kEndForAll, 3}});
+    AnswerCollisions(
+        {{CollisionChoice::ThisItem, PolicyOf(2)}, {CollisionChoice::ThisAndLater, PolicyOf(3)}});
     EXPECT_TRUE(run.Run());
     EXPECT_EQ(Questions(), 2u);
     EXPECT_EQ(Contents(), "existing incoming incoming");
 }
 
 TEST_F(CollisionQuestions, CancelSkipsTheFileAndGoesOn) {
-    AnswerCollisions({{kEndCancel, 3}, {kEndOk, 3}, {kEndCancel, 3}});
+    AnswerCollisions({{CollisionChoice::SkipItem, PolicyOf(3)},
+                      {CollisionChoice::ThisItem, PolicyOf(3)},
+                      {CollisionChoice::SkipItem, PolicyOf(3)}});
     EXPECT_TRUE(run.Run());
     EXPECT_EQ(Contents(), "existing incoming existing");
 }
 
 TEST_F(CollisionQuestions, StopAllEndsTheWholeTransfer) {
-    AnswerCollisions({{kEndOk, 3}, {kEndStopAll, 3}});
+    AnswerCollisions({{CollisionChoice::ThisItem, PolicyOf(3)}, {CollisionChoice::StopRun, PolicyOf(3)}});
     EXPECT_FALSE(run.Run());
     EXPECT_EQ(Contents(), "incoming existing existing");
 }
 
 TEST_F(CollisionQuestions, AreNotAskedForAFileThatIsNotThere) {
     run.Shared.Files.Detach(L"D:\\out\\a");
-    AnswerCollisions({{kEndOk, 2}, {kEndOk, 2}});
+    AnswerCollisions({{CollisionChoice::ThisItem, PolicyOf(2)}, {CollisionChoice::ThisItem, PolicyOf(2)}});
     EXPECT_TRUE(run.Run());
     EXPECT_EQ(Contents(), "incoming existing existing");
 }
 
 TEST_F(CollisionQuestions, AnAutomaticNameOnceChosenHoldsForLaterFiles) {
-    AnswerCollisions({{kEndOk, 6}, {kEndOk, 3}, {kEndOk, 3}});
+    AnswerCollisions({{CollisionChoice::ThisItem, PolicyOf(6)},
+                      {CollisionChoice::ThisItem, PolicyOf(3)},
+                      {CollisionChoice::ThisItem, PolicyOf(3)}});
     EXPECT_TRUE(run.Run());
     EXPECT_EQ(Contents(), "existing existing existing");
     EXPECT_EQ(ContentAt(L"D:\\out\\c (2)"), BytesOf(L"C:\\src\\c"));
 }
 
 TEST_F(CollisionQuestions, EqualsPolicyThreeWhenTheAnswerIsOutOfRange) {
-    AnswerCollisions({{kEndOk, 0xFFFFFFFF}, {kEndOk, 7}, {kEndOk, 8}});
+    AnswerCollisions({{CollisionChoice::ThisItem, PolicyOf(0xFFFFFFFF)},
+                      {CollisionChoice::ThisItem, PolicyOf(7)},
+                      {CollisionChoice::ThisItem, PolicyOf(100)}});
     EXPECT_TRUE(run.Run());
     EXPECT_EQ(Contents(), "incoming incoming incoming");
 }

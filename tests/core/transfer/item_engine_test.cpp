@@ -40,7 +40,7 @@ protected:
                       std::wstring_view target = kTarget) {
         const Item item{source, target, files.Find(target)};
         world.Log.clear();
-        return engine->Handle(item, policy);
+        return engine->Handle(item, PolicyOf(policy));
     }
 
     std::string ContentAt(std::wstring_view path) const { return world.Files.ContentAt(path); }
@@ -52,11 +52,13 @@ protected:
     }
 
     void Use(Operation operation, std::uint32_t precision) {
-        engine.emplace(files, shell, person, operation, precision);
+        engine.emplace(RunPorts{files, files, files, shell, clock, person, view}, operation, precision);
     }
 
     model::World world;
     model::ModelFileSystem files{world};
+    model::ModelClock clock{world};
+    model::ModelProgress view{world};
     model::ModelShell shell{world};
     model::ModelQuestions person{world};
     std::vector<NameAnswer> names;
@@ -68,7 +70,7 @@ TEST_F(ItemEngineTest, AMissingTargetIsTransferredWhateverThePolicy) {
         SCOPED_TRACE(policy);
         EXPECT_EQ(Handle(policy), ItemResult::Continue);
         EXPECT_EQ(world.Log,
-                  (Lines{L"FileSize C:\\src\\a.txt", L"Copy C:\\src\\a.txt > D:\\out\\ flags 2A14 asked"}));
+                  (Lines{L"Size C:\\src\\a.txt", L"Copy C:\\src\\a.txt > D:\\out\\ flags 2A14 asked"}));
         EXPECT_EQ(ContentAt(kTarget), "incoming");
         world.Files.Detach(kTarget);
     }
@@ -84,7 +86,7 @@ TEST_F(ItemEngineTest, AMoveIsQueuedAsAMove) {
 TEST_F(ItemEngineTest, PolicyZeroTakesASourceThatIsNewerByASingleTick) {
     PutExisting(model::kBaseTime - 1);
     EXPECT_EQ(Handle(0), ItemResult::Continue);
-    EXPECT_EQ(world.Log, (Lines{L"Find C:\\src\\a.txt", L"FileSize C:\\src\\a.txt",
+    EXPECT_EQ(world.Log, (Lines{L"Find C:\\src\\a.txt", L"Size C:\\src\\a.txt",
                                 L"Copy C:\\src\\a.txt > D:\\out\\ flags 2A14 asked"}));
     EXPECT_EQ(ContentAt(kTarget), "incoming");
 }
@@ -134,11 +136,11 @@ TEST_F(ItemEngineTest, ASourceWhoseTimeIsUnknownIsNeitherNewerNorOlder) {
         const Item item{kSource, kTarget, files.Find(kTarget)};
         Fail(L"Find", Fault::Fail);
         world.Log.clear();
-        EXPECT_EQ(engine->Handle(item, policy), ItemResult::Continue);
+        EXPECT_EQ(engine->Handle(item, PolicyOf(policy)), ItemResult::Continue);
         EXPECT_EQ(world.Log, (Lines{L"Find C:\\src\\a.txt"})) << "the shell is not asked";
         EXPECT_EQ(ContentAt(kTarget), "existing");
         Fail(L"Find", Fault::Vanish);
-        EXPECT_EQ(engine->Handle(item, policy), ItemResult::Continue);
+        EXPECT_EQ(engine->Handle(item, PolicyOf(policy)), ItemResult::Continue);
         EXPECT_EQ(ContentAt(kTarget), "existing");
     }
 }
@@ -149,7 +151,7 @@ TEST_F(ItemEngineTest, ATargetThatCannotBeLookedAtIsNotOverwrittenByItsTime) {
         Fail(L"Find", Fault::Fail);
         const Item item{kSource, kTarget, files.Find(kTarget)};
         ASSERT_TRUE(item.Existing);
-        EXPECT_EQ(engine->Handle(item, policy), ItemResult::Continue);
+        EXPECT_EQ(engine->Handle(item, PolicyOf(policy)), ItemResult::Continue);
         EXPECT_EQ(ContentAt(kTarget), "existing");
     }
 }
@@ -162,7 +164,7 @@ TEST_F(ItemEngineTest, PolicyTwoNeverTouchesAnExistingTargetAndGoesOn) {
 }
 
 TEST_F(ItemEngineTest, PolicyThreeSevenAndAllHigherNumbersOverwrite) {
-    for (const std::uint32_t policy : {3u, 7u, 8u, 100u, 0xFFFFFFFFu}) {
+    for (const std::uint32_t policy : {3u, 7u, 100u, 0xFFFFFFFFu}) {
         SCOPED_TRACE(policy);
         PutExisting(model::kBaseTime + 1000);
         EXPECT_EQ(Handle(policy), ItemResult::Continue);
@@ -188,7 +190,7 @@ TEST_F(ItemEngineTest, TheSamePathIsRefusedAlsoWhenNothingStandsThereAnyMore) {
 }
 
 TEST_F(ItemEngineTest, TheSamePathUnderPolicyFourStillOpensTheRenameDialog) {
-    names = {{kEndOk, L"b.txt"}};
+    names = {{NameChoice::Use, L"b.txt"}};
     EXPECT_EQ(Handle(4, kSource, kSource), ItemResult::Continue);
     EXPECT_EQ(world.Log, (Lines{L"AskNameForIncoming C:\\src\\a.txt", L"Find C:\\src\\b.txt",
                                 L"Copy C:\\src\\a.txt > C:\\src\\ as b.txt flags 2A04"}));
@@ -217,7 +219,7 @@ TEST_F(ItemEngineTest, AFileOfUnknownSizeCountsAsSmall) {
     world.Files.At(kSource)->ExtraSize = kSilentSizeLimit;
     Handle(3);
     EXPECT_EQ(world.Log.back(), L"Copy C:\\src\\a.txt > D:\\out\\ flags 2A10 asked");
-    Fail(L"FileSize", Fault::Fail);
+    Fail(L"Size", Fault::Fail);
     Handle(3);
     EXPECT_EQ(world.Log.back(), L"Copy C:\\src\\a.txt > D:\\out\\ flags 2A14 asked");
 }
@@ -231,7 +233,7 @@ TEST_F(ItemEngineTest, TheShellsProgressOfALargeFileGoesOnForFilesThatGetAnother
     world.Files.At(kSource)->ExtraSize = kSilentSizeLimit;
     Handle(3);
     for (const auto& [policy, expected] : cases) {
-        names = {{kEndOk, policy == 4 ? L"n" : L"old"}};
+        names = {{NameChoice::Use, policy == 4 ? L"n" : L"old"}};
         Handle(policy);
         EXPECT_EQ(world.Log.back(), expected);
     }
@@ -262,7 +264,7 @@ TEST_F(ItemEngineTest, PolicySixLeavesTheNameToTheShellForTheRestOfTheRun) {
 TEST_F(ItemEngineTest, OnceTheShellPickedANameItMayDoSoForTypedNamesToo) {
     PutExisting();
     Handle(6);
-    names = {{kEndOk, L"n"}, {kEndOk, L"old"}};
+    names = {{NameChoice::Use, L"n"}, {NameChoice::Use, L"old"}};
     Handle(4);
     EXPECT_EQ(world.Log.back(), L"Copy C:\\src\\a.txt > D:\\out\\ as n flags 2A0C");
     Handle(5);
@@ -282,7 +284,7 @@ TEST_F(ItemEngineTest, ANameWithAForbiddenCharacterBringsTheRenameDialogBackWith
     PutExisting();
     for (const std::uint32_t policy : {4u, 5u}) {
         for (const wchar_t unit : std::wstring_view(L"/:*?\"><|\\")) {
-            names = {{kEndOk, std::wstring(L"x") + unit + L"y"}, {kEndCancel, L""}};
+            names = {{NameChoice::Use, std::wstring(L"x") + unit + L"y"}, {NameChoice::SkipItem, L""}};
             EXPECT_EQ(Handle(policy), ItemResult::Continue);
             EXPECT_EQ(world.Log.size(), 2u) << "two questions and nothing else";
             EXPECT_TRUE(person.Errors.empty());
@@ -291,23 +293,20 @@ TEST_F(ItemEngineTest, ANameWithAForbiddenCharacterBringsTheRenameDialogBackWith
     EXPECT_EQ(ContentAt(kTarget), "existing");
 }
 
-TEST_F(ItemEngineTest, EndCodeFiveOfTheRenameDialogStopsAndAnyOtherSkipsTheFile) {
+TEST_F(ItemEngineTest, WithoutANewNameTheRunStopsOrTheFileIsSkippedAsThePersonWants) {
     PutExisting();
     for (const std::uint32_t policy : {4u, 5u}) {
-        names = {{kEndForAll, L"n"}, {kEndCancel, L"n"}, {kEndStopAll, L"n"}, {0, L"n"}};
+        names = {{NameChoice::StopRun, L"n"}, {NameChoice::SkipItem, L"n"}};
         EXPECT_EQ(Handle(policy), ItemResult::Stop);
-        for (int answer = 0; answer < 3; ++answer) {
-            EXPECT_EQ(Handle(policy), ItemResult::Continue);
-            EXPECT_EQ(world.Log.size(), 1u);
-        }
+        EXPECT_EQ(Handle(policy), ItemResult::Continue);
+        EXPECT_EQ(world.Log.size(), 1u);
     }
-    EXPECT_EQ(ContentAt(kTarget), "existing");
 }
 
 TEST_F(ItemEngineTest, PolicyFourAsksAgainWhileTheNewNameIsTakenOrMissing) {
     PutExisting();
     world.Files.AddFile(L"D:\\out\\taken", "other");
-    names = {{kEndOk, L"TAKEN"}, {kEndOk, L""}, {kEndOk, L"free"}};
+    names = {{NameChoice::Use, L"TAKEN"}, {NameChoice::Use, L""}, {NameChoice::Use, L"free"}};
     EXPECT_EQ(Handle(4), ItemResult::Continue);
     EXPECT_EQ(world.Log,
               (Lines{L"AskNameForIncoming D:\\out\\a.txt", L"Find D:\\out\\TAKEN",
@@ -319,11 +318,11 @@ TEST_F(ItemEngineTest, PolicyFourAsksAgainWhileTheNewNameIsTakenOrMissing) {
 
 TEST_F(ItemEngineTest, PolicyFourAsksAgainOnlyWhenThereWasNoOperation) {
     PutExisting();
-    names = {{kEndOk, L"n"}, {kEndOk, L"n"}};
+    names = {{NameChoice::Use, L"n"}, {NameChoice::Use, L"n"}};
     Fail(L"Copy", Fault::NoObject);
     EXPECT_EQ(Handle(4), ItemResult::Continue);
     EXPECT_EQ(ContentAt(L"D:\\out\\n"), "incoming");
-    names = {{kEndOk, L"m"}, {kEndOk, L"m"}};
+    names = {{NameChoice::Use, L"m"}, {NameChoice::Use, L"m"}};
     Fail(L"Copy", Fault::Fail);
     EXPECT_EQ(Handle(4), ItemResult::Continue);
     EXPECT_EQ(names.size(), 1u);
@@ -331,7 +330,7 @@ TEST_F(ItemEngineTest, PolicyFourAsksAgainOnlyWhenThereWasNoOperation) {
 
 TEST_F(ItemEngineTest, PolicyFiveRenamesTheExistingFileAndPutsTheIncomingOneInItsPlace) {
     PutExisting();
-    names = {{kEndOk, L"old.txt"}};
+    names = {{NameChoice::Use, L"old.txt"}};
     EXPECT_EQ(Handle(5), ItemResult::Continue);
     EXPECT_EQ(world.Log,
               (Lines{L"AskNameForExisting D:\\out\\a.txt", L"Rename D:\\out\\a.txt D:\\out\\old.txt",
@@ -343,7 +342,7 @@ TEST_F(ItemEngineTest, PolicyFiveRenamesTheExistingFileAndPutsTheIncomingOneInIt
 TEST_F(ItemEngineTest, PolicyFiveShowsAMessageAndAsksAgainWhenRenamingFails) {
     PutExisting();
     world.Files.AddFile(L"D:\\out\\taken", "other");
-    names = {{kEndOk, L"taken"}, {kEndOk, L""}, {kEndOk, L"free"}};
+    names = {{NameChoice::Use, L"taken"}, {NameChoice::Use, L""}, {NameChoice::Use, L"free"}};
     EXPECT_EQ(Handle(5), ItemResult::Continue);
     EXPECT_EQ(person.Errors, (std::vector<std::uint16_t>{62535, 62535}));
     EXPECT_EQ(ContentAt(L"D:\\out\\taken"), "other");
@@ -353,7 +352,7 @@ TEST_F(ItemEngineTest, PolicyFiveShowsAMessageAndAsksAgainWhenRenamingFails) {
 
 TEST_F(ItemEngineTest, PolicyFiveAsksAgainOnlyWhenThereWasNoOperation) {
     PutExisting();
-    names = {{kEndOk, L"n"}, {kEndCancel, L""}};
+    names = {{NameChoice::Use, L"n"}, {NameChoice::SkipItem, L""}};
     Fail(L"Copy", Fault::NoObject);
     EXPECT_EQ(Handle(5), ItemResult::Continue);
     EXPECT_TRUE(names.empty());
@@ -362,7 +361,7 @@ TEST_F(ItemEngineTest, PolicyFiveAsksAgainOnlyWhenThereWasNoOperation) {
 
 TEST_F(ItemEngineTest, AfterARenameLoopTheNextPlainTransferIsWithoutConfirmationAgain) {
     PutExisting();
-    names = {{kEndOk, L"n"}};
+    names = {{NameChoice::Use, L"n"}};
     Handle(4);
     EXPECT_EQ(engine->Record().Flags, 0x2A04u);
     Handle(3);

@@ -15,8 +15,19 @@ constexpr std::uint32_t kReadOnly = 1;
 // What SetFileAttributesW takes; the other bits say what an item is, and stay.
 constexpr std::uint32_t kSettable = 0x31A7;
 
-FoundItem Found(const Node& node) {
-    return {node.Name, node.Attributes, node.LastWriteTime, true};
+files::Match MatchOf(std::wstring_view name, const Node& node) {
+    return {name, node.Attributes, {node.LastWriteTime, node.LastAccessTime, node.LastWriteTime}};
+}
+
+/// Whether `name` fits `mask`, in which "*" stands for any text and "?" for any character; both in small
+/// letters.
+bool Fits(std::wstring_view mask, std::wstring_view name) {
+    if (mask.empty())
+        return name.empty();
+    if (mask.front() == L'*')
+        return Fits(mask.substr(1), name) || (!name.empty() && Fits(mask, name.substr(1)));
+    return !name.empty() && (mask.front() == L'?' || mask.front() == name.front()) &&
+           Fits(mask.substr(1), name.substr(1));
 }
 
 /// Whether a call that did its work says so; the others claim to have failed.
@@ -48,10 +59,10 @@ bool IsOnServer(std::wstring_view path) {
 std::uint32_t ModelFileSystem::Attributes(std::wstring_view path) {
     if (Stops(world_.Enter(L"Attributes", path))) {
         world_.HiddenAttributes.insert(base::SmallLetters(path));
-        return kInvalidAttributes;
+        return files::kInvalidAttributes;
     }
     const Node* const node = world_.Files.At(path);
-    return node == nullptr ? kInvalidAttributes : node->Attributes;
+    return node == nullptr ? files::kInvalidAttributes : node->Attributes;
 }
 
 bool ModelFileSystem::SetAttributes(std::wstring_view path, std::uint32_t attributes) {
@@ -61,34 +72,49 @@ bool ModelFileSystem::SetAttributes(std::wstring_view path, std::uint32_t attrib
     Node* const node = world_.Files.At(path);
     if (Stops(fault) || node == nullptr)
         return false;
-    node->Attributes = (attributes & kSettable) | (node->IsFolder ? kAttributeDirectory : 0);
+    node->Attributes = (attributes & kSettable) | (node->IsFolder ? files::kAttributeDirectory : 0);
     return SaysDone(fault);
 }
 
-void ModelFileSystem::Enumerate(std::wstring_view folder,
-                                const std::function<void(const FoundItem&)>& visit) {
-    const Fault fault = world_.Enter(L"Enumerate", folder);
-    const Node* const node = world_.Files.At(folder);
-    if (Stops(fault) || node == nullptr)
+void ModelFileSystem::Search(std::wstring_view pattern,
+                             const std::function<bool(const files::Match&)>& visit) {
+    const std::size_t separator = pattern.find_last_of(L"\\/");
+    const std::wstring_view folder = pattern.substr(0, separator);
+    const std::wstring mask = base::SmallLetters(pattern.substr(separator + 1));
+    const Fault fault = world_.Enter(L"Search", folder, mask == L"*" ? std::wstring_view() : mask);
+    if (Stops(fault))
+        return;
+    if (mask.find_first_of(L"*?") == std::wstring::npos) {
+        const Node* const only = PlainPath(pattern).ends_with(L'\\') ? nullptr : world_.Files.At(pattern);
+        if (only != nullptr)
+            visit(MatchOf(only->Name, *only));
+        return;
+    }
+    const Node* const node = world_.Files.At(pattern.substr(0, separator + 1));
+    if (node == nullptr || !node->IsFolder)
         return;
     ++openSearches_;
     mostOpenSearches_ = std::max(mostOpenSearches_, openSearches_);
+    const auto goesOn = [&](std::wstring_view name, const Node& item) {
+        return !Fits(mask, base::SmallLetters(name)) || visit(MatchOf(name, item));
+    };
+    bool goes = goesOn(L".", *node) && goesOn(L"..", *node);
     // A search that breaks off halfway has no other sign than its end.
     const std::size_t count = node->Children.size() / (fault == Fault::DoNothing ? 2 : 1);
-    for (std::size_t index = 0; index < count; ++index)
-        visit(Found(*node->Children[index]));
+    for (std::size_t index = 0; goes && index < count; ++index)
+        goes = goesOn(node->Children[index]->Name, *node->Children[index]);
     --openSearches_;
 }
 
-std::optional<FoundItem> ModelFileSystem::Find(std::wstring_view path) {
+std::optional<files::FoundItem> ModelFileSystem::Find(std::wstring_view path) {
     const Fault fault = world_.Enter(L"Find", path);
     const Node* const node = PlainPath(path).ends_with(L'\\') ? nullptr : world_.Files.At(path);
-    std::optional<FoundItem> found;
+    std::optional<files::FoundItem> found;
     if (Stops(fault)) {
         world_.HiddenItems.insert(base::SmallLetters(path));
-        found = FoundItem{std::wstring(path.substr(path.rfind(L'\\') + 1)), 0, 0, false};
+        found = files::FoundItem{0, 0, false};
     } else if (node != nullptr) {
-        found = Found(*node);
+        found = files::FoundItem{node->Attributes, node->LastWriteTime, true};
     }
     // A run looks at the target before anything else.
     if (!world_.TargetWasSeen)
@@ -96,25 +122,25 @@ std::optional<FoundItem> ModelFileSystem::Find(std::wstring_view path) {
     return found;
 }
 
-std::uint64_t ModelFileSystem::FileSize(std::wstring_view path) {
-    const Fault fault = world_.Enter(L"FileSize", path);
+std::uint64_t ModelFileSystem::Size(std::wstring_view path) {
+    const Fault fault = world_.Enter(L"Size", path);
     const Node* const node = world_.Files.At(path);
     return Stops(fault) || node == nullptr ? 0 : node->Content.size() + node->ExtraSize;
 }
 
-int ModelFileSystem::CreateFolder(std::wstring_view path) {
-    const Fault fault = world_.Enter(L"CreateFolder", path);
+int ModelFileSystem::MakeFolder(std::wstring_view path) {
+    const Fault fault = world_.Enter(L"MakeFolder", path);
     if (fault == Fault::Cancel)
-        return kFolderCancelled;
+        return files::kFolderCancelled;
     if (fault == Fault::DoNothing)
-        return kFolderCreated;
+        return files::kFolderMade;
     if (Stops(fault))
         return kAccessDenied;
     if (world_.Files.At(path) != nullptr)
-        return kFolderExists;  // the shell says so of a file too
+        return files::kFolderExists;  // the shell says so of a file too
     if (HasForbiddenName(path))
         return kInvalidName;
-    return MakeWithParents(path) ? (SaysDone(fault) ? kFolderCreated : kAccessDenied) : kPathNotFound;
+    return MakeWithParents(path) ? (SaysDone(fault) ? files::kFolderMade : kAccessDenied) : kPathNotFound;
 }
 
 bool ModelFileSystem::MakeWithParents(std::wstring_view path) {
@@ -138,10 +164,6 @@ bool ModelFileSystem::MakeOne(std::wstring_view path) {
     world_.Touch(world_.Files.AddFolder(WithBackslashes(path)));
     world_.Touch(*parent);
     return true;
-}
-
-void ModelFileSystem::NotifyFolderMade(std::wstring_view path) {
-    world_.Enter(L"NotifyFolderMade", path);
 }
 
 bool ModelFileSystem::RemoveFolder(std::wstring_view path) {
@@ -198,28 +220,6 @@ bool ModelFileSystem::IsRoot(std::wstring_view path) {
     const bool isServerWithSeparator = names.find(L'\\') == names.size() - 1;
     return isServerWithSeparator ? world_.ServersWithSeparatorAreRoots
                                  : std::ranges::count(names, L'\\') <= 1;
-}
-
-double ModelFileSystem::LocalDate(std::uint64_t fileTime) {
-    const Fault fault = world_.EnterPlain(L"LocalDate", std::to_wstring(fileTime));
-    if (!Stops(fault))
-        return ModelLocalDate(fileTime);
-    world_.DatesDisturbed = true;
-    return 0.0;
-}
-
-double ModelLocalDate(std::uint64_t fileTime) {
-    constexpr std::int64_t kSecondsPerDay = 86'400;
-    constexpr std::int64_t kNineHours = 32'400;
-    constexpr std::int64_t kEpochDay = 109'205;               // 1899-12-30 counted from 1601-01-01
-    constexpr std::int64_t kEndOfCalendar = 265'046'774'400;  // the date type ends with the year 9999
-    const auto seconds = static_cast<std::int64_t>(fileTime / kSecond) + kNineHours;
-    if (seconds >= kEndOfCalendar)
-        return 0.0;
-    const std::int64_t wholeDays = seconds / kSecondsPerDay - kEpochDay;
-    const auto day = static_cast<double>(wholeDays);
-    const double fraction = static_cast<double>(seconds % kSecondsPerDay) / kSecondsPerDay;
-    return day < 0 ? day - fraction : day + fraction;
 }
 
 }  // namespace ferry::transfer::model

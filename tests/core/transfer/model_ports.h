@@ -4,27 +4,26 @@
 #include <functional>
 #include <string>
 
+#include "core/calendar/standing_clock.h"
 #include "core/transfer/model_world.h"
 #include "transfer/ports.h"
 
 namespace ferry::transfer::model {
 
-/// The file system of the model. Local time is nine hours ahead of UTC.
-class ModelFileSystem final : public FileSystem {
+/// The file system of the model.
+class ModelFileSystem final : public files::FileInfo, public files::FolderSearch, public files::FileChanges {
 public:
     explicit ModelFileSystem(World& world) noexcept : world_(world) {}
 
     std::uint32_t Attributes(std::wstring_view path) override;
     bool SetAttributes(std::wstring_view path, std::uint32_t attributes) override;
-    void Enumerate(std::wstring_view folder, const std::function<void(const FoundItem&)>& visit) override;
-    std::optional<FoundItem> Find(std::wstring_view path) override;
-    std::uint64_t FileSize(std::wstring_view path) override;
-    int CreateFolder(std::wstring_view path) override;
-    void NotifyFolderMade(std::wstring_view path) override;
+    void Search(std::wstring_view pattern, const std::function<bool(const files::Match&)>& visit) override;
+    std::optional<files::FoundItem> Find(std::wstring_view path) override;
+    std::uint64_t Size(std::wstring_view path) override;
+    int MakeFolder(std::wstring_view path) override;
     bool RemoveFolder(std::wstring_view path) override;
     bool Rename(std::wstring_view from, std::wstring_view to) override;
     bool IsRoot(std::wstring_view path) override;
-    double LocalDate(std::uint64_t fileTime) override;
 
     /// The most searches that were ever open at a time.
     int MostOpenSearches() const noexcept { return mostOpenSearches_; }
@@ -39,6 +38,18 @@ private:
     int mostOpenSearches_ = 0;
 };
 
+/// The clock of the model.
+class ModelClock final : public test::StandingClock {
+public:
+    explicit ModelClock(World& world) noexcept : world_(world) {}
+
+    std::optional<calendar::CalendarFields> LocalTime(std::uint64_t fileTime) override;
+    double LocalDate(std::uint64_t fileTime) override;
+
+private:
+    World& world_;
+};
+
 /// What the person answers when the shell asks about an existing item.
 enum class ShellAnswer { Overwrite, Skip, Abort };
 
@@ -47,9 +58,9 @@ class ModelShell final : public ShellOperations {
 public:
     explicit ModelShell(World& world) noexcept : world_(world) {}
 
-    ShellOutcome TransferFile(const ShellTransfer& transfer) override;
-    std::int32_t TransferBatch(const base::TextList& sources, std::wstring_view destination,
-                               std::uint32_t function, std::uint32_t flags) override;
+    ShellOutcome Transfer(const ShellTransfer& transfer) override;
+    ShellOutcome TransferAll(const base::TextList& sources, const ShellTransfer& batch) override;
+    void NotifyFolderMade(std::wstring_view path) override;
 
     /// Skip when it is empty.
     std::function<ShellAnswer()> Answer;
@@ -111,9 +122,5 @@ public:
 private:
     World& world_;
 };
-
-/// The date value of `fileTime` as the date type has it: days since 1899-12-30 local time, whole
-/// seconds; 0 when the time cannot be converted.
-double ModelLocalDate(std::uint64_t fileTime);
 
 }  // namespace ferry::transfer::model

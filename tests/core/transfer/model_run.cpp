@@ -59,7 +59,7 @@ bool IsAtOrBelowAny(const std::wstring& path, const std::set<std::wstring>& plac
 
 bool ModelRun::Run() {
     Shared.RunPolicy = Request.Settings.Policy;
-    return IndividualRun(Request, Files, Shell, Person, View).Run();
+    return IndividualRun(Request, {Files, Files, Files, Shell, Clock, Person, View}).Run();
 }
 
 bool IsNewerByOracle(std::uint64_t later, std::uint64_t earlier, std::uint32_t precision) {

@@ -16,6 +16,7 @@ namespace ferry::transfer::model {
 struct ModelRun {
     World Shared;
     ModelFileSystem Files{Shared};
+    ModelClock Clock{Shared};
     ModelShell Shell{Shared};
     ModelQuestions Person{Shared};
     ModelProgress View{Shared};

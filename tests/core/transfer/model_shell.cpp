@@ -5,7 +5,7 @@
 
 #include "base/case_order.h"
 #include "core/transfer/model_ports.h"
-#include "paths/path_helpers.h"
+#include "paths/path_grammar.h"
 
 namespace ferry::transfer::model {
 namespace {
@@ -13,7 +13,11 @@ namespace {
 constexpr std::int32_t kNothingQueued = static_cast<std::int32_t>(0x8000FFFF);
 constexpr std::int32_t kCancelled = static_cast<std::int32_t>(0x80270000);
 constexpr std::int32_t kRefused = static_cast<std::int32_t>(0x80270003);
+constexpr std::int32_t kNotFound = static_cast<std::int32_t>(0x80070002);
 constexpr std::int32_t kUnspecified = static_cast<std::int32_t>(0x80004005);
+
+constexpr ShellOutcome kFailed{ShellResult::Failed, kUnspecified, false};
+constexpr ShellOutcome kNoObject{ShellResult::NoObject, 1, false};
 
 std::wstring FreshName(const Node& folder, const std::wstring& name) {
     for (int number = 2;; ++number) {
@@ -53,8 +57,8 @@ std::unique_ptr<Node> CopyOf(const Node& node, const std::wstring& name) {
 
 }  // namespace
 
-ShellOutcome ModelShell::TransferFile(const ShellTransfer& transfer) {
-    const bool copies = transfer.Function == kFunctionCopy;
+ShellOutcome ModelShell::Transfer(const ShellTransfer& transfer) {
+    const bool copies = transfer.What == Operation::Copy;
     const std::wstring details = world_.Logging ? Details(transfer) : std::wstring();
     const std::wstring_view name =
         transfer.NewName.empty() ? paths::LastComponent(transfer.Source) : transfer.NewName;
@@ -62,18 +66,18 @@ ShellOutcome ModelShell::TransferFile(const ShellTransfer& transfer) {
     const Fault fault = world_.Enter(copies ? L"Copy" : L"Move", transfer.Source, details, target);
     ShellOutcome outcome;
     if (fault == Fault::Fail)
-        outcome.Result = kUnspecified;
+        outcome = kFailed;
     else if (fault == Fault::NoObject)
-        outcome.Result = 1;
+        outcome = kNoObject;
     else if (fault == Fault::Cancel)
         outcome.Aborted = transfer.AskAborted;
     else if (fault != Fault::DoNothing)
         outcome = Perform(transfer, fault);
     if (fault == Fault::Late || fault == Fault::LateNoObject)
-        outcome.Result = fault == Fault::Late ? kUnspecified : 1;
+        outcome = fault == Fault::Late ? kFailed : kNoObject;
     // Only the transfer under the file's own name asks, and it ends the run without an object too.
-    world_.HasStopped =
-        world_.HasStopped || (transfer.AskAborted && (outcome.Aborted || outcome.Result == 1));
+    world_.HasStopped = world_.HasStopped ||
+                        (transfer.AskAborted && (outcome.Aborted || outcome.What == ShellResult::NoObject));
     return outcome;
 }
 
@@ -81,19 +85,20 @@ ShellOutcome ModelShell::Perform(const ShellTransfer& transfer, Fault fault) {
     Node* const source = world_.Files.At(transfer.Source);
     Node* const folder = world_.Files.At(transfer.TargetFolder);
     // The shell makes no item of a path with a slash in it.
-    const bool hasSlash = transfer.Source.find(L'/') != std::wstring_view::npos ||
-                          transfer.TargetFolder.find(L'/') != std::wstring_view::npos;
-    if (source == nullptr || folder == nullptr || hasSlash)
-        return {kNothingQueued, false};
+    const auto hasSlash = [](std::wstring_view path) { return path.find(L'/') != std::wstring_view::npos; };
+    if (source == nullptr || hasSlash(transfer.Source))
+        return {ShellResult::NoSourceItem, kNotFound, false};
+    if (folder == nullptr || hasSlash(transfer.TargetFolder))
+        return {ShellResult::NoFolderItem, kNotFound, false};
     // What is refused the person has to skip, and that counts as an abort.
-    const ShellOutcome refused{kRefused, transfer.AskAborted};
+    const ShellOutcome refused{ShellResult::Failed, kRefused, transfer.AskAborted};
     Placing placing{transfer, *source, *folder, source->Name, false, fault};
     if (!transfer.NewName.empty())
         placing.Name = TakenName(transfer.NewName);
     if (!folder->IsFolder || IsForbiddenName(placing.Name))
         return refused;
     const Node* const existing = Tree::Child(*folder, placing.Name);
-    if (existing == source && transfer.Function == kFunctionMove)
+    if (existing == source && transfer.What == Operation::Move)
         return refused;
     if (existing != nullptr && (transfer.Flags & kFlagRenameOnCollision) != 0)
         placing.Name = FreshName(*folder, placing.Name);
@@ -107,7 +112,9 @@ ShellOutcome ModelShell::Perform(const ShellTransfer& transfer, Fault fault) {
 ShellOutcome ModelShell::PlaceIfAgreed(Placing& placing) {
     const ShellAnswer answer = Answer ? Answer() : ShellAnswer::Skip;
     if (answer != ShellAnswer::Overwrite)
-        return {answer == ShellAnswer::Abort ? kCancelled : 0, placing.Transfer.AskAborted};
+        return answer == ShellAnswer::Abort
+                   ? ShellOutcome{ShellResult::Failed, kCancelled, placing.Transfer.AskAborted}
+                   : ShellOutcome{ShellResult::Done, 0, placing.Transfer.AskAborted};
     placing.PersonAgreed = true;
     return Place(placing);
 }
@@ -117,7 +124,7 @@ ShellOutcome ModelShell::PlaceFolder(const Placing& placing) {
     const std::wstring source = PlainPath(transfer.Source);
     const std::wstring target = paths::WithTrailingSeparator(transfer.TargetFolder) + placing.Name + L'\\';
     if (base::SmallLetters(target).starts_with(base::SmallLetters(source) + L'\\'))
-        return {kRefused, transfer.AskAborted};
+        return {ShellResult::Failed, kRefused, transfer.AskAborted};
     world_.FoldersHandedOver.insert(base::SmallLetters(source));
     world_.Touch(world_.Files.AddFolder(target));
     world_.Touch(placing.Folder);
@@ -128,10 +135,12 @@ ShellOutcome ModelShell::PlaceFolder(const Placing& placing) {
     for (const std::wstring& name : names) {
         const std::wstring path = source + L'\\' + name;
         const ShellOutcome one =
-            Perform({path, target, {}, transfer.Function, transfer.Flags, transfer.AskAborted}, placing.What);
-        whole = {one.Result != 0 ? one.Result : whole.Result, one.Aborted || whole.Aborted};
+            Perform({path, target, {}, transfer.What, transfer.Flags, transfer.AskAborted}, placing.What);
+        const bool aborted = one.Aborted || whole.Aborted;
+        whole = one.What == ShellResult::Done ? whole : one;
+        whole.Aborted = aborted;
     }
-    if (transfer.Function == kFunctionMove && placing.Source.Children.empty()) {
+    if (transfer.What == Operation::Move && placing.Source.Children.empty()) {
         world_.Touch(*world_.Files.ParentOf(source));
         world_.Files.Detach(source);
     }
@@ -155,7 +164,7 @@ ShellOutcome ModelShell::Place(const Placing& placing) {
             .append(transfer.NewName.empty() ? placing.Name : TakenName(transfer.NewName));
     record.IsInRenamedPlace = world_.ToldRenamed.contains(base::SmallLetters(asked));
     record.WasDeclined = world_.HasDeclined;
-    record.SourceStays = transfer.Function == kFunctionCopy || isHalf || placing.What == Fault::KeepSource;
+    record.SourceStays = transfer.What == Operation::Copy || isHalf || placing.What == Fault::KeepSource;
     record.Policy = world_.EffectivePolicy();
     auto placed = CopyOf(placing.Source, placing.Name);
     if (isHalf)
@@ -174,38 +183,45 @@ ShellOutcome ModelShell::Place(const Placing& placing) {
     placing.Folder.Children.push_back(std::move(placed));
     world_.Touch(placing.Folder);
     world_.Transfers.push_back(std::move(record));
-    return {fails ? kUnspecified : 0, false};
+    return fails ? kFailed : ShellOutcome{};
 }
 
-std::int32_t ModelShell::TransferBatch(const base::TextList& sources, std::wstring_view destination,
-                                       std::uint32_t function, std::uint32_t flags) {
-    std::wstring details = function == kFunctionCopy ? L"copy" : L"move";
+ShellOutcome ModelShell::TransferAll(const base::TextList& sources, const ShellTransfer& batch) {
+    std::wstring details = batch.What == Operation::Copy ? L"copy" : L"move";
     for (const std::wstring_view source : sources)
         details.append(L" ").append(source);
-    const Fault fault = world_.Enter(L"Batch", destination, details + L" flags " + Hexadecimal(flags));
+    const Fault fault =
+        world_.Enter(L"Batch", batch.TargetFolder, details + L" flags " + Hexadecimal(batch.Flags));
     if (fault == Fault::NoObject)
-        return 1;
+        return kNoObject;
     if (fault == Fault::Fail)
-        return kUnspecified;
-    std::int32_t result = kNothingQueued;
+        return kFailed;
+    ShellOutcome whole{ShellResult::Failed, kNothingQueued, false};
+    bool isFirst = true;
     for (const std::wstring_view source : sources) {
-        const ShellOutcome one = Perform({source, destination, {}, function, flags, false}, Fault::None);
-        if (result == kNothingQueued || (result == 0 && one.Result != kNothingQueued))
-            result = one.Result;
+        ShellTransfer transfer = batch;
+        transfer.Source = source;
+        const ShellOutcome one = Perform(transfer, Fault::None);
+        // What cannot be queued is left out.
+        if (one.What == ShellResult::NoSourceItem || one.What == ShellResult::NoFolderItem)
+            continue;
+        if (std::exchange(isFirst, false) || whole.What == ShellResult::Done)
+            whole = one;
     }
-    return result;
+    return whole;
 }
 
 CollisionAnswer ModelQuestions::AskCollision(std::wstring_view name) {
     CollisionAnswer answer;
     if (!Stops(world_.EnterPlain(L"AskCollision", name)) && Collision)
         answer = Collision();
-    if (answer.EndCode == kEndOk)
-        world_.PolicyForOne = answer.Policy;
-    else if (answer.EndCode == kEndForAll)
-        world_.RunPolicy = answer.Policy;
+    const auto policy = static_cast<std::uint32_t>(answer.Policy);
+    if (answer.Choice == CollisionChoice::ThisItem)
+        world_.PolicyForOne = policy;
+    else if (answer.Choice == CollisionChoice::ThisAndLater)
+        world_.RunPolicy = policy;
     else
-        Refuse(answer.EndCode == kEndStopAll);
+        Refuse(answer.Choice == CollisionChoice::StopRun);
     return answer;
 }
 
@@ -214,8 +230,8 @@ NameAnswer ModelQuestions::AskNewName(RenameKind kind, std::wstring_view path) {
     NameAnswer answer;
     if (!Stops(world_.EnterPlain(incoming ? L"AskNameForIncoming" : L"AskNameForExisting", path)) && NewName)
         answer = NewName();
-    if (answer.EndCode != kEndOk)
-        Refuse(answer.EndCode == kEndForAll);
+    if (answer.Choice != NameChoice::Use)
+        Refuse(answer.Choice == NameChoice::StopRun);
     return answer;
 }
 
@@ -254,6 +270,10 @@ void ModelProgress::Step() {
 void ModelProgress::ShowItem(std::wstring_view name) {
     world_.EnterPlain(L"Show", name);
     Line = name;
+}
+
+void ModelShell::NotifyFolderMade(std::wstring_view path) {
+    world_.Enter(L"NotifyFolderMade", path);
 }
 
 }  // namespace ferry::transfer::model

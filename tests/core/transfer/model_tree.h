@@ -16,6 +16,7 @@ struct Node {
     std::wstring Name;
     bool IsFolder = false;
     std::uint32_t Attributes = 0;
+    std::uint64_t LastAccessTime = 0;
     std::uint64_t LastWriteTime = 0;
     std::string Content;
     std::uint64_t ExtraSize = 0;  ///< Counted into the file's size as if the content were longer.

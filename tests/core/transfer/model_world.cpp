@@ -9,7 +9,7 @@ namespace ferry::transfer::model {
 namespace {
 
 constexpr std::array<std::wstring_view, 6> kChangingPorts = {
-    L"Copy", L"Move", L"Rename", L"RemoveFolder", L"CreateFolder", L"SetAttributes"};
+    L"Copy", L"Move", L"Rename", L"RemoveFolder", L"MakeFolder", L"SetAttributes"};
 
 /// The item that `path` names, without what Windows does not regard at its end.
 std::wstring PlainForm(std::wstring_view path) {

@@ -20,7 +20,9 @@ class Place {
 public:
     virtual ~Place() = default;
 
-    virtual FileSystem& Files() = 0;
+    virtual files::FileInfo& Info() = 0;
+    virtual files::FolderSearch& Search() = 0;
+    virtual files::FileChanges& Changes() = 0;
     virtual ShellOperations& Shell() = 0;
 
     /// Whether this shell can transfer files; one that cannot keeps no contract.
@@ -48,7 +50,7 @@ inline constexpr std::uint32_t kHidden = 0x2;
 inline constexpr std::uint32_t kSystem = 0x4;
 
 /// The attributes that a run depends on; the others differ between file systems.
-inline constexpr std::uint32_t kKeptAttributes = kReadOnly | kHidden | kSystem | kAttributeDirectory;
+inline constexpr std::uint32_t kKeptAttributes = kReadOnly | kHidden | kSystem | files::kAttributeDirectory;
 
 class PortContract : public test::ContractOf<Place> {
 protected:
@@ -60,7 +62,7 @@ protected:
     }
 
     std::wstring AddFolder(std::wstring_view relative) {
-        EXPECT_EQ(Files().CreateFolder(Path(relative)), kFolderCreated);
+        EXPECT_EQ(Changes().MakeFolder(Path(relative)), files::kFolderMade);
         return Path(relative);
     }
 
@@ -76,13 +78,13 @@ protected:
     }
 
     bool IsThere(std::wstring_view relative) {
-        return Files().Attributes(Path(relative)) != kInvalidAttributes;
+        return Info().Attributes(Path(relative)) != files::kInvalidAttributes;
     }
 
-    /// The attributes that a run depends on; kInvalidAttributes when there is nothing.
+    /// The attributes that a run depends on; files::kInvalidAttributes when there is nothing.
     std::uint32_t AttributesOf(std::wstring_view relative) {
-        const std::uint32_t all = Files().Attributes(Path(relative));
-        return all == kInvalidAttributes ? all : all & kKeptAttributes;
+        const std::uint32_t all = Info().Attributes(Path(relative));
+        return all == files::kInvalidAttributes ? all : all & kKeptAttributes;
     }
 
     std::string ContentOf(std::wstring_view relative) {
@@ -90,8 +92,18 @@ protected:
     }
 
     /// The time at which the item was last written.
-    std::uint64_t TimeOf(std::wstring_view relative) { return Files().Find(Path(relative))->LastWriteTime; }
+    std::uint64_t TimeOf(std::wstring_view relative) { return Info().Find(Path(relative))->LastWriteTime; }
     void SetTime(std::wstring_view relative, std::uint64_t time) { AtPlace().SetTime(Path(relative), time); }
+
+    /// The name of the item at `path` as a search gives it; empty when there is none.
+    std::wstring NameOf(std::wstring_view path) {
+        std::wstring name;
+        Search().Search(path, [&name](const files::Match& match) {
+            name = match.Name;
+            return false;
+        });
+        return name;
+    }
 
     /// The names in a folder of the place, sorted.
     Names NamesIn(std::wstring_view relative);
@@ -106,7 +118,9 @@ protected:
         return path;
     }
 
-    FileSystem& Files() { return AtPlace().Files(); }
+    files::FileInfo& Info() { return AtPlace().Info(); }
+    files::FolderSearch& Search() { return AtPlace().Search(); }
+    files::FileChanges& Changes() { return AtPlace().Changes(); }
     ShellOperations& Shell() { return AtPlace().Shell(); }
     bool HasShell() const { return AtPlace().HasShell(); }
     std::wstring Root() const { return AtPlace().Root(); }
@@ -122,20 +136,26 @@ protected:
     }
 
     /// Transfers a file of the place into its folder "to", without any window.
-    ShellOutcome Transfer(std::wstring_view relative, std::uint32_t function, std::wstring_view newName = {},
+    ShellOutcome Transfer(std::wstring_view relative, Operation what, std::wstring_view newName = {},
                           std::uint32_t flags = kFlagNoConfirmation) {
-        return TransferInto(L"to\\", relative, function, newName, flags);
+        return TransferInto(L"to\\", relative, what, newName, flags);
     }
 
-    ShellOutcome TransferInto(std::wstring_view folder, std::wstring_view relative, std::uint32_t function,
+    ShellOutcome TransferInto(std::wstring_view folder, std::wstring_view relative, Operation what,
                               std::wstring_view newName = {}, std::uint32_t flags = kFlagNoConfirmation) {
-        return TransferPath(Path(relative), Path(folder), function, newName, flags);
+        return TransferPath(Path(relative), Path(folder), what, newName, flags);
     }
 
-    ShellOutcome TransferPath(std::wstring_view source, std::wstring_view folder, std::uint32_t function,
+    ShellOutcome TransferPath(std::wstring_view source, std::wstring_view folder, Operation what,
                               std::wstring_view newName = {}, std::uint32_t flags = kFlagNoConfirmation) {
-        return Shell().TransferFile(
-            {source, folder, newName, function, flags | kFlagSilent | kFlagNoErrorWindow, true});
+        return Shell().Transfer(
+            {source, folder, newName, what, flags | kFlagSilent | kFlagNoErrorWindow, true});
+    }
+
+    /// Transfers all of `sources` into a folder of the place, without any window.
+    ShellOutcome TransferAll(const base::TextList& sources, std::wstring_view relative, Operation what) {
+        const std::wstring folder = Path(relative) + L"\\";
+        return Shell().TransferAll(sources, {{}, folder, {}, what, kFlagSilent | kFlagNoConfirmation, false});
     }
 
     static constexpr std::uint32_t kFlagNoErrorWindow = 0x0400;  // shellapi.h

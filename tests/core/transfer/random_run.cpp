@@ -81,15 +81,20 @@ void SetUpTrees(ModelRun& run, Dice& dice) {
 
 void SetUpAnswers(ModelRun& run, Dice& dice) {
     run.Person.Collision = [&dice] {
-        static constexpr std::array kCodes = {kEndOk, kEndOk, kEndOk, kEndForAll, kEndCancel, kEndStopAll};
-        return CollisionAnswer{dice.Pick(kCodes), dice.Below(9)};
+        using enum CollisionChoice;
+        static constexpr std::array kChoices = {ThisItem,     ThisItem, ThisItem,
+                                                ThisAndLater, SkipItem, StopRun};
+        const CollisionChoice choice = dice.Pick(kChoices);
+        return CollisionAnswer{choice, PolicyOf(dice.Below(9))};
     };
     run.Person.NewName = [&dice] {
-        static constexpr std::array kCodes = {kEndOk, kEndOk, kEndOk, kEndOk, kEndCancel, kEndForAll};
+        using enum NameChoice;
+        static constexpr std::array kChoices = {Use, Use, Use, Use, SkipItem, StopRun};
         static constexpr std::array<const wchar_t*, 13> kNames = {L"n1",    L"n2",    L"a",   L"x\\y",   L"",
                                                                   L"B.txt", L"what?", L"n1.", L"b.txt ", L".",
                                                                   L"..",    L"CON",   L"N1"};
-        return NameAnswer{dice.Pick(kCodes), dice.Pick(kNames)};
+        const NameChoice choice = dice.Pick(kChoices);
+        return NameAnswer{choice, dice.Pick(kNames)};
     };
     run.Shell.Answer = [&dice] {
         static constexpr std::array kAnswers = {ShellAnswer::Overwrite, ShellAnswer::Skip,

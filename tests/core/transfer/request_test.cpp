@@ -17,7 +17,7 @@ TEST(TransferSettings, AFreshUserHasBatchModePolicyZeroExactTimesAndBothBoxesOff
     EXPECT_EQ(request.Settings, allZero);
     EXPECT_EQ(static_cast<int>(Operation::Copy), 0);
     EXPECT_EQ(static_cast<int>(WorkingMode::Batch), 0);
-    EXPECT_EQ(static_cast<int>(CollisionPolicy::OverwriteOlder), 0);
+    EXPECT_EQ(static_cast<int>(CollisionPolicy::IfSourceIsNewer), 0);
     EXPECT_EQ(static_cast<int>(TimePrecision::Exact), 0);
 }
 

@@ -64,7 +64,7 @@ TEST_F(RunCourse, AnAnswerForAllHoldsInLaterSourcesAndTheirSubfolders) {
     run.Request.Sources.Clear();
     for (const wchar_t* const source : {L"C:\\src\\a", L"C:\\src\\dir"})
         AddSource(source);
-    AnswerCollisions({{kEndForAll, 3}});
+    AnswerCollisions({{CollisionChoice::ThisAndLater, PolicyOf(3)}});
     EXPECT_TRUE(run.Run());
     EXPECT_EQ(questions, 1u);
     EXPECT_EQ(ContentAt(L"D:\\out\\dir\\b"), "incoming dir\\b");
@@ -73,7 +73,8 @@ TEST_F(RunCourse, AnAnswerForAllHoldsInLaterSourcesAndTheirSubfolders) {
 
 TEST_F(RunCourse, AnAnswerForAllEndsWithItsRun) {
     AddCollisions({L"a"});
-    AnswerCollisions({{kEndForAll, 2}, {kEndForAll, 2}});
+    AnswerCollisions(
+        {{CollisionChoice::ThisAndLater, PolicyOf(2)}, {CollisionChoice::ThisAndLater, PolicyOf(2)}});
     EXPECT_TRUE(run.Run());
     EXPECT_TRUE(run.Run());
     EXPECT_EQ(questions, 2u);
@@ -81,21 +82,19 @@ TEST_F(RunCourse, AnAnswerForAllEndsWithItsRun) {
 
 TEST_F(RunCourse, SevenForAllGoesOnAskingAndHigherNumbersOverwrite) {
     AddCollisions({L"a", L"b", L"c"});
-    AnswerCollisions({{kEndForAll, 7}, {kEndForAll, 8}});
+    AnswerCollisions(
+        {{CollisionChoice::ThisAndLater, PolicyOf(7)}, {CollisionChoice::ThisAndLater, PolicyOf(100)}});
     EXPECT_TRUE(run.Run());
     EXPECT_EQ(questions, 2u);
     EXPECT_EQ(FilesWith("existing"), 0u);
 }
 
-TEST_F(RunCourse, AQuestionThatEndsWithoutAnAnswerSkipsItsFile) {
+TEST_F(RunCourse, AFileThatThePersonSkipsStaysAtBothPlaces) {
     AddCollisions({L"a"});
-    for (const int endCode : {0, -1, 3, 4, 6}) {
-        AnswerCollisions({{endCode, 3}});
-        questions = 0;
-        EXPECT_TRUE(run.Run());
-        EXPECT_EQ(ContentAt(L"D:\\out\\a"), "existing a") << endCode;
-        EXPECT_EQ(ContentAt(L"C:\\src\\a"), "incoming a") << endCode;
-    }
+    AnswerCollisions({{CollisionChoice::SkipItem, CollisionPolicy::Overwrite}});
+    EXPECT_TRUE(run.Run());
+    EXPECT_EQ(ContentAt(L"D:\\out\\a"), "existing a");
+    EXPECT_EQ(ContentAt(L"C:\\src\\a"), "incoming a");
 }
 
 TEST_F(RunCourse, TwoSourcesOfOneNameCollideWithEachOther) {
@@ -105,7 +104,7 @@ TEST_F(RunCourse, TwoSourcesOfOneNameCollideWithEachOther) {
     AddSource(L"C:\\two\\f");
     run.Request.What = Operation::Move;
     run.Request.Settings.Policy = 7;
-    AnswerCollisions({{kEndOk, 2}});
+    AnswerCollisions({{CollisionChoice::ThisItem, PolicyOf(2)}});
     EXPECT_TRUE(run.Run());
     EXPECT_EQ(questions, 1u);
     EXPECT_EQ(ContentAt(L"D:\\out\\f"), "first");
@@ -152,7 +151,8 @@ TEST_F(RunCourse, ADestinationThatWasTypedWithASlashGetsEmptyFoldersAndNoFile) {
     AddSource(L"C:\\src\\a");
     AddSource(L"C:\\src\\dir");
     run.Request.Destination = MakeWorkingDestination(L"D:/work").Path;
-    EXPECT_EQ(EnsureDestinationFolder(run.Files, run.Request.Destination).Outcome, FolderOutcome::Ready);
+    EXPECT_EQ(EnsureDestinationFolder(run.Files, run.Files, run.Shell, run.Request.Destination).Outcome,
+              FolderOutcome::Ready);
     run.Request.What = Operation::Move;
     const auto before = run.Shared.Files.Snapshot(L"C:\\src");
     for (std::uint32_t policy = 0; policy <= 8; ++policy) {
@@ -190,7 +190,7 @@ protected:
                 ++position;
             } else if (port == L"Show") {
                 line = rest;
-            } else if (port == L"Copy" || port == L"Move" || port == L"CreateFolder") {
+            } else if (port == L"Copy" || port == L"Move" || port == L"MakeFolder") {
                 const std::wstring path = rest.substr(0, rest.find(L' '));
                 seen.push_back(path.substr(path.rfind(L'\\') + 1) + L": " + std::to_wstring(position) + L"/" +
                                range + L" " + line);
@@ -214,7 +214,7 @@ TEST_F(RunAsSeen, TheBarCountsAnItemBeforeItIsHandledAndTheLineNamesTheOneBefore
 
 TEST_F(RunAsSeen, AFileThatIsLeftAloneByItsPolicyIsNamedAndOneThatThePersonSkippedIsNot) {
     AddCollisions({L"a", L"b"});
-    AnswerCollisions({{kEndOk, 2}, {kEndCancel, 3}});
+    AnswerCollisions({{CollisionChoice::ThisItem, PolicyOf(2)}, {CollisionChoice::SkipItem, PolicyOf(3)}});
     EXPECT_TRUE(run.Run());
     std::erase_if(run.Shared.Log, [](const std::wstring& call) { return !call.starts_with(L"Show "); });
     EXPECT_EQ(run.Shared.Log, (std::vector<std::wstring>{L"Show a"}));

@@ -151,10 +151,14 @@ std::size_t RunWithOneFault(Operation operation, std::uint32_t policy, std::size
     run.Request.Settings.Policy = policy;
     run.Request.Settings.TimeCmpType = 2;
     int answers = 0;
-    run.Person.Collision = [&] { return CollisionAnswer{kEndOk, static_cast<std::uint32_t>(answers++ % 7)}; };
+    run.Person.Collision = [&] {
+        return CollisionAnswer{CollisionChoice::ThisItem,
+                               PolicyOf(static_cast<std::uint32_t>(answers++ % 7))};
+    };
     run.Person.NewName = [&] {
         const int turn = answers++;
-        return NameAnswer{turn < 20 ? kEndOk : kEndCancel, L"name" + std::to_wstring(turn)};
+        return NameAnswer{turn < 20 ? NameChoice::Use : NameChoice::SkipItem,
+                          L"name" + std::to_wstring(turn)};
     };
     HarmCheck check(run, false);
     run.Shared.Faults = [=](std::size_t index, std::wstring_view) {

@@ -17,11 +17,11 @@ constexpr std::uint64_t kNow = 133'000'000'000'000'000;
 class TimeTest : public ::testing::Test {
 protected:
     bool Newer(std::uint64_t later, std::uint64_t earlier, std::uint32_t precision) {
-        return IsNewer(files, later, earlier, precision);
+        return IsNewer(clock, later, earlier, precision);
     }
 
     model::World world;
-    model::ModelFileSystem files{world};
+    model::ModelClock clock{world};
 };
 
 TEST_F(TimeTest, AtPrecisionZeroASingleTickMakesATimeNewer) {
@@ -94,12 +94,6 @@ TEST(WholeSecondsBetween, ReadsTheFractionForwardInDatesBeforeTheEpoch) {
     };
     for (const auto& [later, earlier, seconds] : cases)
         EXPECT_EQ(WholeSecondsBetween(later, earlier), seconds) << later << " - " << earlier;
-}
-
-TEST(ModelLocalDate, CountsDaysFromTheEpochOfTheDateType) {
-    constexpr std::uint64_t kUnixEpoch = 134'774 * kDay;
-    EXPECT_EQ(model::ModelLocalDate(kUnixEpoch - kSecond * 3600 * 9), 25569.0);
-    EXPECT_EQ(model::ModelLocalDate(109'205 * kDay - kSecond * 3600 * 33 + kSecond * 3600 * 6), -1.25);
 }
 
 }  // namespace

@@ -2,9 +2,9 @@
 
 #include <windows.h>
 
-#include "e2e/driver/folder_entries.h"
 #include "e2e/driver/surroundings.h"
 #include "e2e/driver/temp_tree.h"
+#include "support/disk_win32.h"
 
 namespace ferry::e2e {
 namespace {
@@ -12,7 +12,7 @@ namespace {
 bool CopyFolder(const std::wstring& from, const std::wstring& to) {
     CreateDirectoryW(LongForm(to).c_str(), nullptr);  // its absence shows in the copies below
     bool isCopied = true;
-    const bool isListed = VisitEntries(from, [&](const FolderEntry& entry) {
+    const bool isListed = test::VisitEntries(from, [&](const test::FolderEntry& entry) {
         const std::wstring source = from + L'\\' + entry.Name;
         const std::wstring target = to + L'\\' + entry.Name;
         const bool isEntryCopied = entry.IsFolder()

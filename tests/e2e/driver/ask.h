@@ -5,9 +5,12 @@
 
 #include <stdexcept>
 
-#include "e2e/driver/poll.h"
+#include "support/poll_win32.h"
 
 namespace ferry::e2e {
+
+using test::kPatienceMs;
+using test::WaitUntil;
 
 /// A window of the program under test exists and did not answer in time: the program hangs, and nothing
 /// more can be found out about it.

@@ -1,8 +1,8 @@
 #include "e2e/driver/contents.h"
 
-#include "e2e/driver/folder_entries.h"
 #include "e2e/driver/temp_tree.h"
 #include "e2e/driver/tree_snapshot.h"
+#include "support/disk_win32.h"
 
 namespace ferry::e2e {
 
@@ -17,7 +17,7 @@ Contents ContentsBelow(const std::wstring& root) {
 
 std::vector<std::wstring> FilesBelow(const std::wstring& root) {
     std::vector<std::wstring> files;
-    VisitEntries(LongForm(root), [&](const FolderEntry& entry) {
+    test::VisitEntries(LongForm(root), [&](const test::FolderEntry& entry) {
         const std::wstring path = root + L'\\' + entry.Name;
         if (!entry.IsFolder()) {
             files.push_back(path);

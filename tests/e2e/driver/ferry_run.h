@@ -9,10 +9,13 @@
 #include <vector>
 
 #include "e2e/driver/child_process.h"
-#include "e2e/driver/poll.h"
 #include "e2e/driver/remote_dialog.h"
+#include "support/poll_win32.h"
 
 namespace ferry::e2e {
+
+using test::kPatienceMs;
+using test::WaitUntil;
 
 /// How a run starts.
 struct RunPlan {

@@ -2,9 +2,12 @@
 
 #include <ranges>
 
-#include "e2e/driver/poll.h"
+#include "support/poll_win32.h"
 
 namespace ferry::e2e {
+
+using test::kPatienceMs;
+using test::WaitUntil;
 namespace {
 
 void Send(WORD key, WORD scan, DWORD flags) {

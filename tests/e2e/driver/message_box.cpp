@@ -1,10 +1,12 @@
 #include "e2e/driver/message_box.h"
 
 #include "e2e/driver/ask.h"
-#include "e2e/driver/poll.h"
 #include "samplehost/process_windows_win32.h"
+#include "support/poll_win32.h"
 
 namespace ferry::e2e {
+
+using test::WaitUntil;
 namespace {
 
 /// The control with a message box's text.

@@ -1,9 +1,11 @@
 #include "e2e/driver/process_windows.h"
 
-#include "e2e/driver/poll.h"
 #include "samplehost/process_windows_win32.h"
+#include "support/poll_win32.h"
 
 namespace ferry::e2e {
+
+using test::WaitUntil;
 
 HWND FindWindowOf(DWORD processId, const std::wstring& title) {
     return samplehost::FindVisibleWindow(processId, [&](HWND window) {

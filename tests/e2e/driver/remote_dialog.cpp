@@ -8,9 +8,11 @@
 #include "e2e/driver/ask.h"
 #include "e2e/driver/keys.h"
 #include "e2e/driver/message_box.h"
-#include "e2e/driver/poll.h"
+#include "support/poll_win32.h"
 
 namespace ferry::e2e {
+
+using test::WaitUntil;
 namespace {
 
 /// The place that a list view writes an item's text to must lie in its own process.

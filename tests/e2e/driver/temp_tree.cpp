@@ -3,7 +3,6 @@
 #include <cmath>
 
 #include "base/utf16.h"
-#include "e2e/driver/folder_entries.h"
 #include "e2e/driver/surroundings.h"
 
 namespace ferry::e2e {
@@ -30,21 +29,6 @@ void WriteAll(const base::FileHandle& file, std::string_view content) {
 
 }  // namespace
 
-void MakeFolders(const std::wstring& path) {
-    for (std::size_t at = path.find(L'\\', 3); at != std::wstring::npos; at = path.find(L'\\', at + 1)) {
-        CreateDirectoryW(LongForm(path.substr(0, at)).c_str(), nullptr);  // most exist already
-    }
-    CreateDirectoryW(LongForm(path).c_str(), nullptr);
-}
-
-std::wstring LongForm(std::wstring_view path) {
-    return L"\\\\?\\" + std::wstring(path);
-}
-
-bool Exists(std::wstring_view path) {
-    return GetFileAttributesW(LongForm(path).c_str()) != INVALID_FILE_ATTRIBUTES;
-}
-
 std::string ReadBytes(std::wstring_view path) {
     const base::FileHandle file(CreateFileW(LongForm(path).c_str(), GENERIC_READ,
                                             FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
@@ -68,20 +52,6 @@ void WriteUtf16(std::wstring_view path, std::wstring_view text) {
     const std::wstring units = L"\uFEFF" + std::wstring(text);
     const auto bytes = base::BytesFromUnits(units);
     WriteAll(OpenForWriting(path), {reinterpret_cast<const char*>(bytes.data()), bytes.size()});
-}
-
-void RemoveAll(const std::wstring& path) {
-    const std::wstring longPath = LongForm(path);
-    const DWORD attributes = GetFileAttributesW(longPath.c_str());
-    if (attributes == INVALID_FILE_ATTRIBUTES)
-        return;
-    SetFileAttributesW(longPath.c_str(), FILE_ATTRIBUTE_NORMAL);
-    if ((attributes & FILE_ATTRIBUTE_DIRECTORY) == 0) {
-        DeleteFileW(longPath.c_str());
-        return;
-    }
-    VisitEntries(longPath, [&](const FolderEntry& entry) { RemoveAll(path + L'\\' + entry.Name); });
-    RemoveDirectoryW(longPath.c_str());
 }
 
 TempTree::TempTree() : TempTree(BaseFolder()) {}

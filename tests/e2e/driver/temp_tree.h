@@ -7,8 +7,14 @@
 #include <string_view>
 
 #include "base/handles_win32.h"
+#include "support/disk_win32.h"
 
 namespace ferry::e2e {
+
+using test::Exists;
+using test::LongForm;
+using test::MakeFolders;
+using test::RemoveAll;
 
 /// A new folder below the base folder, or below `base`; removed with all its contents at the end.
 class TempTree {
@@ -41,14 +47,6 @@ private:
     std::wstring root_;
 };
 
-/// Makes a folder with its missing parents.
-void MakeFolders(const std::wstring& path);
-
-/// `path` in the form that has no length limit.
-std::wstring LongForm(std::wstring_view path);
-
-bool Exists(std::wstring_view path);
-
 /// The bytes of a file; empty when it cannot be read.
 std::string ReadBytes(std::wstring_view path);
 
@@ -57,8 +55,5 @@ base::FileHandle OpenAlone(std::wstring_view path);
 
 /// Writes a file as UTF-16LE with a byte-order mark; its folder must exist.
 void WriteUtf16(std::wstring_view path, std::wstring_view text);
-
-/// Removes a file or a folder with all its contents, whatever its attributes.
-void RemoveAll(const std::wstring& path);
 
 }  // namespace ferry::e2e

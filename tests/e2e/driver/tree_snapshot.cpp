@@ -1,8 +1,8 @@
 #include "e2e/driver/tree_snapshot.h"
 
 #include "base/utf16.h"
-#include "e2e/driver/folder_entries.h"
 #include "e2e/driver/temp_tree.h"
+#include "support/disk_win32.h"
 
 namespace ferry::e2e {
 namespace {
@@ -10,7 +10,7 @@ namespace {
 constexpr DWORD kComparedAttributes = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
 
 void ReadBelow(const std::wstring& folder, const std::wstring& prefix, TreeSnapshot& tree) {
-    VisitEntries(LongForm(folder), [&](const FolderEntry& found) {
+    test::VisitEntries(LongForm(folder), [&](const test::FolderEntry& found) {
         TreeEntry entry;
         entry.IsFolder = found.IsFolder();
         entry.Attributes = found.Attributes & kComparedAttributes;

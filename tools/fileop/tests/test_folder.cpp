@@ -22,46 +22,14 @@ std::wstring NewFolder(const std::wstring& parent) {
     return CreateDirectoryW(path.c_str(), nullptr) ? path : std::wstring();
 }
 
-void MakeParents(const std::wstring& root, const std::wstring& path) {
-    for (auto at = path.find(L'\\', root.size() + 1); at != std::wstring::npos;
-         at = path.find(L'\\', at + 1)) {
-        CreateDirectoryW(LongPath(path.substr(0, at)).c_str(), nullptr);
-    }
-}
-
 void Walk(const std::wstring& folder, const std::wstring& prefix, std::vector<std::wstring>& tree) {
-    WIN32_FIND_DATAW found{};
-    const base::FindHandle search(FindFirstFileW(LongPath(folder + L"\\*").c_str(), &found));
-    if (!search) {
-        return;
-    }
-    do {
-        const std::wstring name = found.cFileName;
-        if (name == L"." || name == L"..") {
-            continue;
-        }
-        const bool isFolder = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-        const std::wstring relative = prefix + name + (isFolder ? L"\\" : L"");
+    test::VisitEntries(folder, [&](const test::FolderEntry& entry) {
+        const std::wstring relative = prefix + entry.Name + (entry.IsFolder() ? L"\\" : L"");
         tree.push_back(relative);
-        if (isFolder) {
-            Walk(folder + L"\\" + name, relative, tree);
-        }
-    } while (FindNextFileW(search.Get(), &found));
-}
-
-void RemoveTree(const std::wstring& folder) {
-    std::vector<std::wstring> tree = TreeOf(folder);
-    std::for_each(tree.rbegin(), tree.rend(), [&](const std::wstring& name) {
-        std::wstring path = LongPath(folder + L"\\" + name);
-        SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL);
-        if (path.back() == L'\\') {
-            path.pop_back();
-            RemoveDirectoryW(path.c_str());
-        } else {
-            DeleteFileW(path.c_str());
+        if (entry.IsFolder()) {
+            Walk(folder + L"\\" + entry.Name, relative, tree);
         }
     });
-    RemoveDirectoryW(folder.c_str());
 }
 
 }  // namespace
@@ -71,7 +39,7 @@ TestFolder::TestFolder(const std::wstring& parent) : path_(NewFolder(parent)) {}
 
 TestFolder::~TestFolder() {
     if (!path_.empty()) {
-        RemoveTree(path_);
+        test::RemoveAll(path_);
     }
 }
 
@@ -81,19 +49,19 @@ std::wstring TestFolder::In(std::wstring_view name) const {
 
 std::wstring TestFolder::MakeFolder(std::wstring_view name) const {
     std::wstring path = In(name);
-    MakeParents(path_, path + L"\\");
+    test::MakeFolders(path);
     return path;
 }
 
 std::wstring TestFolder::MakeFile(std::wstring_view name, std::string_view content) const {
     std::wstring path = In(name);
-    MakeParents(path_, path);
+    test::MakeFolders(path.substr(0, path.rfind(L'\\')));
     WriteContent(path, content);
     return path;
 }
 
 std::string ContentOf(const std::wstring& path) {
-    const base::FileHandle file(CreateFileW(LongPath(path).c_str(), GENERIC_READ,
+    const base::FileHandle file(CreateFileW(test::LongForm(path).c_str(), GENERIC_READ,
                                             FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0,
                                             nullptr));
     if (!file) {
@@ -107,13 +75,9 @@ std::string ContentOf(const std::wstring& path) {
 
 void WriteContent(const std::wstring& path, std::string_view content) {
     const base::FileHandle file(
-        CreateFileW(LongPath(path).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
+        CreateFileW(test::LongForm(path).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
     DWORD put = 0;
     WriteFile(file.Get(), content.data(), static_cast<DWORD>(content.size()), &put, nullptr);
-}
-
-bool Exists(const std::wstring& path) {
-    return GetFileAttributesW(LongPath(path).c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
 std::vector<std::wstring> TreeOf(const std::wstring& folder) {
@@ -121,10 +85,6 @@ std::vector<std::wstring> TreeOf(const std::wstring& folder) {
     Walk(folder, L"", tree);
     std::sort(tree.begin(), tree.end());
     return tree;
-}
-
-std::wstring LongPath(const std::wstring& path) {
-    return path.starts_with(L"\\\\?\\") ? path : L"\\\\?\\" + path;
 }
 
 }  // namespace ferry::fileop

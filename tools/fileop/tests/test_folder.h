@@ -5,7 +5,11 @@
 #include <string_view>
 #include <vector>
 
+#include "support/disk_win32.h"
+
 namespace ferry::fileop {
+
+using test::Exists;
 
 /// Makes a new empty folder and removes it with its content at the end.
 class TestFolder {
@@ -38,12 +42,8 @@ private:
 /// The content of a file; "<missing>" when it cannot be read.
 std::string ContentOf(const std::wstring& path);
 void WriteContent(const std::wstring& path, std::string_view content);
-bool Exists(const std::wstring& path);
 
 /// Every file and folder below `folder`, relative to it, sorted; a folder ends with a separator.
 std::vector<std::wstring> TreeOf(const std::wstring& folder);
-
-/// `path` with the prefix that lifts the length limit.
-std::wstring LongPath(const std::wstring& path);
 
 }  // namespace ferry::fileop

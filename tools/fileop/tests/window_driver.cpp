@@ -1,47 +1,37 @@
 #include "window_driver.h"
 
 #include "samplehost/process_windows_win32.h"
+#include "support/poll_win32.h"
 
 namespace ferry::fileop {
 namespace {
 
-constexpr DWORD kDeadlineMs = 15000;
-constexpr DWORD kPollMs = 10;
-
 HWND WaitForWindow(const std::wstring& title) {
-    const ULONGLONG end = GetTickCount64() + kDeadlineMs;
     HWND found = nullptr;
-    while (found == nullptr && GetTickCount64() < end) {
+    test::WaitUntil([&] {
         found = samplehost::FindVisibleWindow(GetCurrentProcessId(), [&](HWND window) {
             wchar_t text[128] = {};
             return IsWindowEnabled(window) && GetWindowTextW(window, text, 128) > 0 && title == text;
         });
-        Sleep(kPollMs);
-    }
+        return found != nullptr;
+    });
     return found;
 }
 
 // The control with the focus, once the window's thread has given it.
 HWND WaitForFocus(HWND window) {
     const DWORD thread = GetWindowThreadProcessId(window, nullptr);
-    const ULONGLONG end = GetTickCount64() + kDeadlineMs;
-    while (GetTickCount64() < end) {
-        GUITHREADINFO info{};
-        info.cbSize = sizeof(info);
-        if (GetGUIThreadInfo(thread, &info) && info.hwndFocus != nullptr &&
-            (info.hwndFocus == window || IsChild(window, info.hwndFocus))) {
-            return info.hwndFocus;
-        }
-        Sleep(kPollMs);
-    }
-    return nullptr;
+    GUITHREADINFO info{};
+    info.cbSize = sizeof(info);
+    const bool hasFocus = test::WaitUntil([&] {
+        return GetGUIThreadInfo(thread, &info) && info.hwndFocus != nullptr &&
+               (info.hwndFocus == window || IsChild(window, info.hwndFocus));
+    });
+    return hasFocus ? info.hwndFocus : nullptr;
 }
 
 void WaitUntilGone(HWND window) {
-    const ULONGLONG end = GetTickCount64() + kDeadlineMs;
-    while (IsWindow(window) && IsWindowVisible(window) && GetTickCount64() < end) {
-        Sleep(kPollMs);
-    }
+    test::WaitUntil([window] { return !IsWindow(window) || !IsWindowVisible(window); });
 }
 
 }  // namespace

@@ -1,0 +1,37 @@
+// The shell's file operation behind the port of the runs.
+#pragma once
+
+#include <windows.h>
+// After windows.h, which the shell's headers build on.
+#include <shobjidl.h>
+
+#include <string>
+
+#include "base/com_ptr_win32.h"
+#include "transfer/ports.h"
+
+namespace ferry::desktop {
+
+/// Hands transfers to the shell. The thread must have initialised COM, and keep it so as long as this lives.
+class WindowsShellOperations : public transfer::ShellOperations {
+public:
+    /// `owner` owns what the shell shows during single transfers; a batch outlives that window
+    /// and belongs to the desktop.
+    explicit WindowsShellOperations(HWND owner) noexcept : owner_(owner) {}
+
+    transfer::ShellOutcome Transfer(const transfer::ShellTransfer& transfer) override;
+    transfer::ShellOutcome TransferAll(const base::TextList& sources,
+                                       const transfer::ShellTransfer& batch) override;
+    void NotifyFolderMade(std::wstring_view path) override;
+
+private:
+    transfer::ShellOutcome Queue(IFileOperation& operation, const transfer::ShellTransfer& transfer);
+    HRESULT FindFolder(std::wstring_view folder);
+
+    HWND owner_;
+    // The item of the folder that was last transferred into: as a rule the next one goes there, too.
+    std::wstring folder_;
+    base::ComPtr<IShellItem> folderItem_;
+};
+
+}  // namespace ferry::desktop

@@ -1,0 +1,68 @@
+// Folders that all hold the same, for the tests of whatever searches them. They keep the search's contract.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/case_order.h"
+#include "files/ports.h"
+#include "paths/path_grammar.h"
+
+namespace ferry::test {
+
+/// Every folder holds the same items, or there is one folder only; the patterns are written down.
+class FakeFolders : public files::FolderSearch {
+public:
+    struct Item {
+        std::wstring Name;
+        bool IsFolder;
+        files::ItemTimes Times = {};  // NOLINT(readability-redundant-member-init): most tests leave it out
+    };
+
+    void Search(std::wstring_view pattern, const std::function<bool(const files::Match&)>& visit) override {
+        Patterns.emplace_back(pattern);
+        if (!IsFolder(paths::ParentWithSeparator(pattern)))
+            return;
+        const std::wstring mask = base::SmallLetters(paths::LastComponent(pattern));
+        const auto show = [&](const Item& item) {
+            if (!Fits(mask, base::SmallLetters(item.Name)))
+                return true;
+            ++Visited;
+            return visit({item.Name, item.IsFolder ? files::kAttributeDirectory : kFile, item.Times});
+        };
+        if (!show({L".", true, {}}) || !show({L"..", true, {}}))
+            return;
+        for (const Item& item : Items) {
+            if (!show(item))
+                return;
+        }
+    }
+
+    std::vector<Item> Items;
+    std::wstring OnlyFolder;  ///< With its separator; when empty, what is no item is a folder of these items.
+    std::vector<std::wstring> Patterns;
+    std::size_t Visited = 0;
+
+private:
+    static constexpr std::uint32_t kFile = 0x20;
+
+    bool IsFolder(std::wstring_view path) const {
+        return OnlyFolder.empty() || base::EqualsIgnoringCase(path, OnlyFolder);
+    }
+
+    /// Whether `name` fits `mask`, in which "*" stands for any text and "?" for any character.
+    static bool Fits(std::wstring_view mask, std::wstring_view name) {
+        if (mask.empty())
+            return name.empty();
+        if (mask.front() == L'*')
+            return Fits(mask.substr(1), name) || (!name.empty() && Fits(mask, name.substr(1)));
+        return !name.empty() && (mask.front() == L'?' || mask.front() == name.front()) &&
+               Fits(mask.substr(1), name.substr(1));
+    }
+};
+
+}  // namespace ferry::test

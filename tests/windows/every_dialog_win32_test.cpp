@@ -1,0 +1,85 @@
+// What holds for each dialog of the program, whichever are there.
+#include <windows.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <vector>
+
+#include "dialogs/dialog_ex.h"
+#include "lang/dialog_text.h"
+#include "process/module_path_win32.h"
+#include "windows/dialog_template_win32.h"
+#include "windows/dialog_world_win32.h"
+#include "windows/support_win32.h"
+
+namespace ferry::dialogs {
+namespace {
+
+/// A dialog of any template, with nothing but its texts.
+class AnyDialog : public CDialogEx {
+public:
+    using CDialogEx::CDialogEx;
+
+protected:
+    bool OnInitDialog() override {
+        Localise();
+        return true;
+    }
+};
+
+// NOLINTNEXTLINE(readability-non-const-parameter): the system prescribes it
+BOOL CALLBACK NoteTemplate(HMODULE, LPCWSTR, LPWSTR name, LONG_PTR list) {
+    if (IS_INTRESOURCE(name))
+        reinterpret_cast<std::vector<int>*>(list)->push_back(LOWORD(name));
+    return TRUE;
+}
+
+std::vector<int> TemplatesOfTheProgram() {
+    std::vector<int> templates;
+    // RT_DIALOG, whose type changes with the character set.
+    EnumResourceNamesW(nullptr, MAKEINTRESOURCEW(5), &NoteTemplate, reinterpret_cast<LONG_PTR>(&templates));
+    return templates;
+}
+
+bool IsJapanese(const std::wstring& text) {
+    return std::ranges::any_of(text, [](wchar_t unit) { return unit >= 0x3000; });
+}
+
+/// The text file of a dialog's English texts, beside this program.
+std::wstring EnglishTextPath(int templateId) {
+    const std::wstring module = process::ModulePath();
+    return lang::DialogTextPath(module.substr(0, module.rfind(L'\\') + 1) + L"Ferry.exe", L".en-US",
+                                templateId);
+}
+
+TEST(EveryDialog, SpeaksEnglishToWhoeverReadsEnglish) {
+    test::DialogWorld world;
+    world.Store.HostTexts[L"NLS"] = L".en-US";
+    const std::vector<int> templates = TemplatesOfTheProgram();
+    ASSERT_GE(templates.size(), 4U);
+    for (const int id : templates) {
+        SCOPED_TRACE(id);
+        // Without the file the dialog would write one.
+        const std::wstring path = EnglishTextPath(id);
+        ASSERT_NE(GetFileAttributesW(path.c_str()), INVALID_FILE_ATTRIBUTES);
+        AnyDialog dialog(static_cast<UINT>(id), world.Services().Localiser);
+        ASSERT_TRUE(dialog.Create(nullptr));
+        EXPECT_FALSE(IsJapanese(test::TextOfWindow(dialog.Handle())));
+        for (HWND control = GetWindow(dialog.Handle(), GW_CHILD); control != nullptr;
+             control = GetWindow(control, GW_HWNDNEXT)) {
+            EXPECT_FALSE(IsJapanese(test::TextOfWindow(control))) << GetDlgCtrlID(control);
+        }
+    }
+}
+
+TEST(EveryDialog, IsInJapaneseByItselfAndInTheFontOfDialogs) {
+    for (const int id : TemplatesOfTheProgram()) {
+        SCOPED_TRACE(id);
+        const test::DialogTemplate dialog = test::ReadDialogTemplate(id);
+        EXPECT_TRUE(IsJapanese(dialog.Title));
+        EXPECT_EQ(dialog.Font, L"MS Shell Dlg 9 400 0 1");
+    }
+}
+
+}  // namespace
+}  // namespace ferry::dialogs
