@@ -1,5 +1,5 @@
 # ./dev check: everything that judges the project without running its tests.
-load build fuzz mutants
+load build extensions fuzz mutants
 
 check_failed=0
 # judge NAME COMMAND...: runs one check and remembers its failure, so that one run shows them all.
@@ -51,6 +51,7 @@ command_check() {
     judge "the reading of test logs" check_test_logs
     judge "the tests behind the promises" check_promises
     judge "includes go down only" check_includes
+    judge "few files for what comes next" check_extensions
     build_app
     judge "lint (clang-tidy)" check_lint
     judge "a second compiler (clang, for Windows)" check_second_compiler
