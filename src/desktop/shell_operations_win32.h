@@ -12,7 +12,8 @@
 
 namespace ferry::desktop {
 
-/// Hands transfers to the shell. The thread must have initialised COM, and keep it so as long as this lives.
+/// Hands transfers to the shell. Before the first one the thread must have initialised COM, and then keep it
+/// so as long as this lives.
 class WindowsShellOperations : public transfer::ShellOperations {
 public:
     /// `owner` owns what the shell shows during single transfers; a batch outlives that window

@@ -31,7 +31,8 @@ struct Services {
     files::FolderSearch& Folders;
     files::FileChanges& FileChanges;
 
-    /// The shell's operations; the window owns what they show. The thread must have initialised COM.
+    /// The shell's operations; the window owns what they show. Before it transfers, the thread must have
+    /// initialised COM.
     std::function<std::unique_ptr<transfer::ShellOperations>(HWND owner)> MakeShellOperations;
 };
 

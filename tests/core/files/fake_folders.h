@@ -11,6 +11,7 @@
 #include "base/case_order.h"
 #include "files/ports.h"
 #include "paths/path_grammar.h"
+#include "support/mask.h"
 
 namespace ferry::test {
 
@@ -52,16 +53,6 @@ private:
 
     bool IsFolder(std::wstring_view path) const {
         return OnlyFolder.empty() || base::EqualsIgnoringCase(path, OnlyFolder);
-    }
-
-    /// Whether `name` fits `mask`, in which "*" stands for any text and "?" for any character.
-    static bool Fits(std::wstring_view mask, std::wstring_view name) {
-        if (mask.empty())
-            return name.empty();
-        if (mask.front() == L'*')
-            return Fits(mask.substr(1), name) || (!name.empty() && Fits(mask, name.substr(1)));
-        return !name.empty() && (mask.front() == L'?' || mask.front() == name.front()) &&
-               Fits(mask.substr(1), name.substr(1));
     }
 };
 

@@ -3,6 +3,7 @@
 
 #include "base/case_order.h"
 #include "core/transfer/model_ports.h"
+#include "support/mask.h"
 
 namespace ferry::transfer::model {
 namespace {
@@ -17,17 +18,6 @@ constexpr std::uint32_t kSettable = 0x31A7;
 
 files::Match MatchOf(std::wstring_view name, const Node& node) {
     return {name, node.Attributes, {node.LastWriteTime, node.LastAccessTime, node.LastWriteTime}};
-}
-
-/// Whether `name` fits `mask`, in which "*" stands for any text and "?" for any character; both in small
-/// letters.
-bool Fits(std::wstring_view mask, std::wstring_view name) {
-    if (mask.empty())
-        return name.empty();
-    if (mask.front() == L'*')
-        return Fits(mask.substr(1), name) || (!name.empty() && Fits(mask, name.substr(1)));
-    return !name.empty() && (mask.front() == L'?' || mask.front() == name.front()) &&
-           Fits(mask.substr(1), name.substr(1));
 }
 
 /// Whether a call that did its work says so; the others claim to have failed.
@@ -96,7 +86,7 @@ void ModelFileSystem::Search(std::wstring_view pattern,
     ++openSearches_;
     mostOpenSearches_ = std::max(mostOpenSearches_, openSearches_);
     const auto goesOn = [&](std::wstring_view name, const Node& item) {
-        return !Fits(mask, base::SmallLetters(name)) || visit(MatchOf(name, item));
+        return !test::Fits(mask, base::SmallLetters(name)) || visit(MatchOf(name, item));
     };
     bool goes = goesOn(L".", *node) && goesOn(L"..", *node);
     // A search that breaks off halfway has no other sign than its end.
