@@ -6,6 +6,7 @@
 #define IDD_BUSY 131
 #define IDD_INPUT 133
 #define IDD_FILE_MODE 134
+#define IDD_REPORT 135
 
 #define IDI_FERRY 128
 
@@ -62,6 +63,19 @@
 #define IDC_CHOICE_RENAME_INCOMING 1224
 #define IDC_CHOICE_RENAME_EXISTING 1225
 #define IDC_CHOICE_RENAME_AUTOMATICALLY 1226
+
+// The report of what a run left behind. The reasons stand in the order of LeftReason.
+#define IDC_REPORT_SUMMARY 1900
+#define IDC_REPORT_LIST 1001
+#define IDC_REPORT_COPY 1103
+#define IDC_REPORT_FIRST_REASON 1910
+#define IDC_REPORT_NO_SOURCE 1911
+#define IDC_REPORT_NO_FOLDER 1912
+#define IDC_REPORT_NOT_QUEUED 1913
+#define IDC_REPORT_NOT_MADE 1914
+#define IDC_REPORT_NOT_LISTED 1915
+#define IDC_REPORT_LEADS_BACK 1916
+#define IDC_REPORT_NOT_SEEN 1917
 
 // The rename dialog.
 #define IDC_CURRENT_NAME 1000

@@ -26,6 +26,57 @@ picture_batch() {
     drive "$@" --log 'C:\FerryPictures.log' 'C:\FerryRun\destination' 'C:\FerryRun\source'
 }
 
+# One run that has to leave some things behind, each for a reason of its own.
+picture_report() {
+    local folder=$wine_prefix/drive_c/FerryPictures
+    rm -rf "$folder"
+    mkdir -p "$folder/source/写真 2024/夏休み" "$folder/destination"
+    printf 'here\n' | tee "$folder/source/メモ.txt" >"$folder/source/写真 2024/夏休み/海.jpg"
+    # A file where the folder would have to be made.
+    printf 'old\n' >"$folder/destination/写真 2024"
+    drive --individual --policy 2 --log 'C:\FerryPictures.log' 'C:\FerryPictures\destination' \
+        'C:\FerryPictures\source\メモ.txt' 'C:\FerryPictures\source\gone.txt' \
+        'C:\FerryPictures\source\写真 2024' 'Q:\Backup\2024\報告書 - 第3四半期 (確定版).xlsx' \
+        '\\server\share\archive\plan.docx'
+}
+
+# Which items of that run take long: the first one, the first of a folder, one among quick ones, two that are
+# large, the second of them so large that the shell shows its own progress, the first of a folder below, and
+# the one of the last source.
+slow_moments=(1 2 15 22 23 24 25)
+
+# items_begun LOG: how many items the file-operation service was given.
+items_begun() {
+    local count
+    count=$(grep -c ^CopyItem "$1" 2>/dev/null) || true
+    echo "${count:-0}"
+}
+
+# A run of slow, quick and large files, with a picture of each slow moment.
+picture_progress() {
+    local folder=$wine_prefix/drive_c/FerryPictures log=$wine_prefix/drive_c/FerryFileOps.log
+    local moment run number faults=
+    rm -rf "$folder" "$log"
+    mkdir -p "$folder/source/写真 2024/夏休み" "$folder/destination"
+    printf 'small\n' | tee "$folder/source/はじめに.txt" "$folder/source/おわりに.txt" \
+        >"$folder/source/写真 2024/夏休み/海.jpg"
+    for number in {01..20}; do printf '%s\n' "$number" >"$folder/source/写真 2024/IMG_$number.jpg"; done
+    head -c 5000000 /dev/zero >"$folder/source/写真 2024/movie.mp4"
+    head -c 12000000 /dev/zero >"$folder/source/写真 2024/video.mov"
+    for moment in "${slow_moments[@]}"; do faults+=${faults:+,}slow@$moment:4000; done
+    FERRY_FILEOP_LOG='C:\FerryFileOps.log' FERRY_FILEOP_FAULTS=$faults drive --individual --policy 3 \
+        --log 'C:\FerryPictures.log' 'C:\FerryPictures\destination' 'C:\FerryPictures\source\はじめに.txt' \
+        'C:\FerryPictures\source\写真 2024' 'C:\FerryPictures\source\おわりに.txt' &
+    run=$!
+    for moment in "${slow_moments[@]}"; do
+        until [ "$(items_begun "$log")" -ge "$moment" ] || ! kill -0 "$run" 2>/dev/null; do sleep 0.05; done
+        sleep 1
+        # The shell's own progress never stands still.
+        import -silent -window root "$build/screenshots/$pictures-$(printf '%02d' "$moment").png" 9>&-
+    done
+    wait "$run"
+}
+
 # picture_language LANGUAGE SCALE: the progress window stands beside the questions of the runs.
 picture_language() {
     local name=$1-$2
@@ -34,6 +85,8 @@ picture_language() {
     pictures=$name-tabs; picture_batch --tab-list "${other_tabs[@]}" || fail "the run with a tab list did not end"
     pictures=$name-decide; picture_collision 7 || fail "the individual run did not end"
     pictures=$name-rename; picture_collision 4 || fail "the renaming run did not end"
+    pictures=$name-report; picture_report || fail "the run that leaves something behind did not end"
+    pictures=$name-progress; picture_progress || fail "the run with slow files did not end"
 }
 
 # scale_to PERCENT: of programs that start from now on.

@@ -12,6 +12,7 @@
 
 #include "app/command_line.h"
 #include "app/dll_search_path.h"
+#include "base/language_win32.h"
 #include "calendar/clock_win32.h"
 #include "desktop/host_messages.h"
 #include "desktop/message_boxes_win32.h"
@@ -22,7 +23,11 @@
 #include "dialogs/services.h"
 #include "files/disk_win32.h"
 #include "framework/common_controls.h"
+#include "framework/dialog.h"
+#include "framework/fields.h"
 #include "hostlink/host_link_win32.h"
+#include "ids.h"
+#include "lang/limit_text.h"
 #include "lang/message_path_win32.h"
 #include "lang/text_files_win32.h"
 #include "process/module_path_win32.h"
@@ -32,7 +37,8 @@ namespace ferry::app {
 
 namespace {
 
-// All the Windows 95 classes: list view, extended combo box and progress bar are among them.
+// All the Windows 95 classes, list view and progress bar among them. The extended combo box is of a later
+// day; the manifest lets the system find its class when a dialog asks for it.
 constexpr DWORD kControlClasses = 0xFF;
 
 CommandLineOptions OptionsOfThisProcess() {
@@ -60,14 +66,22 @@ void ActivateHost() {
 }  // namespace
 
 CFerryApp::CFerryApp() {
-    _wsetlocale(LC_ALL, L"");
+    if (_wsetlocale(LC_ALL, L"") == nullptr) {
+        language_.emplace(base::kSystemLanguage);
+    }
 }
 
 bool CFerryApp::InitInstance() {
+    // A look at a drive without a disk fails; the system shall not ask the person to put one in first.
+    SetErrorMode(GetErrorMode() | SEM_FAILCRITICALERRORS);
     RestrictDllSearchPath();
     const INITCOMMONCONTROLSEX controls{sizeof controls, kControlClasses};
     framework::CommonControls::Get().Init(&controls);
     CWinApp::InitInstance();
+    framework::CDialog::UseIcon(IDI_FERRY);
+    // A run may list a slow folder for longer than Windows waits before it calls a window hung; a click on
+    // the window that it then puts in its place would end the process in the middle of a file.
+    DisableProcessWindowsGhosting();
     const std::wstring modulePath = process::ModulePath();
     hostlink::PresenceMutex presence(modulePath);
     desktop::MessageBoxes speaker;
@@ -78,6 +92,9 @@ bool CFerryApp::InitInstance() {
     settings::RegistryStore settings(ProgramKey());
     lang::DiskTextFiles texts;
     lang::Catalogue messages(texts, lang::MessageFilePath(settings, modulePath), speaker);
+    const framework::LimitTextInForce limitText([&](int limit) {
+        return lang::TooLongText(messages, settings.ReadHostText(L"NLS", lang::kBuiltInSuffix), limit);
+    });
     calendar::SystemClock clock;
     files::DiskInfo files;
     files::DiskSearch folders;
@@ -94,8 +111,8 @@ bool CFerryApp::InitInstance() {
                                files,
                                folders,
                                changes,
-                               [](HWND owner) -> std::unique_ptr<transfer::ShellOperations> {
-                                   return std::make_unique<desktop::WindowsShellOperations>(owner);
+                               [&files](HWND owner) -> std::unique_ptr<transfer::ShellOperations> {
+                                   return std::make_unique<desktop::WindowsShellOperations>(owner, files);
                                }};
     const HWND owner = host.WindowMode == desktop::kOwnedWindowMode ? desktop::FindHostWindow() : nullptr;
     dialogs::CFerryDlg dialog(services, OptionsOfThisProcess(), owner);

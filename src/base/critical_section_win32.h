@@ -5,7 +5,7 @@
 
 namespace ferry::base {
 
-/// A critical section that spins a while before it waits; usable with std::lock_guard.
+/// A critical section that spins a while before it waits; usable with std::lock_guard and std::unique_lock.
 class CriticalSection {
 public:
     CriticalSection() noexcept { InitializeCriticalSectionAndSpinCount(&section_, 4000); }
@@ -14,6 +14,7 @@ public:
     ~CriticalSection() { DeleteCriticalSection(&section_); }
 
     void lock() noexcept { EnterCriticalSection(&section_); }
+    bool try_lock() noexcept { return TryEnterCriticalSection(&section_) != FALSE; }
     void unlock() noexcept { LeaveCriticalSection(&section_); }
 
 private:

@@ -3,9 +3,33 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <iterator>
 #include <limits>
 
 namespace ferry::base {
+
+namespace {
+
+/// The zeros of the scripts whose digits the C library of Windows reads, in order; nine more digits follow
+/// each of them.
+constexpr wchar_t kZeros[] = {
+    L'0',   0x0660, 0x06F0, 0x0966, 0x09E6, 0x0A66, 0x0AE6, 0x0B66, 0x0C66,
+    0x0CE6, 0x0D66, 0x0E50, 0x0ED0, 0x0F20, 0x1040, 0x17E0, 0x1810, 0xFF10,
+};
+
+constexpr int kNoDigit = -1;
+
+/// The value of the decimal digit `unit`, of any of these scripts; kNoDigit for any other unit.
+int DigitOf(wchar_t unit) noexcept {
+    const auto* above = std::ranges::upper_bound(kZeros, unit);
+    if (above == std::begin(kZeros)) {
+        return kNoDigit;
+    }
+    const int value = unit - *std::prev(above);
+    return value < 10 ? value : kNoDigit;
+}
+
+}  // namespace
 
 std::vector<std::wstring_view> Split(std::wstring_view text, wchar_t separator) {
     text = text.substr(0, text.find(L'\0'));
@@ -37,8 +61,12 @@ int ToInt(std::wstring_view text) noexcept {
     constexpr std::int64_t kLargest = std::numeric_limits<int>::max();
     const std::int64_t limit = negative ? kLargest + 1 : kLargest;
     std::int64_t magnitude = 0;
-    for (; at < text.size() && IsDigit(text[at]); ++at) {
-        magnitude = std::min(limit, magnitude * 10 + (text[at] - L'0'));
+    for (; at < text.size(); ++at) {
+        const int digit = DigitOf(text[at]);
+        if (digit == kNoDigit) {
+            break;
+        }
+        magnitude = std::min(limit, magnitude * 10 + digit);
     }
     return static_cast<int>(negative ? -magnitude : magnitude);
 }

@@ -13,8 +13,8 @@ namespace ferry::base {
 std::vector<std::wstring_view> Split(std::wstring_view text, wchar_t separator);
 
 /// The number at the start of `text` by the rules of `_wtoi`: leading white space, an optional
-/// sign, decimal digits up to the first other character; 0 when there are none. A number outside
-/// 32 bits gives the nearest limit, as the C library of Windows does.
+/// sign, decimal digits of any script, even mixed, up to the first other character; 0 when there are
+/// none. A number outside 32 bits gives the nearest limit, as the C library of Windows does.
 int ToInt(std::wstring_view text) noexcept;
 
 /// Whether `unit` is white space in the character table of Windows (C1_SPACE), on every host.

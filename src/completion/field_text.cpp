@@ -104,7 +104,7 @@ Offer OfferFor(std::wstring_view text, std::size_t itemCount) {
     if (RootFor(text)) {
         return Offer::PutRoot;
     }
-    if (itemCount == 0) {
+    if (itemCount == 0 || text.size() == 1) {
         return Offer::Nothing;
     }
     return itemCount == 1 ? Offer::PutOnlyItem : Offer::OpenList;

@@ -36,7 +36,8 @@ std::wstring FieldTextOfDrop(std::wstring_view path, std::uint32_t attributes, b
 /// What follows a search.
 enum class Offer { Nothing, PutRoot, PutOnlyItem, OpenList };
 
-/// What is done for the field's `text` when the list has `itemCount` items.
+/// What is done for the field's `text` when the list has `itemCount` items. A single character becomes
+/// a root or stays alone: the list was not searched for it.
 Offer OfferFor(std::wstring_view text, std::size_t itemCount);
 
 /// The item after `current` in a list of `count` items, and from the last one the first. A

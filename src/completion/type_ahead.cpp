@@ -5,9 +5,18 @@
 namespace ferry::completion {
 namespace {
 
-// The codes of the keys are those of the digits and the capital letters.
-bool IsTypingKey(unsigned key) noexcept {
-    return (key >= 'A' && key <= 'Z') || (key >= '0' && key <= '9');
+// The digits of the keypad have codes of their own.
+constexpr unsigned kKeypad0 = 0x60;
+constexpr unsigned kKeypad9 = 0x69;
+
+// The character of a key that types into the text, else 0. The codes of the other keys are those of the
+// digits and the capital letters.
+wchar_t TypedBy(unsigned key) noexcept {
+    if (key >= kKeypad0 && key <= kKeypad9) {
+        return static_cast<wchar_t>(L'0' + (key - kKeypad0));
+    }
+    const bool types = (key >= 'A' && key <= 'Z') || (key >= '0' && key <= '9');
+    return types ? static_cast<wchar_t>(key) : L'\0';
 }
 
 }  // namespace
@@ -19,11 +28,11 @@ bool TypeAhead::Press(unsigned key, std::uint32_t timeMs) {
     }
     lastMs_ = timeMs;
     stepsOn_ = false;
-    if (!IsTypingKey(key)) {
+    const wchar_t unit = TypedBy(key);
+    if (unit == L'\0') {
         text_.clear();
         return false;
     }
-    const auto unit = static_cast<wchar_t>(key);
     stepsOn_ = text_.size() == 1 && text_.front() == unit;
     if (!stepsOn_) {
         text_ += unit;

@@ -10,14 +10,15 @@
 
 namespace ferry::completion {
 
-/// The text that a person types into a list, key by key. Letters A to Z and digits build it; a pause of more
-/// than a second or any other key begins anew.
+/// The text that a person types into a list, key by key. Letters A to Z and digits, also those of the keypad,
+/// build it; a pause of more than a second or any other key begins anew.
 class TypeAhead {
 public:
     static constexpr std::uint32_t kPauseMs = 1000;
 
     /// Takes a key that went down.
-    /// @param key  a virtual key code; those of letters and digits are their capital ASCII characters
+    /// @param key  a virtual key code; those of letters and digits are their capital ASCII characters,
+    ///     but for the keypad's
     /// @param timeMs  when, on a clock of milliseconds that may wrap around
     /// @return whether the key builds the text, so that a search is due
     bool Press(unsigned key, std::uint32_t timeMs);

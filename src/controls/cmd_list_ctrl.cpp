@@ -17,16 +17,33 @@ namespace {
 // Space beside the text of a list column: the small icon and the list view's own margins.
 constexpr int kIconAndMargins = 28;
 
+/// Gives `item` the text `name`, behind which there is more in memory: the end of its path, or a separator.
+void ShowText(std::wstring_view name, LVITEMW& item) noexcept {
+    if (*(name.data() + name.size()) == L'\0') {
+        // The list view only reads the text; the field is writable for other kinds of lists.
+        item.pszText = const_cast<wchar_t*>(name.data());
+    } else if (item.cchTextMax > 0) {
+        const std::size_t room = static_cast<std::size_t>(item.cchTextMax) - 1;
+        item.pszText[name.copy(item.pszText, room)] = L'\0';
+    }
+}
+
 }  // namespace
 
-bool CCmdListCtrl::Prepare(HWND list, HIMAGELIST icons) {
+bool CCmdListCtrl::Prepare(HWND list, SmallIconSource icons) {
     if (!Attach(list)) {
         return false;
     }
-    SendMessageW(list, LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(icons));
+    smallIcons_ = std::move(icons);
+    ShowIcons();
     // Nothing is written here: with an input method the keys would compose text instead of finding items.
     ImmAssociateContext(list, nullptr);
     return true;
+}
+
+void CCmdListCtrl::ShowIcons() const {
+    SendMessageW(Handle(), LVM_SETIMAGELIST, LVSIL_SMALL,
+                 reinterpret_cast<LPARAM>(smallIcons_(GetDpiForWindow(Handle()))));
 }
 
 void CCmdListCtrl::Append(base::TextList list) {
@@ -56,12 +73,11 @@ void CCmdListCtrl::LetMeasureOneItem() const {
 // A virtual list does not know its texts, so it cannot find its column width by itself. The name
 // with the most characters is nearly always the widest; a name wider than the list is cut.
 void CCmdListCtrl::FitColumn() const {
-    const std::wstring_view longest = items_.LongestName();
-    const wchar_t* const name = longest.empty() ? L"" : longest.data();
+    const std::wstring longest(items_.LongestName());
     RECT client{};
     GetClientRect(Handle(), &client);
-    const int text =
-        static_cast<int>(SendMessageW(Handle(), LVM_GETSTRINGWIDTHW, 0, reinterpret_cast<LPARAM>(name)));
+    const int text = static_cast<int>(
+        SendMessageW(Handle(), LVM_GETSTRINGWIDTHW, 0, reinterpret_cast<LPARAM>(longest.c_str())));
     const int dpi = static_cast<int>(GetDpiForWindow(Handle()));
     const int wanted = text + MulDiv(kIconAndMargins, dpi, USER_DEFAULT_SCREEN_DPI);
     SendMessageW(Handle(), LVM_SETCOLUMNWIDTH, 0, std::min(wanted, static_cast<int>(client.right)));
@@ -70,6 +86,7 @@ void CCmdListCtrl::FitColumn() const {
 std::span<const Route> CCmdListCtrl::Routes() const {
     static constexpr Route kRoutes[] = {
         framework::OnMessage<&CCmdListCtrl::OnIconsReady>(kIconsReadyMessage),
+        framework::OnMessage<&CCmdListCtrl::OnScaled>(WM_DPICHANGED_AFTERPARENT),
         framework::OnMessage<&CCmdListCtrl::OnKeyDown>(WM_KEYDOWN),
         framework::OnMessage<&CCmdListCtrl::OnChar>(WM_CHAR),
     };
@@ -86,6 +103,9 @@ Answer CCmdListCtrl::OnOwnNotification(NMHDR& header) {
             RequestIcons(hint.iFrom, hint.iTo);
             return 0;
         }
+        case LVN_ODFINDITEMW:
+            // No answer would say that its own search for other characters has found the first item.
+            return -1;
         default:
             return std::nullopt;
     }
@@ -97,11 +117,12 @@ void CCmdListCtrl::FillDisplayInfo(LVITEMW& item) const {
         return;
     }
     if ((item.mask & LVIF_TEXT) != 0) {
-        // The list view only reads the text; the field is writable for other kinds of lists.
-        item.pszText = const_cast<wchar_t*>(items_.Name(index).data());
+        ShowText(items_.Name(index), item);
     }
     if ((item.mask & LVIF_IMAGE) != 0) {
-        item.iImage = std::max(items_.Icon(index), 0);
+        // Another icon in its place would be taken for its own.
+        const int icon = items_.Icon(index);
+        item.iImage = icon == ListItems::kNoIcon ? I_IMAGENONE : icon;
     }
 }
 
@@ -120,6 +141,14 @@ void CCmdListCtrl::RequestIcons(int first, int last) {
 Answer CCmdListCtrl::OnIconsReady(WPARAM first, LPARAM last) {
     RedrawItems(static_cast<int>(first), static_cast<int>(last));
     return 0;
+}
+
+// The list view has the font of the new scaling by now.
+Answer CCmdListCtrl::OnScaled(WPARAM wParam, LPARAM lParam) {
+    const LRESULT result = CallDefault(WM_DPICHANGED_AFTERPARENT, wParam, lParam);
+    ShowIcons();
+    FitColumn();
+    return result;
 }
 
 Answer CCmdListCtrl::OnKeyDown(WPARAM key, LPARAM) {

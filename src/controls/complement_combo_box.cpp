@@ -199,7 +199,8 @@ void CComplementComboBox::FillList(std::vector<std::wstring> paths) {
     SendMessageW(Combo(), CB_INITSTORAGE, candidates_.size(),
                  static_cast<LPARAM>(candidates_.size()) * kUnitsPerItem);
     WidenList();
-    const PathDisplay display(Handle());
+    // The field around it may have no font of its own.
+    const PathDisplay display(Combo());
     for (const std::wstring& path : candidates_) {
         AddItem(display.Shown(path));
     }

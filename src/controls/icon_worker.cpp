@@ -5,9 +5,9 @@
 
 #include <algorithm>
 #include <mutex>
-#include <string_view>
 
 #include "base/com_ptr_win32.h"
+#include "paths/path_grammar.h"
 
 namespace ferry::controls {
 
@@ -15,6 +15,12 @@ namespace {
 
 constexpr UINT kByNameFlags = SHGFI_SYSICONINDEX | SHGFI_USEFILEATTRIBUTES;
 constexpr UINT kByPathFlags = SHGFI_SYSICONINDEX | SHGFI_OPENICON;
+
+// A drive letter may stand for a folder of a server.
+bool IsOnNetwork(const std::wstring& path) {
+    return path.starts_with(L'\\') || (paths::StartsWithDrive(path) &&
+                                       GetDriveTypeW((path.substr(0, 2) + L'\\').c_str()) == DRIVE_REMOTE);
+}
 
 }  // namespace
 
@@ -24,21 +30,32 @@ IconWorker::~IconWorker() {
 
 void IconWorker::Request(HWND list, std::size_t first, std::size_t last) {
     ForgetDoneJobs();
-    if (!AnyIconMissing(first, last)) {
+    const Range range{first, std::min(last + 1, items_.Size()), items_.Round()};
+    if (!AnyIconMissing(range) || IsLookedFor(range)) {
         return;
     }
-    jobs_.push_back(std::make_unique<Job>());
+    jobs_.push_back(std::make_unique<Job>(range));
     Job& job = *jobs_.back();
     job.Thread = std::thread([this, &job, list, first, last]() noexcept {
-        FindIcons(first, last);
+        FindIcons(job.Items);
         PostMessageW(list, kIconsReadyMessage, first, static_cast<LPARAM>(last));
         job.Done = true;
     });
 }
 
-bool IconWorker::AnyIconMissing(std::size_t first, std::size_t last) {
-    const std::lock_guard guard(items_.Lock());
-    for (std::size_t index = first; index <= last && index < items_.Size(); ++index) {
+// While the shell keeps a thread waiting, the list may be drawn many times.
+bool IconWorker::IsLookedFor(const Range& range) const noexcept {
+    return std::ranges::any_of(jobs_,
+                               [&](const std::unique_ptr<Job>& job) { return job->Items.Holds(range); });
+}
+
+bool IconWorker::AnyIconMissing(const Range& range) {
+    const std::unique_lock guard(items_.Lock(), std::try_to_lock);
+    if (!guard.owns_lock()) {
+        // A thread that finds nothing missing costs less than drawing that waits.
+        return range.First < range.End;
+    }
+    for (std::size_t index = range.First; index < range.End; ++index) {
         if (items_.Icon(index) == ListItems::kNoIcon) {
             return true;
         }
@@ -46,27 +63,28 @@ bool IconWorker::AnyIconMissing(std::size_t first, std::size_t last) {
     return false;
 }
 
-void IconWorker::FindIcons(std::size_t first, std::size_t last) {
+void IconWorker::FindIcons(const Range& range) {
     const base::ComApartment com;
-    const std::lock_guard guard(items_.Lock());
-    for (std::size_t index = first; index <= last && index < items_.Size() && !stopping_; ++index) {
-        if (items_.Icon(index) == ListItems::kNoIcon) {
-            items_.SetIcon(index, IconOf(items_.Path(index), items_.Name(index)));
+    const std::lock_guard turn(turn_);
+    for (std::size_t index = range.First; index < range.End && !stopping_; ++index) {
+        if (const auto path = items_.PathWithoutIcon(index, range.Round)) {
+            items_.SetIcon(index, range.Round, IconOf(*path));
         }
     }
 }
 
 // A network item is judged by its attributes and name: asking the shell for the item itself
 // could wait for a server that is away.
-int IconWorker::IconOf(std::wstring_view path, std::wstring_view name) {
+int IconWorker::IconOf(const std::wstring& path) {
     SHFILEINFOW info{};
     DWORD_PTR found = 0;
-    if (path.starts_with(L'\\')) {
+    if (IsOnNetwork(path)) {
+        const std::wstring name(paths::ShownName(path));
         const bool isFolder = files::IsFolder(info_.Attributes(path));
-        found = SHGetFileInfoW(name.data(), isFolder ? FILE_ATTRIBUTE_DIRECTORY : FILE_ATTRIBUTE_NORMAL,
+        found = SHGetFileInfoW(name.c_str(), isFolder ? FILE_ATTRIBUTE_DIRECTORY : FILE_ATTRIBUTE_NORMAL,
                                &info, sizeof info, kByNameFlags);
     } else {
-        found = SHGetFileInfoW(path.data(), 0, &info, sizeof info, kByPathFlags);
+        found = SHGetFileInfoW(path.c_str(), 0, &info, sizeof info, kByPathFlags);
     }
     return found != 0 ? info.iIcon : 0;
 }

@@ -20,9 +20,10 @@ public:
     /// middle, so that its end stays to be seen.
     std::wstring Shown(const std::wstring& path) const;
 
-private:
+    /// The width of `text` in the control's font, in pixels.
     LONG WidthOf(const std::wstring& text) const noexcept;
 
+private:
     HWND control_;
     HDC context_;
     HGDIOBJ oldFont_;

@@ -7,6 +7,7 @@
 
 namespace ferry::desktop {
 
+using transfer::BatchOutcome;
 using transfer::Operation;
 using transfer::ShellOutcome;
 using transfer::ShellResult;
@@ -54,16 +55,26 @@ ShellOutcome WindowsShellOperations::Transfer(const ShellTransfer& transfer) {
     return outcome;
 }
 
-ShellOutcome WindowsShellOperations::TransferAll(const base::TextList& sources, const ShellTransfer& batch) {
+BatchOutcome WindowsShellOperations::TransferAll(const base::TextList& sources, const ShellTransfer& batch) {
+    BatchOutcome outcome;
     const auto operation = MakeOperation();
-    if (!operation)
-        return {ShellResult::NoObject, S_FALSE, false};
+    if (!operation) {
+        static_cast<ShellOutcome&>(outcome) = {ShellResult::NoObject, S_FALSE, false};
+        return outcome;
+    }
     ShellTransfer transfer = batch;
+    ShellOutcome queued;
     for (const std::wstring_view source : sources) {
         transfer.Source = source;
-        Queue(*operation.Get(), transfer);
+        // A server that is away keeps a program waiting: once for the folder is enough.
+        if (queued.What != ShellResult::NoFolderItem)
+            queued = Queue(*operation.Get(), transfer);
+        if (queued.What != ShellResult::Done)
+            outcome.Left.push_back({source, queued.What, queued.Code});
     }
-    return Perform(*operation.Get(), GetDesktopWindow(), batch.Flags & 0xFFFF, {});
+    static_cast<ShellOutcome&>(outcome) =
+        Perform(*operation.Get(), GetDesktopWindow(), batch.Flags & 0xFFFF, {});
+    return outcome;
 }
 
 void WindowsShellOperations::NotifyFolderMade(std::wstring_view path) {
@@ -72,20 +83,21 @@ void WindowsShellOperations::NotifyFolderMade(std::wstring_view path) {
 
 ShellOutcome WindowsShellOperations::Queue(IFileOperation& operation, const ShellTransfer& transfer) {
     base::ComPtr<IShellItem> source;
-    if (const HRESULT code = MakeShellItem(transfer.Source, source); FAILED(code))
+    if (const HRESULT code = MakeShellItem(transfer.Source, info_, source); FAILED(code))
         return {ShellResult::NoSourceItem, code, false};
     if (const HRESULT code = FindFolder(transfer.TargetFolder); FAILED(code))
         return {ShellResult::NoFolderItem, code, false};
     const bool copies = transfer.What == Operation::Copy;
-    // A failure to queue shows in what performing answers.
+    HRESULT code = S_OK;
     if (transfer.NewName.empty()) {
         const auto queue = copies ? &IFileOperation::CopyItems : &IFileOperation::MoveItems;
-        (operation.*queue)(source.Get(), folderItem_.Get());
+        code = (operation.*queue)(source.Get(), folderItem_.Get());
     } else {
         const auto queue = copies ? &IFileOperation::CopyItem : &IFileOperation::MoveItem;
-        (operation.*queue)(source.Get(), folderItem_.Get(), std::wstring(transfer.NewName).c_str(), nullptr);
+        const std::wstring name(transfer.NewName);
+        code = (operation.*queue)(source.Get(), folderItem_.Get(), name.c_str(), nullptr);
     }
-    return {};
+    return {FAILED(code) ? ShellResult::NotQueued : ShellResult::Done, code, false};
 }
 
 /// Puts the item of `folder` into folderItem_; none for an empty text.
@@ -93,7 +105,7 @@ HRESULT WindowsShellOperations::FindFolder(std::wstring_view folder) {
     if (folder == folder_)
         return S_OK;
     base::ComPtr<IShellItem> item;
-    const HRESULT code = folder.empty() ? S_OK : MakeShellItem(folder, item);
+    const HRESULT code = folder.empty() ? S_OK : MakeShellItem(folder, info_, item);
     if (FAILED(code))
         return code;
     folder_ = folder;

@@ -17,11 +17,11 @@ namespace ferry::desktop {
 class WindowsShellOperations : public transfer::ShellOperations {
 public:
     /// `owner` owns what the shell shows during single transfers; a batch outlives that window
-    /// and belongs to the desktop.
-    explicit WindowsShellOperations(HWND owner) noexcept : owner_(owner) {}
+    /// and belongs to the desktop. `info` must outlive this object.
+    WindowsShellOperations(HWND owner, files::FileInfo& info) noexcept : owner_(owner), info_(info) {}
 
     transfer::ShellOutcome Transfer(const transfer::ShellTransfer& transfer) override;
-    transfer::ShellOutcome TransferAll(const base::TextList& sources,
+    transfer::BatchOutcome TransferAll(const base::TextList& sources,
                                        const transfer::ShellTransfer& batch) override;
     void NotifyFolderMade(std::wstring_view path) override;
 
@@ -30,6 +30,7 @@ private:
     HRESULT FindFolder(std::wstring_view folder);
 
     HWND owner_;
+    files::FileInfo& info_;
     // The item of the folder that was last transferred into: as a rule the next one goes there, too.
     std::wstring folder_;
     base::ComPtr<IShellItem> folderItem_;

@@ -25,15 +25,25 @@ void TakeForegroundFrom(HWND foreground, HWND window) {
     SystemParametersInfoW(SPI_GETFOREGROUNDLOCKTIMEOUT, 0, &timeout, 0);
     SystemParametersInfoW(SPI_SETFOREGROUNDLOCKTIMEOUT, 0, nullptr, 0);
     SetForegroundWindow(window);
-    // The value belongs into the pointer itself; giving its location instead is what the host's
-    // programs do, and they rely on the lock staying long.
+    // The value belongs into the pointer itself. That its location stands there is deliberate: the time-out
+    // becomes that number of milliseconds, and what it was before does not come back.
     SystemParametersInfoW(SPI_SETFOREGROUNDLOCKTIMEOUT, 0, &timeout, 0);
     AttachThreadInput(windowThread, foregroundThread, FALSE);
-    // The foreground may have changed hands meanwhile, or get lost when the threads part. The lock is
-    // open now, so that a plain request is granted.
-    if (GetForegroundWindow() != window) {
+    // A system may leave nobody in front when the threads part. Only then it is asked again: what a person
+    // has brought to the front meanwhile stays there.
+    if (GetForegroundWindow() == nullptr) {
         SetForegroundWindow(window);
     }
+}
+
+/// Moves `window` over the middle of `host`, inside `work`. Nothing when it has no place at all.
+void Centre(HWND window, const RECT& host, const RECT& work) {
+    RECT before{};
+    if (!GetWindowRect(window, &before)) {
+        return;
+    }
+    const hostlink::Box box = hostlink::CentredOverHost(BoxOf(host), BoxOf(before), BoxOf(work));
+    SetWindowPos(window, nullptr, box.Left, box.Top, 0, 0, SWP_NOZORDER | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
 }  // namespace
@@ -75,8 +85,7 @@ void BringToForeground(HWND window) {
 void CentreOverHost(HWND window, int windowMode) {
     const HWND host = windowMode == kOwnedWindowMode ? nullptr : FindHostWindow();
     RECT hostRect{};
-    RECT windowRect{};
-    if (host == nullptr || !GetWindowRect(host, &hostRect) || !GetWindowRect(window, &windowRect)) {
+    if (host == nullptr || !GetWindowRect(host, &hostRect)) {
         return;
     }
     MONITORINFO monitor{};
@@ -84,9 +93,18 @@ void CentreOverHost(HWND window, int windowMode) {
     if (!GetMonitorInfoW(MonitorFromWindow(host, MONITOR_DEFAULTTONEAREST), &monitor)) {
         return;
     }
-    const hostlink::Box box =
-        hostlink::CentredOverHost(BoxOf(hostRect), BoxOf(windowRect), BoxOf(monitor.rcWork));
-    SetWindowPos(window, nullptr, box.Left, box.Top, 0, 0, SWP_NOZORDER | SWP_NOSIZE | SWP_NOACTIVATE);
+    Centre(window, hostRect, monitor.rcWork);
+    // On a monitor of another scaling it may have another size now.
+    Centre(window, hostRect, monitor.rcWork);
+}
+
+void FlashIfElsewhere(HWND window) {
+    DWORD process = 0;
+    GetWindowThreadProcessId(GetForegroundWindow(), &process);
+    if (process != GetCurrentProcessId()) {
+        FLASHWINFO flash{sizeof flash, window, FLASHW_TRAY | FLASHW_TIMERNOFG, 0, 0};
+        FlashWindowEx(&flash);
+    }
 }
 
 }  // namespace ferry::desktop

@@ -29,4 +29,8 @@ void BringToForeground(HWND window);
 /// Does nothing in kOwnedWindowMode or without a host.
 void CentreOverHost(HWND window, int windowMode);
 
+/// Lets the taskbar button of `window` flash until the person comes, if the person works with another
+/// program, behind whose windows something may have opened.
+void FlashIfElsewhere(HWND window);
+
 }  // namespace ferry::desktop

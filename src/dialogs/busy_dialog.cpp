@@ -36,11 +36,23 @@ void CDlgBusy::StepIt() {
     if (++stepsDone_ > steps_) {
         stepsDone_ = steps_ == 0 ? 0 : stepsDone_ % steps_;
     }
-    ShowSoon();
+    // What follows a slow item may be slow, too, although that one's name was drawn just now.
+    const ULONGLONG now = GetTickCount64();
+    if (now - std::exchange(steppedAt_, now) >= kShowDelayMs)
+        ShowNow();
+    else
+        ShowSoon();
 }
 
 void CDlgBusy::ShowSoon() {
-    if (Handle() == nullptr || showsSoon_)
+    if (Handle() == nullptr)
+        return;
+    // The timer comes with the messages only, which nobody takes while a file is copied.
+    if (GetTickCount64() - shownAt_ >= kShowDelayMs) {
+        ShowNow();
+        return;
+    }
+    if (showsSoon_)
         return;
     showsSoon_ = SetTimer(Handle(), kShowTimerId, kShowDelayMs, nullptr) != 0;
     if (!showsSoon_) {
@@ -51,6 +63,7 @@ void CDlgBusy::ShowSoon() {
 std::span<const framework::Route> CDlgBusy::Routes() const {
     static constexpr framework::Route kRoutes[] = {
         framework::OnMessage<&CDlgBusy::OnShowTimer>(WM_TIMER),
+        framework::OnMessage<&CDlgBusy::OnSessionEnds>(WM_QUERYENDSESSION),
     };
     return kRoutes;
 }
@@ -64,7 +77,20 @@ framework::Answer CDlgBusy::OnShowTimer(WPARAM id, LPARAM) {
     return 0;
 }
 
-void CDlgBusy::ShowState() const {
+void CDlgBusy::ShowNow() {
+    if (Handle() == nullptr)
+        return;
+    ShowState();
+    RedrawWindow(Handle(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+    // A look for messages shows the system that the window lives, which from here on counts how long it is
+    // silent; some systems bring to the screen only then what was drawn. None is taken: nobody sends this
+    // one.
+    MSG message;
+    PeekMessageW(&message, Handle(), WM_APP, WM_APP, PM_NOREMOVE);
+}
+
+void CDlgBusy::ShowState() {
+    shownAt_ = GetTickCount64();
     ShowLine(IDC_BUSY_ITEM, secondLine_);
     bar_.Show(stepsDone_, steps_);
 }
@@ -76,6 +102,8 @@ void CDlgBusy::ShowLine(int control, const std::wstring& text) const {
 }
 
 bool CDlgBusy::OnInitDialog() {
+    // Its owner is hidden, so that the run would have no button in the taskbar.
+    SetWindowLongPtrW(Handle(), GWL_EXSTYLE, GetWindowLongPtrW(Handle(), GWL_EXSTYLE) | WS_EX_APPWINDOW);
     Localise();
     bar_.Attach(Item(IDC_BUSY_BAR));
     showsSoon_ = false;
@@ -89,7 +117,15 @@ void CDlgBusy::OnCancel() {
     if (cancellable_) {
         cancelRequested_ = true;
         EndDialog(IDCANCEL);
+        if (tellStop_)
+            tellStop_();
     }
+}
+
+/// An Escape that is held over from a question which it ended must not end the run as well.
+bool CDlgBusy::PreTranslateMessage(MSG& message) {
+    const bool isRepeated = (message.lParam & (KF_REPEAT << 16)) != 0;
+    return message.message == WM_KEYDOWN && message.wParam == VK_ESCAPE && isRepeated;
 }
 
 void CDlgBusy::DestroyWindow() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -26,16 +27,26 @@ public:
     /// The operation's title.
     void SetFirstLine(std::wstring text);
 
-    /// The name of the item that was just handled. It and the bar may be set as often as there are
-    /// items: drawing them takes longer than moving a small file, so the window shows the newest of
-    /// both at most every kShowDelayMs, from the messages that its thread takes.
+    /// The name of the item that was just handled. It and the bar may be set as often as there are items:
+    /// drawing them takes longer than moving a small file. So they are drawn at once when kShowDelayMs have
+    /// passed since they were last drawn; else the newest of both is, from the messages that its thread
+    /// takes.
     void SetSecondLine(std::wstring_view text);
 
     /// A bar of `count` steps, none of which is done.
     void StartSteps(std::uint32_t count);
 
-    /// One step more is done. After the last one the bar starts over.
+    /// One step more. After the last one the bar starts over. It is drawn at once, too, when the step before
+    /// took longer than kShowDelayMs.
     void StepIt();
+
+    /// Draws the newest of both, whenever that was done last.
+    void ShowNow();
+
+    /// What is told when the user asks to stop, besides TakeCancelRequest. It may be empty.
+    void OnStop(std::function<void()> tell) { tellStop_ = std::move(tell); }
+
+    bool PreTranslateMessage(MSG& message) override;
 
     /// Whether the user asked to stop since the last call.
     bool TakeCancelRequest() noexcept { return std::exchange(cancelRequested_, false); }
@@ -52,8 +63,9 @@ protected:
 
 private:
     framework::Answer OnShowTimer(WPARAM id, LPARAM);
+    framework::Answer OnSessionEnds(WPARAM, LPARAM) { return FALSE; }
     void ShowSoon();
-    void ShowState() const;
+    void ShowState();
     void ShowLine(int control, const std::wstring& text) const;
 
     framework::CProgressCtrl bar_;
@@ -61,6 +73,9 @@ private:
     std::wstring secondLine_;
     std::uint32_t stepsDone_ = 0;
     std::uint32_t steps_ = 0;
+    std::function<void()> tellStop_;
+    ULONGLONG shownAt_ = 0;    ///< When bar and line were last drawn (GetTickCount64).
+    ULONGLONG steppedAt_ = 0;  ///< When the last step came.
     bool showsSoon_ = false;
     bool cancellable_ = false;
     bool cancelRequested_ = false;

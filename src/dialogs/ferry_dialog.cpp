@@ -8,6 +8,7 @@
 #include "confirmation/policies.h"
 #include "desktop/shell_open.h"
 #include "desktop/window_placement.h"
+#include "framework/accessible_name.h"
 #include "framework/fields.h"
 #include "framework/handles.h"
 #include "ids.h"
@@ -28,6 +29,8 @@ constexpr std::size_t kBrowsedPathLimit = 520;
 
 // Asks whether a window is this dialog; another program of the host may send it.
 constexpr UINT kIdentifyMessage = 0x8030;
+// The dialog's own: name the controls for screen readers.
+constexpr UINT kNameControlsMessage = 0x8040;
 
 constexpr std::uint16_t kMessageNoTabFolders = 62401;
 constexpr std::uint16_t kMessageMissingTail = 62325;
@@ -91,7 +94,8 @@ bool CFerryDlg::OnInitDialog() {
         SendDlgItemMessageW(Handle(), IDC_PRECISION, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(precision));
     }
     Localise();
-    list_.Prepare(Item(IDC_SOURCE_LIST), services_.Shell.SmallIcons());
+    list_.Prepare(Item(IDC_SOURCE_LIST), [this](UINT dpi) { return services_.Shell.SmallIcons(dpi); });
+    tabList_.Attach(Item(IDC_TAB_LIST));
     PrepareDestination();
     DragAcceptFiles(Handle(), TRUE);
     form_.Settings = transfer::LoadTransferSettings(services_.Settings);
@@ -106,7 +110,23 @@ bool CFerryDlg::OnInitDialog() {
     desktop::ApplyWindowMode(Handle(), host.WindowMode, {});
     ShowTabChoice();
     FocusAtStart();
+    PostMessageW(Handle(), kNameControlsMessage, 0, 0);
     return false;
+}
+
+// The focus of the destination is in an edit control two windows deep, for which Windows finds no label; the
+// browse button shows three dots. Both are named when the dialog stands, since that needs a service of COM.
+framework::Answer CFerryDlg::OnNameControls(WPARAM, LPARAM) {
+    const std::wstring destination =
+        base::ReplaceAll(framework::WindowText(Item(IDC_DESTINATION_LABEL)), L"&", L"");
+    const framework::AccessibleName names[] = {
+        {destination_.Edit(), destination},
+        {destination_.Combo(), destination},
+        // Of a message file that is not there nobody wants to hear at the start.
+        {Item(IDC_BROWSE), services_.Messages.Find(kMessageBrowsePrompt).value_or(L"...")},
+    };
+    framework::NameForScreenReaders(names);
+    return 0;
 }
 
 // The list box has the button's text for a label, with its mnemonic, since only one of them shows.
@@ -132,10 +152,9 @@ void CFerryDlg::PrepareDestination() {
 }
 
 // Batch mode leaves conflicts to the shell, so only "do not ask" has a meaning there; the rest
-// belongs to individual mode.
+// belongs to individual mode, in which every other number runs.
 void CFerryDlg::ShowModeLayout() {
-    const bool individual =
-        form_.Settings.Mode == static_cast<std::uint32_t>(transfer::WorkingMode::Individual);
+    const bool individual = form_.Settings.Mode != static_cast<std::uint32_t>(transfer::WorkingMode::Batch);
     const int showIndividual = individual ? SW_SHOW : SW_HIDE;
     for (const int id : kIndividualOnly) {
         ShowWindow(Item(id), showIndividual);
@@ -152,6 +171,8 @@ std::span<const Route> CFerryDlg::Routes() const {
         framework::OnMessage<&CFerryDlg::OnCopyData>(WM_COPYDATA),
         framework::OnMessage<&CFerryDlg::OnRaiseTimer>(WM_TIMER),
         framework::OnMessage<&CFerryDlg::OnHelp>(WM_HELP),
+        framework::OnMessage<&CFerryDlg::OnSessionEnds>(WM_QUERYENDSESSION),
+        framework::OnMessage<&CFerryDlg::OnNameControls>(kNameControlsMessage),
         framework::OnMessage<&CFerryDlg::OnAreYouFerry>(kIdentifyMessage),
         framework::OnClick<&CFerryDlg::OnModeChanged>(IDC_BATCH),
         framework::OnClick<&CFerryDlg::OnModeChanged>(IDC_INDIVIDUAL),

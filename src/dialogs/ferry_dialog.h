@@ -8,11 +8,13 @@
 #include "confirmation/arrivals.h"
 #include "confirmation/start.h"
 #include "controls/cmd_list_ctrl.h"
+#include "controls/folder_list.h"
 #include "controls/history_combo_box.h"
 #include "dialogs/dialog_ex.h"
 #include "dialogs/services.h"
 #include "dialogs/start_options.h"
 #include "framework/fields.h"
+#include "transfer/leftovers.h"
 #include "transfer/request.h"
 
 namespace ferry::dialogs {
@@ -63,6 +65,10 @@ private:
     void ShowMessage(std::uint16_t number);
     void TellHostToOpen(const std::wstring& destination);
     void RunTransfer(const transfer::TransferRequest& request);
+    framework::Answer OnSessionEnds(WPARAM, LPARAM) const;
+    framework::Answer OnNameControls(WPARAM, LPARAM);
+    transfer::Leftovers RunItemByItem(const transfer::TransferRequest& request,
+                                      transfer::ShellOperations& shell);
 
     Services& services_;
     StartOptions options_;
@@ -70,6 +76,7 @@ private:
     confirmation::Arrivals arrivals_;
     bool hasStarted_ = false;
     controls::CCmdListCtrl list_;
+    controls::CFolderList tabList_;
     controls::CHistryComboBoxEx destination_;
 };
 

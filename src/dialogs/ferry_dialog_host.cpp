@@ -135,19 +135,12 @@ void CFerryDlg::FillTabList() {
     if (options_.TabListMode == 0) {
         return;
     }
-    const HWND list = Item(IDC_TAB_LIST);
     const base::TextList& folders = services_.Host.TabFolders;
-    SendMessageW(list, WM_SETREDRAW, FALSE, 0);
-    SendMessageW(list, LB_RESETCONTENT, 0, 0);
-    for (const std::wstring_view folder : folders) {
-        SendMessageW(list, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(folder.data()));
-    }
+    tabList_.Show(folders);
     if (!folders.IsEmpty()) {
         const std::size_t preset = confirmation::PresetFolder(options_.TabFolderIndex, folders.Size());
-        SendMessageW(list, LB_SETCURSEL, preset, 0);
+        SendMessageW(tabList_.Handle(), LB_SETCURSEL, preset, 0);
     }
-    SendMessageW(list, WM_SETREDRAW, TRUE, 0);
-    InvalidateRect(list, nullptr, TRUE);
 }
 
 void CFerryDlg::FocusAtStart() {

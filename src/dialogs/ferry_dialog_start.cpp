@@ -3,7 +3,9 @@
 
 #include "base/com_ptr_win32.h"
 #include "desktop/host_messages.h"
+#include "desktop/session_hold.h"
 #include "dialogs/ferry_dialog.h"
+#include "dialogs/report_dialog.h"
 #include "dialogs/run_windows.h"
 #include "ids.h"
 #include "transfer/batch_run.h"
@@ -60,16 +62,28 @@ void CFerryDlg::TellHostToOpen(const std::wstring& destination) {
 
 void CFerryDlg::RunTransfer(const transfer::TransferRequest& request) {
     const base::ComApartment com;
+    const desktop::SessionHold hold(Handle(), RunTitle(services_.Messages, request.What));
     const auto shell = services_.MakeShellOperations(Handle());
     if (request.Settings.Mode == static_cast<std::uint32_t>(transfer::WorkingMode::Batch)) {
-        transfer::RunBatch(request, *shell);
+        ReportLeftovers(services_.Localiser, Handle(), transfer::RunBatch(request, *shell));
         return;
     }
+    ReportLeftovers(services_.Localiser, Handle(), RunItemByItem(request, *shell));
+}
+
+/// In the middle of a file nobody logs off.
+framework::Answer CFerryDlg::OnSessionEnds(WPARAM, LPARAM) const {
+    return hasStarted_ ? framework::Answer(FALSE) : std::nullopt;
+}
+
+transfer::Leftovers CFerryDlg::RunItemByItem(const transfer::TransferRequest& request,
+                                             transfer::ShellOperations& shell) {
     ProgressWindow progress(services_, Handle(), request.What);
     QuestionWindows questions(services_, progress, Handle());
-    transfer::IndividualRun(request, {services_.Files, services_.Folders, services_.FileChanges, *shell,
-                                      services_.Clock, questions, progress})
-        .Run();
+    transfer::IndividualRun run(request, {services_.Files, services_.Folders, services_.FileChanges, shell,
+                                          services_.Clock, questions, progress});
+    run.Run();
+    return run.Left();
 }
 
 }  // namespace ferry::dialogs

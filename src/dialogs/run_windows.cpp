@@ -3,8 +3,10 @@
 #include "base/text.h"
 #include "confirmation/answers.h"
 #include "confirmation/policies.h"
+#include "desktop/window_placement.h"
 #include "dialogs/file_mode_dialog.h"
 #include "dialogs/input_dialog.h"
+#include "ids.h"
 
 namespace ferry::dialogs {
 
@@ -15,11 +17,14 @@ constexpr std::uint16_t kCopyingTitle = 5954;
 
 }  // namespace
 
+std::wstring RunTitle(lang::Catalogue& messages, transfer::Operation operation) {
+    return messages.Fetch(operation == transfer::Operation::Move ? kMovingTitle : kCopyingTitle);
+}
+
 ProgressWindow::ProgressWindow(Services& services, HWND confirmation, transfer::Operation operation)
     : confirmation_(confirmation), dialog_(services.Localiser) {
     dialog_.SetCancellable(true);
-    dialog_.SetFirstLine(
-        services.Messages.Fetch(operation == transfer::Operation::Move ? kMovingTitle : kCopyingTitle));
+    dialog_.SetFirstLine(RunTitle(services.Messages, operation));
     dialog_.Create(confirmation);
     EnableWindow(confirmation, FALSE);
 }
@@ -33,7 +38,11 @@ void ProgressWindow::SetRange(std::uint32_t count) {
     dialog_.StartSteps(count);
 }
 
-bool ProgressWindow::DrainAndTakeCancel() {
+bool ProgressWindow::DrainAndTakeCancel(transfer::Pause at) {
+    const ULONGLONG now = GetTickCount64();
+    if (at == transfer::Pause::Listing && now - lastDrain_ < kShowDelayMs)
+        return false;
+    lastDrain_ = now;
     MSG message;
     while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
         if (message.message == WM_QUIT) {
@@ -58,15 +67,30 @@ void ProgressWindow::ShowItem(std::wstring_view name) {
     dialog_.SetSecondLine(name);
 }
 
+void ProgressWindow::ShowNow() {
+    dialog_.ShowNow();
+}
+
+int ProgressWindow::Ask(framework::CDialog& question, int stopped) {
+    ShowNow();
+    // The question has no button of its own in the taskbar.
+    desktop::FlashIfElsewhere(Window());
+    question.SetCompanion(&dialog_);
+    dialog_.OnStop([&question, stopped] { question.EndDialog(stopped); });
+    const int answer = question.DoModal();
+    dialog_.OnStop({});
+    return answer;
+}
+
 transfer::CollisionAnswer QuestionWindows::AskCollision(std::wstring_view name) {
-    CDlgFileMode dialog(services_, progress_.Window(), std::wstring(name));
-    const int button = dialog.DoModal();
+    CDlgFileMode dialog(services_, confirmation_, std::wstring(name));
+    const int button = progress_.Ask(dialog, IDC_STOP_ALL);
     return {confirmation::CollisionChoiceOf(button), transfer::PolicyOf(dialog.Choice())};
 }
 
 transfer::NameAnswer QuestionWindows::AskNewName(transfer::RenameKind kind, std::wstring_view path) {
-    CDlgInput dialog(services_, progress_.Window(), RenameCaption(kind), std::wstring(path));
-    const int button = dialog.DoModal();
+    CDlgInput dialog(services_, confirmation_, RenameCaption(kind), std::wstring(path));
+    const int button = progress_.Ask(dialog, IDC_APPLY_TO_ALL);
     return {confirmation::NameChoiceOf(button), dialog.Result()};
 }
 

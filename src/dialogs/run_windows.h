@@ -7,6 +7,9 @@
 
 namespace ferry::dialogs {
 
+/// What a run does, in the person's language.
+std::wstring RunTitle(lang::Catalogue& messages, transfer::Operation operation);
+
 /// Shows a run's progress in the progress dialog, which it makes and destroys.
 class ProgressWindow : public transfer::Progress {
 public:
@@ -17,23 +20,28 @@ public:
     ~ProgressWindow() override;
 
     void SetRange(std::uint32_t count) override;
-    bool DrainAndTakeCancel() override;
+    bool DrainAndTakeCancel(transfer::Pause at) override;
     void Step() override;
     void ShowItem(std::wstring_view name) override;
+    void ShowNow() override;
 
     HWND Window() const noexcept { return dialog_.Handle(); }
+
+    /// Shows `question` and waits for its answer. While it is open the run can be stopped here, which ends it
+    /// with `stopped`.
+    int Ask(framework::CDialog& question, int stopped);
 
 private:
     HWND confirmation_;
     CDlgBusy dialog_;
+    ULONGLONG lastDrain_ = 0;  ///< When a listing last handled messages (GetTickCount64).
 };
 
-/// Asks the questions of a run in dialogs over the progress window.
+/// Asks the questions of a run in dialogs beside the progress window, where the run can be stopped meanwhile.
 class QuestionWindows : public transfer::Questions {
 public:
-    /// The progress window may be gone when a question comes; then the dialogs have no owner.
-    /// The labels of `confirmation` caption the rename dialog.
-    QuestionWindows(Services& services, const ProgressWindow& progress, HWND confirmation) noexcept
+    /// `confirmation` owns the dialogs, and its labels caption the rename dialog.
+    QuestionWindows(Services& services, ProgressWindow& progress, HWND confirmation) noexcept
         : services_(services), progress_(progress), confirmation_(confirmation) {}
 
     transfer::CollisionAnswer AskCollision(std::wstring_view name) override;
@@ -44,7 +52,7 @@ private:
     std::wstring RenameCaption(transfer::RenameKind kind) const;
 
     Services& services_;
-    const ProgressWindow& progress_;
+    ProgressWindow& progress_;
     HWND confirmation_;
 };
 

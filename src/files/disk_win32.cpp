@@ -60,6 +60,12 @@ base::FindHandle FindFirst(std::wstring_view pattern, WIN32_FIND_DATAW& data) {
                                              nullptr, FIND_FIRST_EX_LARGE_FETCH));
 }
 
+/// The error of a search that found nothing more.
+std::uint32_t SearchError() noexcept {
+    const DWORD error = GetLastError();
+    return error == ERROR_FILE_NOT_FOUND || error == ERROR_NO_MORE_FILES ? 0 : error;
+}
+
 int LastError() noexcept {
     return static_cast<int>(GetLastError());
 }
@@ -110,19 +116,33 @@ bool DiskInfo::IsRoot(std::wstring_view path) {
     return PathIsRootW(std::wstring(path).c_str()) != FALSE;
 }
 
-void DiskSearch::Search(std::wstring_view pattern, const std::function<bool(const Match&)>& visit) {
+std::optional<ItemId> DiskInfo::Identity(std::wstring_view path) {
+    // Folders, too, and nobody is kept from anything meanwhile.
+    const base::FileHandle item(CreateFileW(paths::LongPathText(path).c_str(), FILE_READ_ATTRIBUTES,
+                                            FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                            OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+    BY_HANDLE_FILE_INFORMATION info{};
+    if (!item || !GetFileInformationByHandle(item.Get(), &info))
+        return std::nullopt;
+    const std::uint64_t place = Number({info.nFileIndexLow, info.nFileIndexHigh});
+    // Some servers number nothing.
+    return place == 0 ? std::nullopt : std::optional(ItemId{info.dwVolumeSerialNumber, place});
+}
+
+std::uint32_t DiskSearch::Search(std::wstring_view pattern, const std::function<bool(const Match&)>& visit) {
     WIN32_FIND_DATAW data;
     const base::FindHandle search = FindFirst(pattern, data);
     if (!search) {
-        return;
+        return SearchError();
     }
     do {
         const ItemTimes times{Number(data.ftCreationTime), Number(data.ftLastAccessTime),
                               Number(data.ftLastWriteTime)};
         if (!visit({data.cFileName, data.dwFileAttributes, times})) {
-            return;
+            return 0;
         }
     } while (FindNextFileW(search.Get(), &data) != FALSE);
+    return SearchError();
 }
 
 bool DiskChanges::SetAttributes(std::wstring_view path, std::uint32_t attributes) {
@@ -132,12 +152,20 @@ bool DiskChanges::SetAttributes(std::wstring_view path, std::uint32_t attributes
 int DiskChanges::MakeFolder(std::wstring_view path) {
     const paths::LongPath target = paths::ToLongPath(path);
     // The shell's function refuses prefixed paths, or even cuts them and makes a wrong folder.
-    return target.Form == paths::LongPathForm::Unchanged ? SHCreateDirectory(nullptr, target.Text.c_str())
-                                                         : MakeLongFolder(target.Text);
+    if (target.Form != paths::LongPathForm::Unchanged)
+        return MakeLongFolder(target.Text);
+    const int made = SHCreateDirectory(nullptr, target.Text.c_str());
+    // A folder needs room for a short name in it: without the prefix its path may have 247 units only.
+    return made == ERROR_FILENAME_EXCED_RANGE ? MakeLongFolder(paths::WithPlainPrefix(path).Text) : made;
 }
 
 bool DiskChanges::RemoveFolder(std::wstring_view path) {
     return RemoveDirectoryW(paths::LongPathText(path).c_str()) != FALSE;
+}
+
+void DiskChanges::LetOthersClose() {
+    constexpr DWORD kMomentMs = 50;
+    Sleep(kMomentMs);
 }
 
 bool DiskChanges::Rename(std::wstring_view from, std::wstring_view to) {

@@ -11,11 +11,12 @@ public:
     std::optional<FoundItem> Find(std::wstring_view path) override;
     std::uint64_t Size(std::wstring_view path) override;
     bool IsRoot(std::wstring_view path) override;
+    std::optional<ItemId> Identity(std::wstring_view path) override;
 };
 
 class DiskSearch final : public FolderSearch {
 public:
-    void Search(std::wstring_view pattern, const std::function<bool(const Match&)>& visit) override;
+    std::uint32_t Search(std::wstring_view pattern, const std::function<bool(const Match&)>& visit) override;
 };
 
 class DiskChanges final : public FileChanges {
@@ -24,6 +25,7 @@ public:
     int MakeFolder(std::wstring_view path) override;
     bool RemoveFolder(std::wstring_view path) override;
     bool Rename(std::wstring_view from, std::wstring_view to) override;
+    void LetOthersClose() override;
 };
 
 }  // namespace ferry::files

@@ -6,13 +6,10 @@
 
 namespace ferry::files {
 
-void ForEachEntry(FolderSearch& search, std::wstring_view folder,
-                  const std::function<void(const Match&)>& visit) {
-    search.Search(paths::WithTrailingSeparator(folder) + L'*', [&visit](const Match& match) {
-        if (match.Name != L"." && match.Name != L"..") {
-            visit(match);
-        }
-        return true;
+std::uint32_t ForEachEntry(FolderSearch& search, std::wstring_view folder,
+                           const std::function<bool(const Match&)>& visit) {
+    return search.Search(paths::WithTrailingSeparator(folder) + L'*', [&visit](const Match& match) {
+        return match.Name == L"." || match.Name == L".." || visit(match);
     });
 }
 

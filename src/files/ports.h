@@ -10,6 +10,7 @@
 namespace ferry::files {
 
 inline constexpr std::uint32_t kAttributeDirectory = 0x10;
+inline constexpr std::uint32_t kAttributeLink = 0x400;  ///< A reparse point: leads elsewhere, most of them.
 inline constexpr std::uint32_t kInvalidAttributes = 0xFFFFFFFF;
 
 /// Whether these are the attribute bits of a folder. The invalid value has every bit set, the folder's too.
@@ -28,7 +29,15 @@ struct ItemTimes {
 struct FoundItem {
     std::uint32_t Attributes = 0;
     std::uint64_t LastWriteTime = 0;
-    bool IsTimeKnown = true;  ///< False for an item that is, or may be, there but cannot be read.
+    bool IsTimeKnown = true;  ///< False where nobody could look: there may be an item or none.
+};
+
+/// What tells an item from every other, by whatever path it was reached: its volume and its place there.
+struct ItemId {
+    std::uint64_t Volume = 0;
+    std::uint64_t Place = 0;
+
+    bool operator==(const ItemId&) const = default;
 };
 
 /// Looks at single items.
@@ -48,6 +57,9 @@ public:
 
     /// Whether `path` is a drive root or the root of a network share (PathIsRoot).
     virtual bool IsRoot(std::wstring_view path) = 0;
+
+    /// Which item is at `path`; nothing when that cannot be told, also because there is none.
+    virtual std::optional<ItemId> Identity(std::wstring_view path) = 0;
 };
 
 /// One match of a search; the name is valid during the call that gets it.
@@ -63,13 +75,16 @@ public:
     virtual ~FolderSearch() = default;
 
     /// Calls `visit` for every match of `pattern`, "." and ".." included, in the order of the search,
-    /// until it answers false. A search that fails, also half way, just ends. `visit` may search in turn.
-    virtual void Search(std::wstring_view pattern, const std::function<bool(const Match&)>& visit) = 0;
+    /// until it answers false. The error of a search that failed, also half way; 0 for one that ended, also
+    /// where nothing matched. `visit` may search in turn.
+    virtual std::uint32_t Search(std::wstring_view pattern,
+                                 const std::function<bool(const Match&)>& visit) = 0;
 };
 
-/// Calls `visit` for every entry of `folder` except "." and "..".
-void ForEachEntry(FolderSearch& search, std::wstring_view folder,
-                  const std::function<void(const Match&)>& visit);
+/// Calls `visit` for every entry of `folder` except "." and "..", until it answers false; the error of the
+/// search.
+std::uint32_t ForEachEntry(FolderSearch& search, std::wstring_view folder,
+                           const std::function<bool(const Match&)>& visit);
 
 /// Results of FileChanges::MakeFolder that have a meaning of their own (SHCreateDirectory).
 inline constexpr int kFolderMade = 0;
@@ -93,6 +108,9 @@ public:
     /// Gives a file or folder a new path on the same volume. False when it failed, also because
     /// something is at the new path already, which then stays.
     virtual bool Rename(std::wstring_view from, std::wstring_view to) = 0;
+
+    /// Waits for the moment in which scanners and windows close what they have just looked at.
+    virtual void LetOthersClose() = 0;
 };
 
 }  // namespace ferry::files

@@ -1,5 +1,7 @@
 #include "framework/dialog.h"
 
+#include <utility>
+
 #include "framework/errors.h"
 
 namespace ferry::framework {
@@ -39,8 +41,12 @@ int CDialog::DoModal() {
         EnableWindow(owner_, FALSE);
     }
     if (!Make(owner_)) {
+        // An owner that has gone, or that belongs to a program with more rights, is refused: better a dialog
+        // without an owner than none.
         EnableOwner();
-        return -1;
+        if (owner_ == nullptr || !Make(nullptr)) {
+            return -1;
+        }
     }
     if (!ended_) {
         ShowWindow(Handle(), SW_SHOWNORMAL);
@@ -63,7 +69,8 @@ void CDialog::RunLoop() {
         if (got == -1) {
             return;
         }
-        if (!HandleDialogMessage(message)) {
+        if (!HandleDialogMessage(message) &&
+            (companion_ == nullptr || !companion_->HandleDialogMessage(message))) {
             TranslateMessage(&message);
             DispatchMessageW(&message);
         }
@@ -83,6 +90,9 @@ void CDialog::EndDialog(int result) {
     // foreground to another program.
     EnableOwner();
     if (Handle() != nullptr) {
+        if (companion_ != nullptr && GetActiveWindow() == Handle()) {
+            SetActiveWindow(companion_->Handle());
+        }
         ShowWindow(Handle(), SW_HIDE);
         // The loop may be waiting for a message while a sent one got us here.
         PostMessageW(Handle(), WM_NULL, 0, 0);
@@ -94,6 +104,26 @@ void CDialog::EnableOwner() noexcept {
         EnableWindow(disabledOwner_, TRUE);
         disabledOwner_ = nullptr;
     }
+}
+
+/// Loads the icon in both sizes of the window's scaling; of the sizes in the file the system takes the
+/// nearest.
+void CDialog::ShowIcons() {
+    if (iconId_ == 0) {
+        return;
+    }
+    const UINT dpi = GetDpiForWindow(Handle());
+    const auto load = [dpi](int width, int height) {
+        return IconHandle(static_cast<HICON>(LoadImageW(
+            GetModuleHandleW(nullptr), MAKEINTRESOURCEW(iconId_), IMAGE_ICON,
+            GetSystemMetricsForDpi(width, dpi), GetSystemMetricsForDpi(height, dpi), LR_DEFAULTCOLOR)));
+    };
+    IconHandle large = load(SM_CXICON, SM_CYICON);
+    IconHandle small = load(SM_CXSMICON, SM_CYSMICON);
+    SendMessageW(Handle(), WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(large.Get()));
+    SendMessageW(Handle(), WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(small.Get()));
+    largeIcon_ = std::move(large);
+    smallIcon_ = std::move(small);
 }
 
 bool CDialog::HandleDialogMessage(MSG& message) {
@@ -117,6 +147,9 @@ bool CDialog::HandleDialogMessage(MSG& message) {
 }
 
 Answer CDialog::Dispatch(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_DPICHANGED) {
+        ShowIcons();
+    }
     if (Answer answer = CWnd::Dispatch(message, wParam, lParam)) {
         return answer;
     }
@@ -142,6 +175,7 @@ INT_PTR CALLBACK CDialog::DialogProc(HWND dialog, UINT message, WPARAM, LPARAM l
     try {
         auto& self = *reinterpret_cast<CDialog*>(lParam);
         self.Attach(dialog);
+        self.ShowIcons();
         return self.OnInitDialog() ? TRUE : FALSE;
     } catch (...) {
         ReportCurrentException();

@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include "framework/handles.h"
 #include "framework/window.h"
 
 namespace ferry::framework {
@@ -12,12 +13,16 @@ namespace ferry::framework {
 /// before the dialog does and the object can go on working after its dialog has ended.
 class CDialog : public CWnd {
 public:
-    /// `owner` may be null. The template is looked up in the executable.
+    /// `owner` may be null; one that the system refuses counts as null. The template is looked up in the
+    /// executable.
     explicit CDialog(UINT templateId, HWND owner = nullptr) noexcept
         : templateId_(templateId), owner_(owner) {}
     CDialog(const CDialog&) = delete;
     CDialog& operator=(const CDialog&) = delete;
     ~CDialog() override;
+
+    /// The icon that all dialogs bear, by its number in the executable; 0: none.
+    static void UseIcon(UINT icon) noexcept { iconId_ = icon; }
 
     /// Shows the dialog and returns what EndDialog was given; -1 when it could not be made.
     int DoModal();
@@ -31,6 +36,10 @@ public:
     /// Ends the dialog: its owner is enabled, it is hidden at once, and DoModal returns `result`
     /// as soon as the message that is being handled is done.
     virtual void EndDialog(int result);
+
+    /// A modeless dialog whose keys work while this one is modal, and which gets the keyboard afterwards;
+    /// null for none. It must outlive DoModal.
+    void SetCompanion(CDialog* companion) noexcept { companion_ = companion; }
 
     /// Gives `message` to the controls' pre-translation and to the dialog's keyboard handling.
     /// True when it was consumed and must not be dispatched.
@@ -51,11 +60,17 @@ private:
     static INT_PTR CALLBACK DialogProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
     void RunLoop();
     void EnableOwner() noexcept;
+    void ShowIcons();
     bool Make(HWND owner);
 
+    static inline UINT iconId_ = 0;
+
     UINT templateId_;
+    IconHandle largeIcon_;
+    IconHandle smallIcon_;
     HWND owner_;
     HWND disabledOwner_ = nullptr;
+    CDialog* companion_ = nullptr;
     int result_ = -1;
     bool ended_ = false;
 };

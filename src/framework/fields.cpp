@@ -2,9 +2,35 @@
 
 #include <commctrl.h>
 
+#include <utility>
+
 #include "framework/window.h"
 
-namespace ferry::framework::detail {
+namespace ferry::framework {
+
+namespace {
+
+std::wstring EnglishLimitText(int maxLength) {
+    return L"Enter no more than " + std::to_wstring(maxLength) + L" characters.";
+}
+
+/// What tells of a text that is too long.
+LimitText& CurrentLimitText() {
+    static LimitText text = &EnglishLimitText;
+    return text;
+}
+
+}  // namespace
+
+LimitTextInForce::LimitTextInForce(LimitText text) {
+    CurrentLimitText() = std::move(text);
+}
+
+LimitTextInForce::~LimitTextInForce() {
+    CurrentLimitText() = &EnglishLimitText;
+}
+
+namespace detail {
 
 namespace {
 
@@ -24,7 +50,7 @@ HWND EditOf(HWND control) {
 }
 
 void ReportTooLong(HWND dialog, HWND edit, int maxLength) {
-    const std::wstring text = L"Enter no more than " + std::to_wstring(maxLength) + L" characters.";
+    const std::wstring text = CurrentLimitText()(maxLength);
     MessageBoxW(dialog, text.c_str(), WindowText(dialog).c_str(), MB_OK | MB_ICONEXCLAMATION);
     SetFocus(edit);
     SendMessageW(edit, EM_SETSEL, 0, -1);
@@ -79,4 +105,6 @@ void ExchangeIndex(HWND dialog, int id, std::uint32_t& value, Exchange way) {
     }
 }
 
-}  // namespace ferry::framework::detail
+}  // namespace detail
+
+}  // namespace ferry::framework

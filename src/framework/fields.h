@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <string>
 #include <tuple>
@@ -12,6 +13,20 @@ namespace ferry::framework {
 
 /// Which way the data goes.
 enum class Exchange { ToControls, FromControls };
+
+/// Says that a field takes no more characters than this number.
+using LimitText = std::function<std::wstring(int)>;
+
+/// For as long as it lives, a text that is too long is told of in the words of `text`; otherwise it is told
+/// of in English. One at a time.
+class LimitTextInForce {
+public:
+    explicit LimitTextInForce(LimitText text);
+    ~LimitTextInForce();
+
+    LimitTextInForce(const LimitTextInForce&) = delete;
+    LimitTextInForce& operator=(const LimitTextInForce&) = delete;
+};
 
 /// Points to a member of a form.
 template <class Form, class Type>

@@ -12,6 +12,9 @@ namespace ferry::framework {
 /// A popup menu.
 using MenuHandle = base::UniqueResource<base::ReleasedBy<HMENU, &DestroyMenu>>;
 
+/// An icon that was loaded for one window.
+using IconHandle = base::UniqueResource<base::ReleasedBy<HICON, &DestroyIcon>>;
+
 /// The list of files that came with WM_DROPFILES.
 using DropHandle = base::UniqueResource<base::ReleasedBy<HDROP, &DragFinish>>;
 

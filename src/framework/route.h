@@ -33,6 +33,11 @@ struct MemberOf<Result (Class::*)(Arguments...)> {
     using Type = Class;
 };
 
+template <class Result, class Class, class... Arguments>
+struct MemberOf<Result (Class::*)(Arguments...) const> {
+    using Type = Class;
+};
+
 template <auto handler>
 using ClassOf = typename MemberOf<decltype(handler)>::Type;
 

@@ -4,9 +4,13 @@
 #include <shellapi.h>
 #include <shlobj.h>
 
+#include <iterator>
+
 namespace ferry::framework {
 
 namespace {
+
+constexpr int kLargerSizes[] = {SHIL_LARGE, SHIL_EXTRALARGE};
 
 // The browser's edit field and drag-and-drop want OLE on the thread while it runs.
 class OleScope {
@@ -42,11 +46,17 @@ std::optional<std::wstring> PathOf(PCIDLIST_ABSOLUTE item) {
 }
 
 // Asking for a file's icon would give the list too, but would look for that icon first.
-base::ComPtr<IImageList> FetchSmallIcons() noexcept {
+base::ComPtr<IImageList> FetchIcons(int size) noexcept {
     base::ComPtr<IImageList> icons;
     // A failure leaves the pointer empty: a list without icons.
-    SHGetImageList(SHIL_SMALL, IID_PPV_ARGS(icons.Put()));
+    SHGetImageList(size, IID_PPV_ARGS(icons.Put()));
     return icons;
+}
+
+int WidthOf(const base::ComPtr<IImageList>& icons) noexcept {
+    int width = 0;
+    int height = 0;
+    return icons.Get() != nullptr && SUCCEEDED(icons->GetIconSize(&width, &height)) ? width : 0;
 }
 
 }  // namespace
@@ -71,13 +81,26 @@ std::optional<std::wstring> CShellManager::BrowseForFolder(HWND owner, const std
     return path;
 }
 
-CShellManager::CShellManager() : fetchedIcons_(std::async(&FetchSmallIcons)) {}
+CShellManager::CShellManager() : fetchedIcons_(std::async(&FetchIcons, SHIL_SMALL)) {}
 
-HIMAGELIST CShellManager::SmallIcons() {
+// The small icons of the system have the size that is small on the main screen. A number means the same icon
+// in the lists of all sizes.
+HIMAGELIST CShellManager::SmallIcons(UINT dpi) {
     if (fetchedIcons_.valid()) {
         smallIcons_ = fetchedIcons_.get();
     }
-    return IImageListToHIMAGELIST(smallIcons_.Get());
+    const base::ComPtr<IImageList>* fitting = &smallIcons_;
+    const int wanted = GetSystemMetricsForDpi(SM_CXSMICON, dpi);
+    for (std::size_t index = 0; index < std::size(kLargerSizes) && WidthOf(*fitting) < wanted; ++index) {
+        base::ComPtr<IImageList>& larger = largerIcons_[index];
+        if (larger.Get() == nullptr) {
+            larger = FetchIcons(kLargerSizes[index]);
+        }
+        if (WidthOf(larger) > WidthOf(*fitting) && WidthOf(larger) <= wanted) {
+            fitting = &larger;
+        }
+    }
+    return IImageListToHIMAGELIST(fitting->Get());
 }
 
 }  // namespace ferry::framework

@@ -25,12 +25,14 @@ public:
     std::optional<std::wstring> BrowseForFolder(HWND owner, const std::wstring& prompt,
                                                 const std::wstring& start);
 
-    /// The system's list of small icons, valid as long as this object; null when there is none.
-    HIMAGELIST SmallIcons();
+    /// The system's list of small icons for windows of `dpi` dots per inch, valid as long as this object;
+    /// null when there is none. The system makes its icons in few sizes: the largest of them that fits.
+    HIMAGELIST SmallIcons(UINT dpi);
 
 private:
     std::future<base::ComPtr<IImageList>> fetchedIcons_;
     base::ComPtr<IImageList> smallIcons_;
+    base::ComPtr<IImageList> largerIcons_[2];
 };
 
 }  // namespace ferry::framework

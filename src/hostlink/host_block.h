@@ -19,8 +19,9 @@ struct BlockSink {
 };
 
 /// Reads the block in `units` into `sink`.
-/// The walk ends at the first NUL, at `bound` (an index; callers pass the block's size in bytes,
-/// as the wire format has it) or at the end of `units`, whichever comes first. Each TAB is
+/// The walk ends at the first NUL, at `bound` or at the end of `units`, whichever comes first. `bound`
+/// is an index, though callers pass the block's size in bytes, as the wire format has it: a host that
+/// announces too few bytes is read all the same, as far as `units`, all that may be touched, go. Each TAB is
 /// overwritten with NUL where it lies, so a block can be read only once. Fields beyond the
 /// announced counts, and a last field without its TAB, are ignored.
 void ParseHostBlock(std::span<wchar_t> units, std::size_t bound, BlockSink sink);

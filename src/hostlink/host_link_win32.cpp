@@ -42,6 +42,7 @@ std::uint32_t ReadBlock(const HostVariable& variable, HostData& data) {
         return view.Error();
     }
     const BlockLock lock(view);
+    // The size in bytes bounds the index of a unit, so a host that announces its units is read as well.
     ParseHostBlock(view.Units(), variable.BlockSizeBytes,
                    {data.CurrentDir, data.Option, data.SelectedItems, data.TabFolders});
     return 0;

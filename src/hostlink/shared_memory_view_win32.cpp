@@ -3,8 +3,7 @@
 namespace ferry::hostlink {
 
 SharedMemoryView::SharedMemoryView(const std::wstring& name, const std::wstring& guardName,
-                                   std::uint32_t sizeBytes)
-    : sizeBytes_(sizeBytes) {
+                                   std::uint32_t sizeBytes) {
     // Creating instead of opening: the host's mapping of that name is found all the same.
     mapping_.Reset(
         CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, sizeBytes, name.c_str()));
@@ -29,7 +28,11 @@ void SharedMemoryView::Unlock() noexcept {
 }
 
 std::span<wchar_t> SharedMemoryView::Units() const noexcept {
-    return {static_cast<wchar_t*>(view_.Get()), sizeBytes_ / sizeof(wchar_t)};
+    MEMORY_BASIC_INFORMATION pages{};
+    VirtualQuery(view_.Get(), &pages, sizeof pages);
+    // Pages that the host only reserved cannot be read.
+    const std::size_t bytes = pages.State == MEM_COMMIT ? pages.RegionSize : 0;
+    return {static_cast<wchar_t*>(view_.Get()), bytes / sizeof(wchar_t)};
 }
 
 }  // namespace ferry::hostlink

@@ -26,11 +26,11 @@ public:
     void Lock() noexcept;
     void Unlock() noexcept;
 
-    /// The units of the block, which the host may change unless it is locked.
+    /// All units that are mapped: those of the block, which the host may change unless it is locked, and
+    /// what the system mapped with them, since it maps whole pages. An open block only.
     std::span<wchar_t> Units() const noexcept;
 
 private:
-    std::uint32_t sizeBytes_;
     DWORD error_ = 0;
     // Destroyed from the last to the first.
     base::MutexHandle guard_;

@@ -1,7 +1,6 @@
 // Message texts by number, from the language's message file.
 #include "lang/catalogue.h"
 
-#include <optional>
 #include <vector>
 
 #include "base/line_reader.h"
@@ -38,15 +37,31 @@ std::wstring ComposeMessageFilePath(std::wstring_view modulePath, std::wstring_v
 }
 
 std::wstring Catalogue::Fetch(std::uint16_t number) {
-    if (entries_.empty()) {
-        if (const std::optional<std::wstring> text = files_.Read(path_)) {
-            ParseCatalogue(*text, entries_);
-        } else {
-            speaker_.Tell(L"Cannot open message file.\n" + path_, Tone::Plain);
-        }
+    if (!Load()) {
+        speaker_.Tell(L"Cannot open message file.\n" + path_, Tone::Plain);
     }
+    return Entry(number).value_or(kMissingText);
+}
+
+std::optional<std::wstring> Catalogue::Find(std::uint16_t number) {
+    Load();
+    return Entry(number);
+}
+
+bool Catalogue::Load() {
+    if (!entries_.empty()) {
+        return true;
+    }
+    const std::optional<std::wstring> text = files_.Read(path_);
+    if (text) {
+        ParseCatalogue(*text, entries_);
+    }
+    return text.has_value();
+}
+
+std::optional<std::wstring> Catalogue::Entry(std::uint16_t number) const {
     const auto found = entries_.find(number);
-    return found == entries_.end() ? std::wstring(kMissingText) : found->second;
+    return found == entries_.end() ? std::nullopt : std::optional(found->second);
 }
 
 }  // namespace ferry::lang

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -39,7 +40,14 @@ public:
     /// The text of `number`, or kMissingText.
     std::wstring Fetch(std::uint16_t number);
 
+    /// The text of `number`, for who can do without it: nobody is told when there is none.
+    std::optional<std::wstring> Find(std::uint16_t number);
+
 private:
+    /// Reads the file unless there are texts; false when it cannot be read.
+    bool Load();
+    std::optional<std::wstring> Entry(std::uint16_t number) const;
+
     TextFiles& files_;
     std::wstring path_;
     Speaker& speaker_;

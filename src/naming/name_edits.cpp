@@ -3,6 +3,7 @@
 #include <cwctype>
 #include <optional>
 
+#include "base/language.h"
 #include "base/text.h"
 #include "naming/scan.h"
 
@@ -73,7 +74,7 @@ std::wstring MapUnits(std::wstring_view text, Mapping mapping) {
     std::wstring mapped(text);
     for (wchar_t& unit : mapped) {
         if (!IsWithin(unit, L'\xD800', L'\xDFFF')) {
-            unit = static_cast<wchar_t>(mapping(static_cast<std::wint_t>(unit)));
+            unit = static_cast<wchar_t>(mapping(unit));
         }
     }
     return mapped;
@@ -107,11 +108,17 @@ std::wstring RemoveLeadingDigits(std::wstring_view name) {
 }
 
 std::wstring ToUpper(std::wstring_view text) {
-    return MapUnits(text, [](std::wint_t unit) { return std::towupper(unit); });
+    if (const base::Language* language = base::StandInLanguage(); language != nullptr) {
+        return MapUnits(text, language->Capital);
+    }
+    return MapUnits(text, [](wchar_t unit) { return std::towupper(static_cast<std::wint_t>(unit)); });
 }
 
 std::wstring ToLower(std::wstring_view text) {
-    return MapUnits(text, [](std::wint_t unit) { return std::towlower(unit); });
+    if (const base::Language* language = base::StandInLanguage(); language != nullptr) {
+        return MapUnits(text, language->Small);
+    }
+    return MapUnits(text, [](wchar_t unit) { return std::towlower(static_cast<std::wint_t>(unit)); });
 }
 
 std::wstring CapitaliseWords(std::wstring_view name) {

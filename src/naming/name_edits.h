@@ -17,7 +17,7 @@ std::wstring RemoveTrailingDigits(std::wstring_view name);
 /// `name` without the run of ASCII digits at its start; fullwidth digits stay.
 std::wstring RemoveLeadingDigits(std::wstring_view name);
 
-/// `text` in capitals by the case mapping of the process's locale.
+/// `text` in capitals by the case mapping of the process's locale, or of the language that stands in for it.
 /// The length stays; units of a surrogate pair are copied unchanged.
 std::wstring ToUpper(std::wstring_view text);
 

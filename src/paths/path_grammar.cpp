@@ -1,6 +1,7 @@
 // The grammar of paths: long-path form, parts, separators, command lines.
 #include "paths/path_grammar.h"
 
+#include "base/case_order.h"
 #include "base/text.h"
 
 namespace ferry::paths {
@@ -11,17 +12,11 @@ bool IsSeparator(wchar_t unit) noexcept {
     return unit == L'\\' || unit == L'/';
 }
 
-/// `path` with the prefix that fits its start, whatever its length.
-LongPath WithPrefix(std::wstring_view path) {
-    if (!path.empty() && base::IsDriveLetter(path.front())) {
-        return {std::wstring(kPlainPrefix).append(path), LongPathForm::Drive};
-    }
-    // A third "?" means that the path bears the prefix already.
-    if (path.starts_with(kNetworkStart) && !path.starts_with(L"\\\\?")) {
-        return {std::wstring(kPlainNetworkPrefix).append(path.substr(kNetworkStart.size())),
-                LongPathForm::Network};
-    }
-    return {std::wstring(path), LongPathForm::Unchanged};
+/// `path` as a person writes it.
+std::wstring WithoutPrefix(std::wstring_view path) {
+    if (path.starts_with(kPlainNetworkPrefix))
+        return std::wstring(kNetworkStart).append(path.substr(kPlainNetworkPrefix.size()));
+    return std::wstring(path.starts_with(kPlainPrefix) ? path.substr(kPlainPrefix.size()) : path);
 }
 
 }  // namespace
@@ -34,11 +29,28 @@ bool StartsLikeFullPath(std::wstring_view text) noexcept {
     return StartsWithDrive(text) || text.starts_with(kNetworkStart);
 }
 
+bool IsSamePath(std::wstring_view one, std::wstring_view other) {
+    return base::EqualsIgnoringCase(StripTrailingSeparator(WithoutPrefix(one)),
+                                    StripTrailingSeparator(WithoutPrefix(other)));
+}
+
+LongPath WithPlainPrefix(std::wstring_view path) {
+    if (!path.empty() && base::IsDriveLetter(path.front())) {
+        return {std::wstring(kPlainPrefix).append(path), LongPathForm::Drive};
+    }
+    // A third "?" means that the path bears the prefix already.
+    if (path.starts_with(kNetworkStart) && !path.starts_with(L"\\\\?")) {
+        return {std::wstring(kPlainNetworkPrefix).append(path.substr(kNetworkStart.size())),
+                LongPathForm::Network};
+    }
+    return {std::wstring(path), LongPathForm::Unchanged};
+}
+
 LongPath ToLongPath(std::wstring_view path) {
     if (path.size() < kLongPathThreshold) {
         return {std::wstring(path), LongPathForm::Unchanged};
     }
-    return WithPrefix(path);
+    return WithPlainPrefix(path);
 }
 
 std::wstring LongPathText(std::wstring_view path) {
@@ -55,7 +67,7 @@ std::wstring ExpandLongName(std::wstring_view path, const LongNameQuery& query) 
     if (path.find(L'~') == std::wstring_view::npos) {
         return std::wstring(path);
     }
-    const LongPath prefixed = WithPrefix(path);
+    const LongPath prefixed = WithPlainPrefix(path);
     if (prefixed.Form == LongPathForm::Unchanged) {
         return std::wstring(path);
     }
@@ -71,6 +83,15 @@ std::wstring ExpandLongName(std::wstring_view path, const LongNameQuery& query) 
 std::wstring_view LastComponent(std::wstring_view path) noexcept {
     const std::size_t separator = path.rfind(L'\\');
     return separator == std::wstring_view::npos ? path : path.substr(separator + 1);
+}
+
+std::wstring_view ShownName(std::wstring_view path) noexcept {
+    std::wstring_view named = path;
+    while (!named.empty() && IsSeparator(named.back())) {
+        named.remove_suffix(1);
+    }
+    const bool isDrive = named.size() == 2 && StartsWithDrive(named);
+    return named.empty() || isDrive ? path : LastComponent(named);
 }
 
 std::wstring_view ParentWithSeparator(std::wstring_view path) noexcept {

@@ -23,6 +23,10 @@ bool StartsWithDrive(std::wstring_view text) noexcept;
 /// Whether `text` begins as a full path does, with a drive or two backslashes.
 bool StartsLikeFullPath(std::wstring_view text) noexcept;
 
+/// Whether both texts name one path, in either form; the case of letters and a separator at the end do not
+/// count.
+bool IsSamePath(std::wstring_view one, std::wstring_view other);
+
 /// Which prefix the long-path form put in front of a path.
 enum class LongPathForm { Unchanged = -1, Drive = 0, Network = 1 };
 
@@ -39,6 +43,9 @@ inline constexpr std::size_t kLongPathThreshold = 260;
 /// kLongPathThreshold units or more get "\\?\" or "\\?\UNC", all others stay as they are.
 LongPath ToLongPath(std::wstring_view path);
 
+/// `path` with the prefix that fits its start, whatever its length.
+LongPath WithPlainPrefix(std::wstring_view path);
+
 /// The text of ToLongPath.
 std::wstring LongPathText(std::wstring_view path);
 
@@ -51,6 +58,10 @@ std::wstring ExpandLongName(std::wstring_view path, const LongNameQuery& query);
 
 /// The text after the last backslash, or the whole path when there is none.
 std::wstring_view LastComponent(std::wstring_view path) noexcept;
+
+/// What a path is called in a list: its last component, whatever separators stand behind that. A drive, and
+/// what has no component, is called by its whole text.
+std::wstring_view ShownName(std::wstring_view path) noexcept;
 
 /// The text up to and including the last backslash, or the whole path when there is none.
 std::wstring_view ParentWithSeparator(std::wstring_view path) noexcept;

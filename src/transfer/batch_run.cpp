@@ -3,13 +3,24 @@
 
 namespace ferry::transfer {
 
-void RunBatch(const TransferRequest& request, ShellOperations& shell) {
+Leftovers RunBatch(const TransferRequest& request, ShellOperations& shell) {
     ShellTransfer batch;
     batch.TargetFolder = request.Destination;
     batch.What = request.What;
     batch.Flags = request.Settings.NoAsk != 0 ? kBatchFlags | kFlagNoConfirmation : kBatchFlags;
-    // The outcome is dropped on purpose: the shell has told the person already.
-    shell.TransferAll(request.Sources, batch);
+    const BatchOutcome outcome = shell.TransferAll(request.Sources, batch);
+    Leftovers left;
+    for (const std::wstring_view source : request.Sources) {
+        left.CountItem();
+        if (outcome.What == ShellResult::NoObject)
+            left.Add(source, LeftReason::NoShell, static_cast<std::uint32_t>(outcome.Code));
+    }
+    // Of what was performed the shell has told the person already.
+    for (const LeftSource& one : outcome.Left) {
+        if (outcome.What != ShellResult::NoObject)
+            left.Add(one.Source, ReasonOf(one.Why), static_cast<std::uint32_t>(one.Code));
+    }
+    return left;
 }
 
 }  // namespace ferry::transfer

@@ -12,17 +12,6 @@ constexpr wchar_t kSeparator = L'\\';
 // What ends a destination with a slash in it. Hosts that type slashes know this unit.
 constexpr wchar_t kSlashSeparator = L'\x008B';
 
-/// Whether `path` is a root in either spelling: the shell knows a drive root only with its
-/// separator and a share root only without.
-bool IsRootInEitherSpelling(files::FileInfo& info, std::wstring_view path, std::wstring_view stripped) {
-    if (info.IsRoot(path))
-        return true;
-    // A lone server name would pass for a root as well, but nothing can be copied there.
-    const bool namesShare = stripped.starts_with(paths::kNetworkStart) &&
-                            stripped.find(kSeparator, paths::kNetworkStart.size()) != std::wstring_view::npos;
-    return namesShare && info.IsRoot(stripped);
-}
-
 }  // namespace
 
 WorkingDestination MakeWorkingDestination(std::wstring_view typed) {
@@ -45,7 +34,7 @@ EnsuredFolder EnsureDestinationFolder(files::FileInfo& info, files::FileChanges&
         return {FolderOutcome::Failed, kMessageEmptyDestination};
 
     const std::wstring_view folder = paths::StripTrailingSeparator(path);
-    if (IsRootInEitherSpelling(info, path, folder))
+    if (info.IsRoot(path))
         return {};
     const std::uint32_t attributes = info.Attributes(folder);
     if (attributes != files::kInvalidAttributes && !files::IsFolder(attributes))
@@ -60,6 +49,9 @@ EnsuredFolder EnsureDestinationFolder(files::FileInfo& info, files::FileChanges&
         case files::kFolderCancelled:
             return {FolderOutcome::Abandoned, 0};
         default:
+            // A share is there and can yet not be made.
+            if (files::IsFolder(attributes))
+                return {};
             return {FolderOutcome::Failed, kMessageNoFolder};
     }
 }

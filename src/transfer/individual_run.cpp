@@ -26,7 +26,7 @@ std::size_t KeptPartStart(std::wstring_view source) {
 IndividualRun::IndividualRun(const TransferRequest& request, const RunPorts& ports)
     : request_(request),
       ports_(ports),
-      engine_(ports, request.What, request.Settings.TimeCmpType),
+      engine_(ports, request.What, request.Settings.TimeCmpType, leftovers_),
       policy_(PolicyOf(request.Settings.Policy)) {}
 
 bool IndividualRun::Run() {
@@ -40,20 +40,32 @@ bool IndividualRun::Run() {
 
 bool IndividualRun::TransferSource(std::wstring_view source) {
     keptPartStart_ = KeptPartStart(source);
+    place_ = {};
     if (!IsSourceFolder(source)) {
         // Nothing to name at the destination; the shell takes an empty path for the desktop.
-        if (keptPartStart_ == source.size())
+        if (keptPartStart_ == source.size()) {
+            leftovers_.CountItem();
+            leftovers_.Add(source, LeftReason::NoSourceItem, 0);
             return true;
+        }
         ports_.View.SetRange(1);
         return TransferFile(source);
     }
-    const SourceListing listing = ListSourceFolder(ports_.Search, source);
+    ports_.View.ShowNow();
+    const SourceListing listing = ListSourceFolder(ports_.Search, ports_.Info, source, [this] {
+        return !ports_.View.DrainAndTakeCancel(Pause::Listing);
+    });
+    for (const Leftover& left : listing.Left)
+        leftovers_.Add(left.Path, left.Why, left.Code);
+    if (listing.IsStopped)
+        return false;
     const std::size_t count = listing.Folders.Size() + listing.Files.Size();
     ports_.View.SetRange(static_cast<std::uint32_t>(count % kProgressModulus));
     for (const std::wstring_view folder : listing.Folders) {
         if (!TransferFolder(folder))
             return false;
     }
+    place_ = {};
     for (const std::wstring_view file : listing.Files) {
         if (!TransferFile(file))
             return false;
@@ -73,7 +85,7 @@ bool IndividualRun::IsSourceFolder(std::wstring_view source) {
 }
 
 bool IndividualRun::TransferFolder(std::wstring_view folder) {
-    if (!BeginItem())
+    if (!BeginItem(folder))
         return false;
     const std::wstring target = TargetOf(folder);
     // What a drive root holds goes straight into the destination, which exists and keeps its
@@ -85,13 +97,13 @@ bool IndividualRun::TransferFolder(std::wstring_view folder) {
 }
 
 bool IndividualRun::TransferFile(std::wstring_view source) {
-    if (!BeginItem())
+    if (!BeginItem(source))
         return false;
     const std::wstring target = TargetOf(source);
     const std::wstring_view name = paths::LastComponent(target);
     const Item item{source, target, ports_.Info.Find(target)};
     CollisionPolicy policy = policy_;
-    if (item.Existing && policy == CollisionPolicy::AskEach) {
+    if (item.IsSeen() && policy == CollisionPolicy::AskEach) {
         const CollisionAnswer answer = ports_.Person.AskCollision(name);
         if (answer.Choice == CollisionChoice::StopRun)
             return false;
@@ -107,31 +119,61 @@ bool IndividualRun::TransferFile(std::wstring_view source) {
     return true;
 }
 
-bool IndividualRun::BeginItem() {
-    if (ports_.View.DrainAndTakeCancel())
+bool IndividualRun::BeginItem(std::wstring_view path) {
+    if (ports_.View.DrainAndTakeCancel(Pause::Item))
         return false;
     ports_.View.Step();
+    leftovers_.CountItem();
+    // Nobody knows how long the first item of a place takes: a medium wakes up, a server is asked.
+    const std::wstring_view place = paths::ParentWithSeparator(path);
+    if (place != place_)
+        ports_.View.ShowNow();
+    place_ = place;
     return true;
 }
 
 void IndividualRun::MakeTargetFolder(std::wstring_view source, std::wstring_view target) {
     // A folder made just now is left as it is; any other result, an existing folder above all,
     // makes the target look like the source.
-    if (ports_.Changes.MakeFolder(target) == files::kFolderMade)
+    const int made = ports_.Changes.MakeFolder(target);
+    if (made == files::kFolderMade)
         return;
     ports_.Shell.NotifyFolderMade(target);
     const std::uint32_t attributes = ports_.Info.Attributes(source);
     if (attributes != files::kInvalidAttributes)
         ports_.Changes.SetAttributes(target, attributes);
+    // A file that stands there counts as existing, too; and a folder that stands there is one by any number.
+    if (!files::IsFolder(ports_.Info.Attributes(target)))
+        leftovers_.Add(source, LeftReason::FolderNotMade, static_cast<std::uint32_t>(made));
 }
 
 void IndividualRun::RemoveEmptiedFolders(const base::TextList& folders) {
+    if (RemoveWhatIsEmpty(folders))
+        return;
+    ports_.Changes.LetOthersClose();
+    RemoveWhatIsEmpty(folders);
+}
+
+/// False when one stayed although it is empty: somebody holds it.
+bool IndividualRun::RemoveWhatIsEmpty(const base::TextList& folders) {
+    bool isHeld = false;
     for (std::size_t index = folders.Size(); index > 0; --index) {
         const std::wstring_view folder = folders[index - 1];
         // The plain attributes lift the read-only bit, which would keep the folder.
-        if (HasMoved(folder) && ports_.Changes.SetAttributes(folder, files::kAttributeDirectory))
-            ports_.Changes.RemoveFolder(folder);
+        if (HasMoved(folder) && ports_.Changes.SetAttributes(folder, files::kAttributeDirectory) &&
+            !ports_.Changes.RemoveFolder(folder))
+            isHeld = isHeld || IsEmpty(folder);
     }
+    return !isHeld;
+}
+
+bool IndividualRun::IsEmpty(std::wstring_view folder) {
+    bool hasEntry = false;
+    const std::uint32_t error = files::ForEachEntry(ports_.Search, folder, [&](const files::Match&) {
+        hasEntry = true;
+        return false;
+    });
+    return error == 0 && !hasEntry;
 }
 
 bool IndividualRun::HasMoved(std::wstring_view folder) {
@@ -140,7 +182,16 @@ bool IndividualRun::HasMoved(std::wstring_view folder) {
     const std::wstring target = TargetOf(folder);
     // An empty folder that was moved onto itself, or whose counterpart could not be made, would
     // be gone from both places.
-    return !base::EqualsIgnoringCase(folder, target) && files::IsFolder(ports_.Info.Attributes(target));
+    return files::IsFolder(ports_.Info.Attributes(target)) && !IsSameFolder(folder, target);
+}
+
+/// Whether both lead to one folder. Names say little: dots, prefixes, other drives and shares lead there,
+/// too.
+bool IndividualRun::IsSameFolder(std::wstring_view one, std::wstring_view other) {
+    if (base::EqualsIgnoringCase(one, other))
+        return true;
+    const std::optional<files::ItemId> id = ports_.Info.Identity(one);
+    return id && id == ports_.Info.Identity(other);
 }
 
 bool IndividualRun::HasKeptPart(std::wstring_view path) const noexcept {

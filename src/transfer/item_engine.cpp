@@ -55,15 +55,16 @@ bool IsNewer(calendar::Clock& clock, std::uint64_t later, std::uint64_t earlier,
     return WholeSecondsBetween(laterDate, earlierDate) > static_cast<std::int64_t>(precision);
 }
 
-ItemEngine::ItemEngine(const RunPorts& ports, Operation operation, std::uint32_t precision) noexcept
-    : ports_(ports), precision_(precision), record_{operation, kRunFlags} {}
+ItemEngine::ItemEngine(const RunPorts& ports, Operation operation, std::uint32_t precision,
+                       Leftovers& leftovers) noexcept
+    : ports_(ports), precision_(precision), record_{operation, kRunFlags}, leftovers_(leftovers) {}
 
 ItemResult ItemEngine::Handle(const Item& item, CollisionPolicy policy) {
     if (item.Source == item.Target && policy != CollisionPolicy::RenameIncoming) {
         ports_.Person.ShowError(kMessageSamePath);
         return ItemResult::Stop;
     }
-    if (!item.Existing)
+    if (!item.IsSeen())
         return Transfer(item);
     switch (Decide(policy, ComparesTimes(policy) ? OrderOf(item) : TimeOrder::Neither)) {
         case Decision::Transfer:
@@ -83,8 +84,10 @@ ItemResult ItemEngine::Handle(const Item& item, CollisionPolicy policy) {
 TimeOrder ItemEngine::OrderOf(const Item& item) {
     const std::optional<files::FoundItem> source = ports_.Info.Find(item.Source);
     // Where a time is unknown, nothing is newer or older, and what exists stays.
-    if (!source || !source->IsTimeKnown || !item.Existing->IsTimeKnown)
+    if (!source || !source->IsTimeKnown) {
+        leftovers_.Add(item.Source, LeftReason::NotSeen, 0);
         return TimeOrder::Neither;
+    }
     const std::uint64_t sourceTime = source->LastWriteTime;
     const std::uint64_t targetTime = item.Existing->LastWriteTime;
     if (IsNewer(ports_.Clock, sourceTime, targetTime, precision_))
@@ -94,8 +97,15 @@ TimeOrder ItemEngine::OrderOf(const Item& item) {
 }
 
 ItemResult ItemEngine::Transfer(const Item& item) {
-    record_.Flags |= kFlagNoConfirmation;
-    if (ports_.Info.Size(item.Source) > kSilentSizeLimit)
+    // Nothing that nobody could look at is overwritten unasked.
+    if (item.Existing && !item.IsSeen())
+        record_.Flags &= ~kFlagNoConfirmation;
+    else
+        record_.Flags |= kFlagNoConfirmation;
+    const std::uint64_t size = ports_.Info.Size(item.Source);
+    if (size > kQuickSizeLimit)
+        ports_.View.ShowNow();
+    if (size > kSilentSizeLimit)
         record_.Flags &= ~kFlagSilent;
     else
         record_.Flags |= kFlagSilent;
@@ -121,7 +131,8 @@ ItemResult ItemEngine::TransferUnderNewName(const Item& item) {
         // Without a name the shell would take the old one and meet the existing item again.
         if (answer.Name.empty() || !CanBeName(answer.Name))
             continue;
-        if (ports_.Info.Find(Sibling(item.Target, answer.Name)))
+        const std::optional<files::FoundItem> taken = ports_.Info.Find(Sibling(item.Target, answer.Name));
+        if (taken && taken->IsTimeKnown)
             continue;
         if (TransferAs(item.Source, paths::ParentWithSeparator(item.Target), answer.Name))
             return ItemResult::Continue;
@@ -157,14 +168,26 @@ ShellOutcome ItemEngine::TransferUnderOwnName(const Item& item, bool askAborted)
     transfer.What = record_.What;
     transfer.Flags = record_.Flags;
     transfer.AskAborted = askAborted;
-    return ports_.Shell.Transfer(transfer);
+    const ShellOutcome outcome = ports_.Shell.Transfer(transfer);
+    NoteIfLeft(transfer, outcome);
+    return outcome;
 }
 
 /// False when there was no operation object, so that the person is asked again.
 bool ItemEngine::TransferAs(std::wstring_view source, std::wstring_view folder, std::wstring_view name) {
     record_.Flags &= ~kFlagNoConfirmation;
     const ShellTransfer transfer{source, folder, name, record_.What, record_.Flags, false};
-    return ports_.Shell.Transfer(transfer).What != ShellResult::NoObject;
+    const ShellOutcome outcome = ports_.Shell.Transfer(transfer);
+    if (outcome.What == ShellResult::NoObject)
+        return false;
+    NoteIfLeft(transfer, outcome);
+    return true;
+}
+
+/// Notes what never reached the shell; of the rest it has told the person.
+void ItemEngine::NoteIfLeft(const ShellTransfer& transfer, const ShellOutcome& outcome) {
+    if (outcome.What != ShellResult::Done && outcome.What != ShellResult::Failed)
+        leftovers_.Add(transfer.Source, ReasonOf(outcome.What), static_cast<std::uint32_t>(outcome.Code));
 }
 
 }  // namespace ferry::transfer

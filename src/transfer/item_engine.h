@@ -5,6 +5,7 @@
 #include <optional>
 #include <string_view>
 
+#include "transfer/leftovers.h"
 #include "transfer/ports.h"
 #include "transfer/request.h"
 
@@ -13,6 +14,9 @@ namespace ferry::transfer {
 /// Message numbers of the catalogue.
 inline constexpr std::uint16_t kMessageSamePath = 6269;
 inline constexpr std::uint16_t kMessageRenameFailed = 62535;
+
+/// Files above this size may take long: where a copy goes at a megabyte a second, more than a second.
+inline constexpr std::uint64_t kQuickSizeLimit = 0x100000;
 
 /// Files above this size show the shell's own progress.
 inline constexpr std::uint64_t kSilentSizeLimit = 0xA00000;
@@ -36,13 +40,17 @@ struct Item {
     std::wstring_view Source;
     std::wstring_view Target;
     std::optional<files::FoundItem> Existing;  ///< What stands at the target, if anything.
+
+    /// Whether something was seen at the target. Where nobody could look, nothing was.
+    bool IsSeen() const noexcept { return Existing && Existing->IsTimeKnown; }
 };
 
 /// The engine of one run; keeps the run's operation record.
 class ItemEngine {
 public:
-    /// What `ports` names must outlive the engine.
-    ItemEngine(const RunPorts& ports, Operation operation, std::uint32_t precision) noexcept;
+    /// What `ports` names and `leftovers` must outlive the engine.
+    ItemEngine(const RunPorts& ports, Operation operation, std::uint32_t precision,
+               Leftovers& leftovers) noexcept;
 
     /// Transfers, skips or asks about `item` by `policy`.
     ItemResult Handle(const Item& item, CollisionPolicy policy);
@@ -58,9 +66,12 @@ private:
     ShellOutcome TransferUnderOwnName(const Item& item, bool askAborted);
     bool TransferAs(std::wstring_view source, std::wstring_view folder, std::wstring_view name);
 
+    void NoteIfLeft(const ShellTransfer& transfer, const ShellOutcome& outcome);
+
     RunPorts ports_;
     std::uint32_t precision_;
     OperationRecord record_;
+    Leftovers& leftovers_;
 };
 
 /// Whether `later` counts as newer than `earlier` (FILETIME values) at `precision`, a

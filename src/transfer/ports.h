@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "calendar/clock.h"
 #include "files/ports.h"
@@ -40,6 +41,7 @@ enum class ShellResult {
     NoObject,      ///< There was no operation object, or it says that it did nothing.
     NoSourceItem,  ///< The shell knows no item at the source; nothing was queued.
     NoFolderItem,  ///< The shell knows no item at the target folder; nothing was queued.
+    NotQueued,     ///< The operation object did not take it.
 };
 
 /// What one operation of the shell came to.
@@ -47,6 +49,18 @@ struct ShellOutcome {
     ShellResult What = ShellResult::Done;
     std::int32_t Code = 0;  ///< The HRESULT of what failed.
     bool Aborted = false;   ///< What the object says afterwards; false when it was not asked.
+};
+
+/// A source of a batch that could not be queued.
+struct LeftSource {
+    std::wstring_view Source;
+    ShellResult Why = ShellResult::NoSourceItem;
+    std::int32_t Code = 0;
+};
+
+/// What a batch came to.
+struct BatchOutcome : ShellOutcome {
+    std::vector<LeftSource> Left;  ///< In the order of the sources, with views into their list.
 };
 
 /// The shell's file operation.
@@ -59,11 +73,14 @@ public:
 
     /// Transfers all `sources` as `batch` says, which names none itself, in one operation that no window
     /// owns; a source without a shell item is left out.
-    virtual ShellOutcome TransferAll(const base::TextList& sources, const ShellTransfer& batch) = 0;
+    virtual BatchOutcome TransferAll(const base::TextList& sources, const ShellTransfer& batch) = 0;
 
     /// Tells the shell that the folder was made.
     virtual void NotifyFolderMade(std::wstring_view path) = 0;
 };
+
+/// Where a run stops for a moment to hear the person.
+enum class Pause { Listing, Item };
 
 /// The person's view of a run, and the only way in for a cancel.
 class Progress {
@@ -73,13 +90,18 @@ public:
     /// Starts a bar of `count` steps at 0; at most 65535.
     virtual void SetRange(std::uint32_t count) = 0;
 
-    /// Handles every waiting message, then says and forgets whether the person asked to stop.
-    virtual bool DrainAndTakeCancel() = 0;
+    /// Handles every waiting message, then says and forgets whether the person asked to stop. At a listing,
+    /// which asks for each entry, it looks now and then only.
+    virtual bool DrainAndTakeCancel(Pause at) = 0;
 
     virtual void Step() = 0;
 
     /// Shows the name of the item that was just handled.
     virtual void ShowItem(std::wstring_view name) = 0;
+
+    /// Draws what is known so far, before something that may take long. Else the newest of it is drawn as
+    /// often as a person can read.
+    virtual void ShowNow() = 0;
 };
 
 /// What the person wants done about an item that exists at the destination.

@@ -1,6 +1,9 @@
 // Everything below one source folder, in the order in which a run handles it.
 #include "transfer/source_listing.h"
 
+#include <algorithm>
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -11,6 +14,7 @@ namespace ferry::transfer {
 namespace {
 
 constexpr wchar_t kFolderMark = L'd';
+constexpr wchar_t kLinkMark = L'l';
 constexpr wchar_t kFileMark = L'f';
 
 /// A folder that was read, with the entries that must wait until its subfolders were read.
@@ -20,13 +24,20 @@ struct ReadFolder {
     std::size_t Next = 0;
 };
 
+wchar_t MarkOf(std::uint32_t attributes) noexcept {
+    if (!files::IsFolder(attributes))
+        return kFileMark;
+    return (attributes & files::kAttributeLink) != 0 ? kLinkMark : kFolderMark;
+}
+
 class Lister {
 public:
-    explicit Lister(files::FolderSearch& search) noexcept : search_(search) {}
+    Lister(files::FolderSearch& search, files::FileInfo& info, const std::function<bool()>& goesOn) noexcept
+        : search_(search), info_(info), goesOn_(goesOn) {}
 
     SourceListing List(std::wstring_view source) {
         Read(source);
-        while (!open_.empty())
+        while (!open_.empty() && !listing_.IsStopped)
             Advance();
         return std::move(listing_);
     }
@@ -34,11 +45,22 @@ public:
 private:
     void Read(std::wstring_view folder) {
         listing_.Folders.Append(folder);
+        // The one that was given may be the text of the next join.
+        folder = listing_.Folders[listing_.Folders.Size() - 1];
         ReadFolder read;
         read.Prefix = paths::WithTrailingSeparator(folder);
-        files::ForEachEntry(search_, listing_.Folders[listing_.Folders.Size() - 1],
-                            [&](const files::Match& match) { Take(match, read); });
+        const std::uint32_t error = files::ForEachEntry(search_, folder, [&](const files::Match& match) {
+            Take(match, read);
+            listing_.IsStopped = !goesOn_();
+            return !listing_.IsStopped;
+        });
+        if (error != 0)
+            Leave(folder, LeftReason::NotListed, error);
         open_.push_back(std::move(read));
+    }
+
+    void Leave(std::wstring_view folder, LeftReason why, std::uint32_t code) {
+        listing_.Left.push_back({std::wstring(folder), why, code});
     }
 
     // Until the first subfolder nothing has to wait, so a huge flat folder is stored only once.
@@ -48,7 +70,7 @@ private:
             listing_.Files.Append(Join(read.Prefix, item.Name));
             return;
         }
-        read.Waiting += isFolder ? kFolderMark : kFileMark;
+        read.Waiting += MarkOf(item.Attributes);
         read.Waiting += item.Name;
         read.Waiting += L'\0';
     }
@@ -63,10 +85,19 @@ private:
         const std::wstring_view name = rest.substr(1, rest.find(L'\0') - 1);
         read.Next += name.size() + 2;
         const std::wstring_view path = Join(read.Prefix, name);
-        if (rest.front() == kFolderMark)
-            Read(path);
-        else
+        if (rest.front() == kFileMark)
             listing_.Files.Append(path);
+        else if (rest.front() == kLinkMark && LeadsBack(path))
+            Leave(path, LeftReason::LeadsBack, 0);
+        else
+            Read(path);
+    }
+
+    /// Whether `link` is one of the folders that lead to it; who follows it comes here again.
+    bool LeadsBack(std::wstring_view link) {
+        const std::optional<files::ItemId> id = info_.Identity(link);
+        const auto isIt = [&](const ReadFolder& folder) { return id == info_.Identity(folder.Prefix); };
+        return id && std::ranges::any_of(open_, isIt);
     }
 
     /// The view is good until the next call. One text serves all of them, because memory for each
@@ -77,6 +108,8 @@ private:
     }
 
     files::FolderSearch& search_;
+    files::FileInfo& info_;
+    const std::function<bool()>& goesOn_;
     SourceListing listing_;
     std::vector<ReadFolder> open_;
     std::wstring joined_;
@@ -84,8 +117,9 @@ private:
 
 }  // namespace
 
-SourceListing ListSourceFolder(files::FolderSearch& search, std::wstring_view folder) {
-    return Lister(search).List(folder);
+SourceListing ListSourceFolder(files::FolderSearch& search, files::FileInfo& info, std::wstring_view folder,
+                               const std::function<bool()>& goesOn) {
+    return Lister(search, info, goesOn).List(folder);
 }
 
 }  // namespace ferry::transfer

@@ -20,6 +20,7 @@
 #include "desktop/shell_operations_win32.h"
 #include "e2e/driver/surroundings.h"
 #include "fileop/results.h"
+#include "files/disk_win32.h"
 #include "transfer/batch_run.h"
 
 namespace {
@@ -69,7 +70,8 @@ HRESULT CopyByHand(const std::vector<std::wstring>& sources, const std::wstring&
 }
 
 std::int32_t CopyByFerry(const TextList& sources, const std::wstring& destination) {
-    ferry::desktop::WindowsShellOperations shell(nullptr);
+    ferry::files::DiskInfo info;
+    ferry::desktop::WindowsShellOperations shell(nullptr, info);
     ferry::transfer::ShellTransfer batch;
     batch.TargetFolder = destination;
     batch.Flags = ferry::transfer::kBatchFlags;

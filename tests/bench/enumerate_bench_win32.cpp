@@ -40,7 +40,8 @@ std::size_t CountByHand(const std::wstring& folder) {
 
 std::size_t CountByFerry(const std::wstring& folder) {
     ferry::files::DiskSearch search;
-    return ferry::transfer::ListSourceFolder(search, folder).Files.Size();
+    ferry::files::DiskInfo info;
+    return ferry::transfer::ListSourceFolder(search, info, folder, [] { return true; }).Files.Size();
 }
 
 bool MeasureListing() {

@@ -79,8 +79,10 @@ public:
     std::optional<files::FoundItem> Find(std::wstring_view) override { return std::nullopt; }
     std::uint64_t Size(std::wstring_view) override { return 4096; }
     bool IsRoot(std::wstring_view) override { return false; }
+    std::optional<files::ItemId> Identity(std::wstring_view) override { return std::nullopt; }
 
-    void Search(std::wstring_view pattern, const std::function<bool(const files::Match&)>& visit) override {
+    std::uint32_t Search(std::wstring_view pattern,
+                         const std::function<bool(const files::Match&)>& visit) override {
         const std::wstring_view folder = pattern.substr(0, pattern.size() - 2);
         const bool isTop = folder == kTop;
         const std::uint32_t attributes = isTop ? files::kAttributeDirectory : 0;
@@ -93,12 +95,14 @@ public:
             // Its path: the folder's, a separator and the name.
             pathBytes_ += (folder.size() + 1 + name.size()) * sizeof(wchar_t);
         }
+        return 0;
     }
 
     bool SetAttributes(std::wstring_view, std::uint32_t) override { return true; }
     int MakeFolder(std::wstring_view) override { return files::kFolderMade; }
     bool RemoveFolder(std::wstring_view) override { return true; }
     bool Rename(std::wstring_view, std::wstring_view) override { return true; }
+    void LetOthersClose() override {}
 
     std::size_t Items() const noexcept { return items_; }
     std::size_t PathBytes() const noexcept { return pathBytes_; }
@@ -112,7 +116,7 @@ private:
 class WillingShell final : public ShellOperations {
 public:
     ShellOutcome Transfer(const ShellTransfer&) override { return {}; }
-    ShellOutcome TransferAll(const ferry::base::TextList&, const ShellTransfer&) override { return {}; }
+    BatchOutcome TransferAll(const ferry::base::TextList&, const ShellTransfer&) override { return {}; }
     void NotifyFolderMade(std::wstring_view) override {}
 };
 
@@ -126,9 +130,10 @@ public:
 class NoProgress final : public Progress {
 public:
     void SetRange(std::uint32_t) override {}
-    bool DrainAndTakeCancel() override { return false; }
+    bool DrainAndTakeCancel(Pause) override { return false; }
     void Step() override {}
     void ShowItem(std::wstring_view) override {}
+    void ShowNow() override {}
 };
 
 class NobodyThere final : public Questions {

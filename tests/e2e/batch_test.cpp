@@ -1,4 +1,5 @@
 // The shell's one undoable operation: what arrives, and with which flags it is asked for.
+#include "e2e/driver/run_dialogs.h"
 #include "e2e/fixture.h"
 
 namespace ferry::e2e {
@@ -64,7 +65,13 @@ TEST_F(BatchTransfer, LeavesOutASourceThatIsGoneAndTransfersTheOthers) {
     const std::wstring file = Tree().WriteFile(L"元\\a.txt", "a");
     const std::wstring other = Tree().WriteFile(L"元\\z.txt", "z");
     ASSERT_TRUE(Open(Plan({file, Tree().Path(L"元\\gone.txt"), other})));
-    ASSERT_TRUE(Transfer(Tree().MakeFolder(L"先")));
+    Dialog().SetDestination(Tree().MakeFolder(L"先"));
+    Dialog().Click(kStart);
+    const RemoteDialog report = WaitForRunDialog(Run().FerryId(), RunDialog::Report);
+    ASSERT_TRUE(report.IsOpen());
+    EXPECT_NE(report.Text(kReportList).find(L"gone.txt"), std::wstring::npos);
+    ASSERT_TRUE(PressEscapeIn(report));
+    ASSERT_TRUE(EndsWell());
     EXPECT_EQ(ReadBytes(Tree().Path(L"先\\a.txt")), "a");
     EXPECT_EQ(ReadBytes(Tree().Path(L"先\\z.txt")), "z");
     EXPECT_FALSE(Exists(Tree().Path(L"先\\gone.txt")));

@@ -119,7 +119,7 @@ TEST_P(Completion, PathsBeyondTheFieldsLimitAreCompletedAndRefusedAtStart) {
         }() + L"\\";
         ASSERT_TRUE(DestinationBecomes(expected)) << level;
     }
-    ASSERT_TRUE(StartIsRefusedWith(L"Enter no more than 250 characters."));
+    ASSERT_TRUE(StartIsRefusedWith(L"250文字以内で入力してください。"));
     ASSERT_TRUE(Dialog().FocusDestination());
     PressKey(VK_PRIOR);
     EXPECT_TRUE(WaitUntil([&] { return Dialog().Destination().ends_with(L"n"); }));

@@ -72,6 +72,30 @@ TEST_F(Delivery, ABlockAfterADropIsIgnored) {
     EXPECT_TRUE(StillHolds([&] { return Dialog().SourceCount() == 1 && Dialog().Destination().empty(); }));
 }
 
+/// A hundred thousand items, each with a path as long as it may be without a prefix.
+std::vector<std::wstring> ManyItems() {
+    constexpr int kCount = 100'000;
+    constexpr std::size_t kLength = 259;
+    std::vector<std::wstring> items;
+    items.reserve(kCount);
+    for (int index = 1; index <= kCount; ++index) {
+        const std::wstring name = L"\\" + std::to_wstring(index) + L".txt";
+        items.push_back(L"C:\\" + std::wstring(kLength - 3 - name.size(), L'長') + name);
+    }
+    return items;
+}
+
+// Wine puts what the message carries on the stack of the thread that receives it.
+TEST_F(Delivery, AHundredThousandItemsArriveInOneBlock) {
+    ASSERT_TRUE(OpenWithoutHost());
+    ASSERT_TRUE(SendBlock(ManyItems(), {L"D:\\Backup"}));
+    EXPECT_EQ(Dialog().SourceCount(), 100'000);
+    EXPECT_EQ(Dialog().SourceText(0), L"1.txt");
+    EXPECT_EQ(Dialog().SourceText(99'999), L"100000.txt");
+    EXPECT_EQ(Dialog().Text(kItemCount), L"(100000)");
+    EXPECT_EQ(Dialog().Destination(), L"D:\\Backup\\");
+}
+
 /// A window of this process: the program that a person works in when the delivery comes.
 class OwnWindow {
 public:

@@ -7,7 +7,7 @@ namespace ferry::e2e {
 namespace {
 
 constexpr std::size_t kLimit = 250;
-constexpr wchar_t kRefusal[] = L"Enter no more than 250 characters.";
+constexpr wchar_t kRefusal[] = L"250文字以内で入力してください。";
 
 class DestinationLimit : public FerryTest {
 protected:

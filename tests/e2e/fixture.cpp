@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "base/utf16.h"
+#include "e2e/driver/run_dialogs.h"
 #include "e2e/driver/surroundings.h"
 #include "samplehost/delivery_win32.h"
 #include "samplehost/host_block_writer.h"
@@ -113,6 +114,16 @@ testing::AssertionResult FerryTest::EndsWell(int timeoutMs) {
         return testing::AssertionSuccess();
     const ShownBox box = ending.HasEnded ? ShownBox() : FindMessageBox(run_->FerryId());
     return testing::AssertionFailure() << TextOf(ending) << "; message box: " << base::ToUtf8(box.Text);
+}
+
+testing::AssertionResult FerryTest::EndsWithReport(std::wstring& list) {
+    const RemoteDialog report = WaitForRunDialog(run_->FerryId(), RunDialog::Report);
+    if (!report.IsOpen())
+        return testing::AssertionFailure() << "no report came";
+    list = report.Text(kReportList);
+    if (!PressEscapeIn(report))
+        return testing::AssertionFailure() << "the report stays";
+    return EndsWell();
 }
 
 testing::AssertionResult FerryTest::CancelEndsWell() {

@@ -76,6 +76,9 @@ protected:
     /// ended hard.
     testing::AssertionResult EndsWell(int timeoutMs = kPatienceMs);
 
+    /// The same for a run that left something behind: its report is closed, and `list` is what it named.
+    testing::AssertionResult EndsWithReport(std::wstring& list);
+
     /// The same once Cancel is pressed.
     testing::AssertionResult CancelEndsWell();
 

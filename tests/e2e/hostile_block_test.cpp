@@ -37,10 +37,18 @@ TEST_F(HostileHost, AbsurdCountsAreSurvived) {
     }
 }
 
-TEST_F(HostileHost, ABlockWithoutItsNulIsReadToItsSize) {
+TEST_F(HostileHost, ABlockWithoutItsNulIsReadToTheEndOfWhatIsThere) {
     ASSERT_TRUE(OpenThroughHost({L"--no-nul"}));
     EXPECT_EQ(Dialog().SourceCount(), 2);
     EXPECT_TRUE(IsAliveAndUsable(Run(), Dialog()));
+}
+
+TEST_F(HostileHost, ASizeInUnitsInsteadOfBytesLosesNothing) {
+    const std::size_t units =
+        BlockBytes({L"C:\\Work\\a.txt", L"C:\\Work\\b.txt"}, {L"D:\\Backup"}).size() / sizeof(wchar_t);
+    ASSERT_TRUE(OpenThroughHost({L"--size", std::to_wstring(units)}));
+    EXPECT_EQ(Dialog().SourceCount(), 2);
+    EXPECT_EQ(Dialog().Destination(), L"D:\\Backup\\");
 }
 
 TEST_F(HostileHost, APageFullOfUnitsWithoutNulIsNotReadBeyond) {

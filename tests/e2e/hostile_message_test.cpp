@@ -10,7 +10,7 @@ namespace {
 
 constexpr unsigned kSeed = 20240229;
 constexpr int kDeliveries = 1000;
-/// Wine carries a mebibyte from process to process, but not four.
+/// More than any path has. With much more text a field is busy for longer than a test waits.
 constexpr std::size_t kHugeBytes = std::size_t{1} << 20;
 
 /// Makes the noise; the same seed makes the same noise on every machine.

@@ -1,4 +1,5 @@
-// The presence mutex, which tells others that Ferry runs.
+// What a running Ferry is to the system: the presence mutex, which tells others that it runs, and its error
+// mode.
 #include "base/handles_win32.h"
 #include "e2e/driver/surroundings.h"
 #include "e2e/fixture.h"
@@ -38,6 +39,42 @@ TEST_F(Presence, IsNotHeldByTheSecondInstance) {
     ASSERT_TRUE(CancelEndsWell());
     EXPECT_FALSE(IsPresent());
     EXPECT_TRUE(second.IsRunning());
+}
+
+/// The error mode of another process; only a thread in it is told. The system's libraries lie at one address
+/// in all processes.
+std::optional<DWORD> ErrorModeOf(HWND window) {
+    DWORD id = 0;
+    GetWindowThreadProcessId(window, &id);
+    constexpr DWORD kRights = PROCESS_CREATE_THREAD | PROCESS_QUERY_INFORMATION | PROCESS_VM_OPERATION |
+                              PROCESS_VM_READ | PROCESS_VM_WRITE;
+    const base::ProcessHandle process(OpenProcess(kRights, FALSE, id));
+    const auto ask = reinterpret_cast<LPTHREAD_START_ROUTINE>(
+        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "GetErrorMode")));
+    const HANDLE thread = CreateRemoteThread(process.Get(), nullptr, 0, ask, nullptr, 0, nullptr);
+    DWORD mode = 0;
+    const bool isTold = thread != nullptr && WaitForSingleObject(thread, kPatienceMs) == WAIT_OBJECT_0 &&
+                        GetExitCodeThread(thread, &mode);
+    CloseHandle(thread);
+    return isTold ? std::optional(mode) : std::nullopt;
+}
+
+class RunningFerry : public FerryTest {
+protected:
+    /// Programs inherit the mode, and a test program has one that hides failures.
+    RunningFerry() : mode_(SetErrorMode(0)) {}
+    ~RunningFerry() override { SetErrorMode(mode_); }
+
+private:
+    UINT mode_;
+};
+
+TEST_F(RunningFerry, ShowsNoBoxOfTheSystemAboutADriveWithoutADisk) {
+    ASSERT_TRUE(OpenWithoutHost());
+    const std::optional<DWORD> mode = ErrorModeOf(Dialog().Window());
+    ASSERT_TRUE(mode);
+    EXPECT_EQ(*mode & SEM_FAILCRITICALERRORS, DWORD{SEM_FAILCRITICALERRORS});
+    EXPECT_TRUE(CancelEndsWell());
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include "base/handles_win32.h"
 #include "e2e/driver/contents.h"
 #include "e2e/driver/process_windows.h"
+#include "e2e/driver/run_dialogs.h"
 #include "e2e/driver/service_windows.h"
 #include "e2e/fixture.h"
 
@@ -29,6 +30,7 @@ protected:
     /// Transfers `items` into `destination` and answers what is asked meanwhile.
     testing::AssertionResult TransferAll(const std::vector<std::wstring>& items,
                                          const std::wstring& destination, DWORD policy = kOverwrite) {
+        left_.clear();
         WriteNumber(kProgramKey, L"Mode", mode_);
         WriteNumber(kProgramKey, L"Name", policy);
         RunPlan plan = Plan(items);
@@ -39,8 +41,14 @@ protected:
         Dialog().SetDestination(destination);
         Dialog().Click(kStart);
         WaitUntil([&] { return AnswerWindows() || !Run().IsRunning(); });
+        if (!left_.empty() && !mayLeave_)
+            return testing::AssertionFailure() << "left behind: " << testing::PrintToString(left_);
         return EndsWell();
     }
+
+    /// From now on a run may leave something behind; HasLeft then says whether its report named an item.
+    void MayLeave() { mayLeave_ = true; }
+    bool HasLeft(const std::wstring& path) const { return left_.find(path + L"\r\n") != std::wstring::npos; }
 
     int Errors() const { return errors_; }
     const std::wstring& Message() const { return message_; }
@@ -71,6 +79,11 @@ private:
         if (Press(FindWindowOf(ferry, kErrorTitle), kSkip))
             ++errors_;
         Press(FindWindowOf(ferry, kReplaceTitle), kReplace);
+        if (const RemoteDialog report = FindRunDialog(ferry, RunDialog::Report);
+            report.IsOpen() && IsWindowVisible(report.Window()) != FALSE) {
+            left_ = report.Text(kReportList);
+            PostMessageW(report.Window(), WM_COMMAND, IDCANCEL, 0);
+        }
         if (const ShownBox box = FindMessageBox(ferry); box.Window != nullptr) {
             message_ = box.Text;
             DismissMessageBox(box);
@@ -86,6 +99,8 @@ private:
     }
 
     DWORD mode_ = 1;
+    bool mayLeave_ = false;
+    std::wstring left_;
     int errors_ = 0;
     std::wstring message_;
 };
@@ -97,6 +112,7 @@ TEST_P(AwkwardTransfer, AFileWhereAFolderMustGoStaysAndSoDoesTheFolder) {
         SCOPED_TRACE(mode);
         UseMode(mode);
         ClearTrees();
+        MayLeave();
         const std::wstring folder = Tree().MakeFolder(L"元\\物");
         Tree().WriteFile(L"元\\物\\下\\a.txt", "incoming");
         const std::wstring other = Tree().WriteFile(L"元\\後.txt", "the next one");
@@ -107,6 +123,11 @@ TEST_P(AwkwardTransfer, AFileWhereAFolderMustGoStaysAndSoDoesTheFolder) {
         EXPECT_EQ(ReadBytes(Tree().Path(L"先\\物")), "existing");
         EXPECT_EQ(ReadBytes(Tree().Path(L"元\\物\\下\\a.txt")), "incoming");
         EXPECT_EQ(ReadBytes(Tree().Path(L"先\\後.txt")), "the next one") << "the others go on";
+        // Of a batch the shell has told.
+        const bool isTold = mode == 1;
+        EXPECT_EQ(HasLeft(folder), isTold);
+        EXPECT_EQ(HasLeft(folder + L"\\下\\a.txt"), isTold);
+        EXPECT_FALSE(HasLeft(other));
     }
 }
 
@@ -251,6 +272,7 @@ TEST_P(DeepTree, AnIndividualRunLosesNoLongPathAndBringsEveryShortOne) {
     const std::wstring top = MakeDeepTree();
     const TreeSnapshot before = ReadTree(top);
     const Contents contents = Everything();
+    MayLeave();
     ASSERT_TRUE(TransferAll({top}, Tree().Path(L"先")));
     EXPECT_TRUE(HasAll(contents));
     const TreeSnapshot target = ReadTree(Tree().Path(L"先\\深"));
@@ -259,6 +281,8 @@ TEST_P(DeepTree, AnIndividualRunLosesNoLongPathAndBringsEveryShortOne) {
         const bool isShort = top.size() + 1 + name.size() < 260;
         EXPECT_TRUE(target.contains(name) || (!entry.IsFolder && !isShort)) << name.size();
         EXPECT_TRUE(target.contains(name) || source.contains(name)) << name.size();
+        EXPECT_NE(target.contains(name), HasLeft(top + L"\\" + name))
+            << name.size() << " and what stays is told";
     }
 }
 
@@ -268,8 +292,14 @@ TEST_P(AwkwardTransfer, NamesThatWindowsCannotSpellLoseNothing) {
         Tree().WriteFile(std::wstring(L"元\\名\\") + name, "content " + std::to_string(++number));
     const Contents before = Everything();
     ASSERT_EQ(before.size(), 8U);
+    MayLeave();
     ASSERT_TRUE(TransferAll({Tree().Path(L"元\\名")}, Tree().Path(L"先")));
     EXPECT_TRUE(HasAll(before));
+    const TreeSnapshot target = ReadTree(Tree().Path(L"先\\名"));
+    for (const auto& [name, entry] : target)
+        EXPECT_FALSE(HasLeft(Tree().Path(L"元\\名\\") + name)) << testing::PrintToString(name);
+    // A name of a device is no file to the shell.
+    EXPECT_TRUE(HasLeft(Tree().Path(L"元\\名\\aux.txt")));
     EXPECT_FALSE(LinesOf(FileOps(), L"Item").empty()) << "the run did nothing";
 }
 

@@ -75,6 +75,12 @@ TEST_F(Language, ATextFileGivesTitleTextsAndLists) {
     EXPECT_EQ(Ask(Dialog().Control(kPrecision), CB_GETCOUNT), 2);
 }
 
+TEST_F(Language, ATextThatIsTooLongIsToldOfInTheLanguageOfTheHost) {
+    ASSERT_TRUE(Open(CopiedPlan()));
+    Dialog().SetDestination(L"C:\\" + std::wstring(300, L'x'));
+    EXPECT_TRUE(StartIsRefusedWith(L"Enter no more than 250 characters."));
+}
+
 TEST_F(Language, TheBuiltInLanguageWritesNoFile) {
     DeleteValue(kHostKey, L"NLS");
     ASSERT_TRUE(Open(CopiedPlan()));

@@ -62,17 +62,38 @@ TEST_F(ProgressOfARun, TheConfirmationDialogIsHiddenAndDisabledMeanwhile) {
     EXPECT_EQ(GetWindow(ProgressWindow().Window(), GW_OWNER), Dialog().Window());
 }
 
-TEST_F(ProgressOfARun, AQuestionLiesOverItAndKeepsItFromBeingStopped) {
+TEST_F(ProgressOfARun, AQuestionBelongsToTheConfirmationAndLeavesItEnabled) {
     ASSERT_TRUE(Start({Colliding(L"a.txt"), Colliding(L"b.txt")}, kAskEach));
     const RemoteDialog question = Collision();
-    const RemoteDialog progress = ProgressWindow();
-    EXPECT_EQ(GetWindow(question.Window(), GW_OWNER), progress.Window());
-    EXPECT_FALSE(IsWindowEnabled(progress.Window()));
+    EXPECT_EQ(GetWindow(question.Window(), GW_OWNER), Dialog().Window());
+    EXPECT_TRUE(IsWindowEnabled(ProgressWindow().Window()));
     ASSERT_TRUE(question.Choose(ChoiceControl(kRenameIncoming)));
     question.Click(kStart);
     const RemoteDialog rename = Rename();
-    EXPECT_EQ(GetWindow(rename.Window(), GW_OWNER), progress.Window());
-    EXPECT_FALSE(IsWindowEnabled(progress.Window()));
+    EXPECT_EQ(GetWindow(rename.Window(), GW_OWNER), Dialog().Window());
+    EXPECT_TRUE(IsWindowEnabled(ProgressWindow().Window()));
+}
+
+TEST_F(ProgressOfARun, StoppedWhileAQuestionIsOpenItEndsBothAndLosesNothing) {
+    constexpr int kRenameExisting = 5;
+    for (const int policy : {kAskEach, kRenameIncoming, kRenameExisting}) {
+        for (const bool byKey : {false, true}) {
+            SCOPED_TRACE(std::to_string(policy) + (byKey ? " by key" : " by mouse"));
+            ASSERT_TRUE(Start({Colliding(L"a.txt"), Colliding(L"b.txt")}, policy));
+            const RemoteDialog question = policy == kAskEach ? Collision() : Rename();
+            ASSERT_TRUE(question.IsOpen());
+            if (byKey) {
+                ASSERT_TRUE(TakeForeground(ProgressWindow().Window()));
+                PressKey(VK_ESCAPE);
+            } else {
+                ProgressWindow().Click(kCancel);
+            }
+            ASSERT_TRUE(Ends());
+            EXPECT_EQ(NamesBelow(L"元"), L"a.txt b.txt");
+            EXPECT_EQ(NamesBelow(L"先"), L"a.txt b.txt");
+            EXPECT_TRUE(FlagsIn(FileOps()).empty()) << "the shell was asked for nothing";
+        }
+    }
 }
 
 TEST_F(ProgressOfARun, TheFocusComesBackToItWhenAQuestionCloses) {

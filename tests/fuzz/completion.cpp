@@ -20,14 +20,16 @@ class InputLookup : public files::FolderSearch {
 public:
     explicit InputLookup(std::vector<std::wstring_view> names) : names_(std::move(names)) {}
 
-    void Search(std::wstring_view pattern, const std::function<bool(const files::Match&)>& visit) override {
+    std::uint32_t Search(std::wstring_view pattern,
+                         const std::function<bool(const files::Match&)>& visit) override {
         Pattern = pattern;
         for (const std::wstring_view name : names_) {
             ++Visited;
             if (!visit({name, name.size() % 2 == 0 ? files::kAttributeDirectory : 0, {}})) {
-                return;
+                return 0;
             }
         }
+        return 0;
     }
 
     std::wstring Pattern;
@@ -58,6 +60,8 @@ void CheckFieldText(std::wstring_view text, std::wstring_view baseFolder) {
     if (const auto root = completion::RootFor(text)) {
         Require(text.size() < 3 && root->ends_with(L'\\'), "a root ends with its backslash");
         Require(completion::OfferFor(text, 0) == completion::Offer::PutRoot, "a root is put at once");
+    } else if (text.size() == 1) {
+        Require(completion::OfferFor(text, 1) == completion::Offer::Nothing, "one character stays alone");
     }
 }
 

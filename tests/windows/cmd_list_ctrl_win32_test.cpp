@@ -15,6 +15,7 @@
 #include <mutex>
 #include <set>
 
+#include "base/handles_win32.h"
 #include "files/disk_win32.h"
 #include "framework/dialog.h"
 #include "ids.h"
@@ -46,10 +47,21 @@ void PrintTo(const AskedIcon& icon, std::ostream* stream) {
             << (icon.IsOnWorker ? " on a worker" : "");
 }
 
-/// Answers for the shell's icons: every file has number 7 unless the query fails.
+constexpr int kIcon = 7;
+constexpr int kIconOfAnother = 8;
+
+/// Answers for the shell's icons: a path that ends with "another" has a number of its own, every other one
+/// the same, unless the query fails.
 class WatchedIcons {
 public:
     std::atomic<bool> Fails = false;
+
+    /// Lets queries wait until Release; one that waits too long gives up.
+    void Hold() { ResetEvent(released_.Get()); }
+    void Release() { SetEvent(released_.Get()); }
+
+    /// How many queries wait.
+    int Waiting() const { return waiting_; }
 
     std::vector<AskedIcon> Asked() const {
         const std::lock_guard guard(lock_);
@@ -59,13 +71,18 @@ public:
 private:
     DWORD_PTR Answer(LPCWSTR what, DWORD attributes, SHFILEINFOW* info, UINT size, UINT flags) {
         EXPECT_EQ(size, sizeof(SHFILEINFOW));
+        ++waiting_;
+        WaitForSingleObject(released_.Get(), test::kPatienceMs);
+        --waiting_;
         const std::lock_guard guard(lock_);
         asked_.push_back({what, attributes, flags, GetCurrentThreadId() != thread_});
-        info->iIcon = 7;
+        info->iIcon = asked_.back().What.ends_with(L"another") ? kIconOfAnother : kIcon;
         return Fails ? 0 : 1;
     }
 
     DWORD thread_ = GetCurrentThreadId();
+    base::EventHandle released_{CreateEventW(nullptr, TRUE, TRUE, nullptr)};
+    std::atomic<int> waiting_ = 0;
     mutable std::mutex lock_;
     std::vector<AskedIcon> asked_;
     test::WatchedImport<&SHGetFileInfoW> query_{
@@ -82,14 +99,19 @@ protected:
         ASSERT_TRUE(InitCommonControlsEx(&classes));
         ASSERT_TRUE(dialog_.Create(nullptr));
         icons_ = ImageList_Create(16, 16, ILC_COLOR, 1, 1);
+        largeIcons_ = ImageList_Create(32, 32, ILC_COLOR, 1, 1);
         belowList_ = std::make_unique<test::WatchedMessages>(dialog_.Item(IDC_SOURCE_LIST));
         list_ = std::make_unique<CCmdListCtrl>(info_);
-        ASSERT_TRUE(list_->Prepare(dialog_.Item(IDC_SOURCE_LIST), icons_));
+        ASSERT_TRUE(list_->Prepare(dialog_.Item(IDC_SOURCE_LIST), [this](UINT dpi) {
+            return dpi > USER_DEFAULT_SCREEN_DPI ? largeIcons_ : icons_;
+        }));
         messages_ = std::make_unique<test::WatchedMessages>(list_->Handle());
     }
 
     ~CmdListCtrlTest() override {
+        shell_.Release();
         dialog_.DestroyWindow();
+        ImageList_Destroy(largeIcons_);
         ImageList_Destroy(icons_);
     }
 
@@ -128,10 +150,31 @@ protected:
         ListView_EnsureVisible(list_->Handle(), 150, FALSE);
     }
 
+    /// What the list view has to draw.
+    std::wstring ShownText(int index) const {
+        std::wstring text(512, L'\0');
+        LVITEMW item{};
+        item.pszText = text.data();
+        item.cchTextMax = static_cast<int>(text.size());
+        text.resize(static_cast<std::size_t>(
+            Ask(LVM_GETITEMTEXTW, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&item))));
+        return text;
+    }
+    int ShownIcon(int index) const {
+        LVITEMW item{};
+        item.mask = LVIF_IMAGE;
+        item.iItem = index;
+        Ask(LVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+        return item.iImage;
+    }
+    LRESULT Focused() const { return Ask(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED); }
+    HIMAGELIST ShownIcons() const { return reinterpret_cast<HIMAGELIST>(Ask(LVM_GETIMAGELIST, LVSIL_SMALL)); }
+
     int IconOf(int index) const { return list_->Items().Icon(static_cast<std::size_t>(index)); }
 
     framework::CDialog dialog_{IDD_FERRY};
     HIMAGELIST icons_ = nullptr;
+    HIMAGELIST largeIcons_ = nullptr;
     WatchedIcons shell_;
     std::unique_ptr<test::WatchedMessages> belowList_;  ///< What the list leaves to its window.
     files::DiskInfo info_;
@@ -140,8 +183,67 @@ protected:
 };
 
 TEST_F(CmdListCtrlTest, ShowsTheSystemsSmallIcons) {
-    EXPECT_EQ(SendMessageW(list_->Handle(), LVM_GETIMAGELIST, LVSIL_SMALL, 0),
-              reinterpret_cast<LRESULT>(icons_));
+    EXPECT_EQ(ShownIcons(), icons_);
+}
+
+TEST_F(CmdListCtrlTest, DrawsNoIconBeforeAnItemsOwnIsKnown) {
+    Append({L"C:\\a"});
+    EXPECT_EQ(ShownIcon(0), I_IMAGENONE);
+    FindIcons(0, 0);
+    EXPECT_EQ(ShownIcon(0), kIcon);
+}
+
+TEST_F(CmdListCtrlTest, NothingWaitsHereWhileTheShellIsAskedForAnIcon) {
+    Append({L"C:\\a", L"C:\\b"});
+    shell_.Hold();
+    Hint(0, 1);
+    ASSERT_TRUE(test::WaitUntil([&] { return shell_.Waiting() == 1; }));
+    Hint(0, 1);
+    Append({L"C:\\c"});
+    Hint(0, 2);
+    list_->Clear();
+    Append({L"C:\\d"});
+    Hint(0, 0);
+    EXPECT_EQ(shell_.Waiting(), 1);
+    shell_.Release();
+    EXPECT_TRUE(test::PumpUntil([&] { return IconOf(0) == kIcon; }));
+}
+
+TEST_F(CmdListCtrlTest, ItsItemsAreLookedAtOnlyWhileNobodyElseWorksOnThem) {
+    const test::WatchedImport<&TryEnterCriticalSection> tryEnter("TryEnterCriticalSection",
+                                                                 [](LPCRITICAL_SECTION) { return FALSE; });
+    Append({L"C:\\a"});
+    // Somebody does, and so its icon counts as missing.
+    FindIcons(0, 0);
+    FindIcons(0, 0);
+    EXPECT_EQ(tryEnter.Calls().size(), 2U);
+    EXPECT_EQ(shell_.Asked().size(), 1U);
+}
+
+TEST_F(CmdListCtrlTest, TheIconOfAnItemThatWasClearedIsNotGivenToALaterOne) {
+    Append({L"C:\\first"});
+    shell_.Hold();
+    Hint(0, 0);
+    ASSERT_TRUE(test::WaitUntil([&] { return shell_.Waiting() == 1; }));
+    list_->Clear();
+    Append({L"C:\\another"});
+    shell_.Release();
+    EXPECT_TRUE(test::PumpUntil([&] { return messages_->Count(kIconsReady) == 1; }));
+    EXPECT_NE(IconOf(0), kIcon);
+    Hint(0, 0);
+    EXPECT_TRUE(test::PumpUntil([&] { return IconOf(0) == kIconOfAnother; }));
+}
+
+TEST_F(CmdListCtrlTest, ClearedItemsAreNotAskedFor) {
+    Append({L"C:\\a", L"C:\\b"});
+    shell_.Hold();
+    Hint(0, 1);
+    ASSERT_TRUE(test::WaitUntil([&] { return shell_.Waiting() == 1; }));
+    list_->Clear();
+    Append({L"C:\\c", L"C:\\d"});
+    shell_.Release();
+    EXPECT_TRUE(test::PumpUntil([&] { return messages_->Count(kIconsReady) == 1; }));
+    EXPECT_EQ(shell_.Asked().size(), 1U);
 }
 
 TEST_F(CmdListCtrlTest, AsksForTheOpenIconOfAPathOnADrive) {
@@ -149,8 +251,8 @@ TEST_F(CmdListCtrlTest, AsksForTheOpenIconOfAPathOnADrive) {
     FindIcons(0, 1);
     EXPECT_EQ(shell_.Asked(),
               (std::vector<AskedIcon>{{L"C:\\dir\\a.txt", 0, kByPath, true}, {L"D:\\b", 0, kByPath, true}}));
-    EXPECT_EQ(IconOf(0), 7);
-    EXPECT_EQ(IconOf(1), 7);
+    EXPECT_EQ(IconOf(0), kIcon);
+    EXPECT_EQ(IconOf(1), kIcon);
 }
 
 TEST_F(CmdListCtrlTest, AsksForAnItemOnANetworkByItsNameAndAttributesAlone) {
@@ -171,6 +273,20 @@ TEST_F(CmdListCtrlTest, AsksForAnItemOnANetworkByItsNameAndAttributesAlone) {
                                                       {L"gone.txt", kFileAttribute, kByName, true}}));
 }
 
+TEST_F(CmdListCtrlTest, ADriveLetterMayStandForAFolderOfAServer) {
+    const test::WatchedImport<&GetDriveTypeW> drive("GetDriveTypeW", [](LPCWSTR root) -> UINT {
+        return std::wstring_view(root) == L"Z:\\" ? DRIVE_REMOTE : DRIVE_FIXED;
+    });
+    const test::WatchedImport<&GetFileAttributesW> look("GetFileAttributesW", [](LPCWSTR path) -> DWORD {
+        return std::wstring_view(path) == L"Z:\\dir" ? FILE_ATTRIBUTE_DIRECTORY : FILE_ATTRIBUTE_NORMAL;
+    });
+    Append({L"Z:\\dir", L"Z:\\dir\\a.txt", L"C:\\dir\\b.txt"});
+    FindIcons(0, 2);
+    EXPECT_EQ(shell_.Asked(), (std::vector<AskedIcon>{{L"dir", kFolderAttribute, kByName, true},
+                                                      {L"a.txt", kFileAttribute, kByName, true},
+                                                      {L"C:\\dir\\b.txt", 0, kByPath, true}}));
+}
+
 TEST_F(CmdListCtrlTest, LooksAtANetworkPathOfAnyLength) {
     const std::wstring below = L"server\\share\\" + std::wstring(300, L'n');
     std::wstring asked;
@@ -188,6 +304,7 @@ TEST_F(CmdListCtrlTest, AFailedQueryGivesTheFirstIconAndIsNotMadeAgain) {
     Append({L"C:\\a.txt"});
     FindIcons(0, 0);
     EXPECT_EQ(IconOf(0), 0);
+    EXPECT_EQ(ShownIcon(0), 0);
     Append({L"C:\\b.txt"});
     FindIcons(0, 1);
     EXPECT_EQ(shell_.Asked().size(), 2U);
@@ -203,6 +320,20 @@ TEST_F(CmdListCtrlTest, TellsItselfWhichIconsAreThereAndDrawsThemAgain) {
     EXPECT_EQ(messages_->Of(LVM_REDRAWITEMS)[0].wParam, 1U);
     EXPECT_EQ(messages_->Of(LVM_REDRAWITEMS)[0].lParam, 2);
     EXPECT_EQ(IconOf(0), ListItems::kNoIcon);
+}
+
+TEST_F(CmdListCtrlTest, StartsNoSecondWorkerForWhatOneLooksForAlready) {
+    const test::WatchedImport<&CoInitialize> workers("CoInitialize");
+    Append({L"C:\\a", L"C:\\b", L"C:\\c"});
+    shell_.Hold();
+    Hint(0, 1);
+    Hint(0, 1);
+    Hint(1, 1);
+    Hint(1, 2);
+    shell_.Release();
+    EXPECT_TRUE(test::PumpUntil([&] { return messages_->Count(kIconsReady) == 2; }));
+    dialog_.DestroyWindow();
+    EXPECT_EQ(workers.Calls().size(), 2U);
 }
 
 TEST_F(CmdListCtrlTest, StartsNoWorkerWhileNoIconIsMissing) {
@@ -276,6 +407,48 @@ TEST_F(CmdListCtrlTest, ItsColumnHoldsTheLongestNameAndNeverMoreThanTheList) {
     EXPECT_EQ(Ask(LVM_GETCOLUMNWIDTH), client.right);
 }
 
+TEST_F(CmdListCtrlTest, ItsColumnAndItsIconsFollowTheScalingOfTheWindow) {
+    Append({L"C:\\a name"});
+    const LRESULT before = Ask(LVM_GETCOLUMNWIDTH);
+    const LRESULT text = Ask(LVM_GETSTRINGWIDTHW, 0, reinterpret_cast<LPARAM>(L"a name"));
+    const test::WatchedImport<&GetDpiForWindow> dpi("GetDpiForWindow",
+                                                    [](HWND) { return UINT{2 * USER_DEFAULT_SCREEN_DPI}; });
+    LOGFONTW description{};
+    const auto font = reinterpret_cast<HFONT>(Ask(WM_GETFONT));
+    ASSERT_NE(GetObjectW(font, sizeof(description), &description), 0);
+    description.lfHeight *= 2;
+    const HFONT larger = CreateFontIndirectW(&description);
+    Ask(WM_SETFONT, reinterpret_cast<WPARAM>(larger), FALSE);
+    ASSERT_EQ(Ask(LVM_GETCOLUMNWIDTH), before);
+    Ask(WM_DPICHANGED_AFTERPARENT);
+    EXPECT_GT(Ask(LVM_GETCOLUMNWIDTH), before + text / 2);
+    EXPECT_EQ(ShownIcons(), largeIcons_);
+    Ask(WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
+    DeleteObject(larger);
+}
+
+TEST_F(CmdListCtrlTest, APathWithASeparatorAtItsEndHasANameToo) {
+    Append({L"C:\\folder\\dir\\", L"D:\\", L"C:\\" + std::wstring(300, L'n') + L"\\", L"C:\\file"});
+    EXPECT_EQ(ShownText(0), L"dir");
+    EXPECT_EQ(ShownText(1), L"D:\\");
+    EXPECT_TRUE(ShownText(2).starts_with(std::wstring(200, L'n')));
+    EXPECT_EQ(ShownText(2).find(L'\\'), std::wstring::npos);
+    EXPECT_EQ(ShownText(3), L"file");
+    EXPECT_EQ(list_->Items().Path(0), L"C:\\folder\\dir\\");
+    EXPECT_EQ(list_->Items().Path(1), L"D:\\");
+    Ask(WM_KEYDOWN, 'D', 1);
+    EXPECT_EQ(Focused(), 0);
+    Ask(WM_KEYDOWN, 'D', 1);
+    EXPECT_EQ(Focused(), 1);
+}
+
+TEST_F(CmdListCtrlTest, ItsColumnHoldsANameBeforeASeparator) {
+    Append({L"C:\\folder\\a longer name\\", L"C:\\b"});
+    EXPECT_GT(Ask(LVM_GETCOLUMNWIDTH),
+              Ask(LVM_GETSTRINGWIDTHW, 0, reinterpret_cast<LPARAM>(L"a longer name")));
+    EXPECT_EQ(list_->Items().LongestName(), L"a longer name");
+}
+
 TEST_F(CmdListCtrlTest, HasNoInputMethodWhichWouldComposeWhatIsTyped) {
     EXPECT_EQ(ImmGetContext(list_->Handle()), nullptr);
     EXPECT_NE(ImmGetContext(dialog_.Handle()), nullptr);
@@ -301,6 +474,30 @@ TEST_F(CmdListCtrlTest, ALetterWithCtrlIsACommandAndFindsNothing) {
     Ask(WM_KEYDOWN, 'Z', 1);
     test::HoldKeys({});
     EXPECT_EQ(Ask(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED), -1);
+}
+
+TEST_F(CmdListCtrlTest, ADigitOfTheKeypadGoesToTheItemThatBeginsWithIt) {
+    Append({L"C:\\apple", L"C:\\2024"});
+    Ask(WM_KEYDOWN, VK_NUMPAD2, 1);
+    Ask(WM_CHAR, L'2', 1);
+    EXPECT_EQ(Focused(), 1);
+    EXPECT_EQ(belowList_->Count(WM_CHAR), 0U);
+}
+
+TEST_F(CmdListCtrlTest, ACharacterThatItDoesNotLookForGoesNowhere) {
+    Append({L"C:\\apple", L"C:\\zebra", L"C:\\-dash"});
+    Ask(WM_KEYDOWN, 'Z', 1);
+    ASSERT_EQ(Focused(), 1);
+    for (const wchar_t unit : {L'-', L'_', L'é', L'あ'}) {
+        Ask(WM_CHAR, unit, 1);
+        EXPECT_EQ(Focused(), 1) << static_cast<unsigned>(unit);
+    }
+    NMLVFINDITEMW find{};
+    find.hdr = {list_->Handle(), IDC_SOURCE_LIST, static_cast<UINT>(LVN_ODFINDITEMW)};
+    find.lvfi.flags = LVFI_STRING | LVFI_PARTIAL;
+    find.lvfi.psz = L"a";
+    EXPECT_EQ(SendMessageW(dialog_.Handle(), WM_NOTIFY, IDC_SOURCE_LIST, reinterpret_cast<LPARAM>(&find)),
+              -1);
 }
 
 TEST_F(CmdListCtrlTest, KeepsTheCharactersOfNamesFromTheWindowsOwnSearch) {

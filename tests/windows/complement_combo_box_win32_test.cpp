@@ -238,6 +238,18 @@ TEST_F(ComplementComboBoxTest, ATextOfALetterAndAColonBecomesTheRoot) {
     EXPECT_FALSE(IsOpen());
 }
 
+TEST_F(ComplementComboBoxTest, ASingleCharacterThatIsNoRootStaysWhateverTheHistoryHolds) {
+    for (const Texts& history : {Texts{}, Texts{L"E:\\last"}, Texts{L"E:\\last", L"E:\\earlier"}}) {
+        box_.SetFixedItems(history);
+        for (const wchar_t* text : {L"1", L"写", L"/"}) {
+            Type(text);
+            EXPECT_TRUE(Press(VK_TAB));
+            EXPECT_EQ(Text(), text);
+            EXPECT_FALSE(IsOpen());
+        }
+    }
+}
+
 TEST_F(ComplementComboBoxTest, SeveralMatchesOpenTheListWithoutTouchingTheText) {
     folders_.Items.push_back({L"Apple.txt", false});
     Type(L"C:\\x\\a");
@@ -531,6 +543,25 @@ TEST_F(ComplementComboBoxTest, APathThatIsTooWideIsShownShortenedAndKeptWhole) {
     EXPECT_EQ(Text(), folder + L"the end & more\\");
     EXPECT_TRUE(Press(VK_RETURN));
     EXPECT_EQ(Text(), folder + L"the end & more\\");
+}
+
+TEST_F(ComplementComboBoxTest, APathIsMeasuredInTheFontOfTheListAndNotInThatOfTheFieldAroundIt) {
+    const std::wstring folder = L"C:\\" + std::wstring(15, L'm') + L"\\";
+    folders_.Items = {{L"a", true}};
+    Type(folder);
+    EXPECT_TRUE(Press(VK_DOWN));
+    ASSERT_EQ(Shown(), Texts{folder + L"a\\"});
+    box_.OpenList(false);
+    LOGFONTW description{};
+    description.lfHeight = -60;
+    const HFONT large = CreateFontIndirectW(&description);
+    SendMessageW(box_.Combo(), WM_SETFONT, reinterpret_cast<WPARAM>(large), FALSE);
+    Type(folder);
+    EXPECT_TRUE(Press(VK_DOWN));
+    ASSERT_EQ(Shown().size(), 1U);
+    EXPECT_NE(Shown()[0], folder + L"a\\");
+    SendMessageW(box_.Combo(), WM_SETFONT, reinterpret_cast<WPARAM>(GetStockObject(DEFAULT_GUI_FONT)), FALSE);
+    DeleteObject(large);
 }
 
 TEST_F(ComplementComboBoxTest, TheListIsWideEnoughForATextAsWideAsTheControl) {

@@ -1,4 +1,4 @@
-// All four dialogs, in both languages and every layout: what a screen reader calls each control, and where
+// All dialogs, in both languages and every layout: what a screen reader calls each control, and where
 // the letters behind Alt lead.
 #include <windows.h>
 #include <gtest/gtest.h>
@@ -14,6 +14,7 @@
 #include "dialogs/ferry_dialog.h"
 #include "dialogs/file_mode_dialog.h"
 #include "dialogs/input_dialog.h"
+#include "dialogs/report_dialog.h"
 #include "framework/common_controls.h"
 #include "ids.h"
 #include "windows/dialog_world_win32.h"
@@ -62,6 +63,8 @@ Letters LettersOf(const Layout& layout) {
             return {{L'C', IDCANCEL}};
         case IDD_FILE_MODE:
             return {{L'O', IDC_APPLY_TO_ALL}, {L'A', IDC_STOP_ALL}};
+        case IDD_REPORT:
+            return {{L'C', IDC_REPORT_COPY}};
         case IDD_INPUT:
             return {{L'F', IDC_NEW_NAME},
                     {L'E', IDC_EXTENSION},
@@ -159,6 +162,9 @@ private:
             }
             case IDD_FILE_MODE:
                 return std::make_unique<CDlgFileMode>(world_.Services(), nullptr, L"a.txt");
+            case IDD_REPORT:
+                left_.Add(L"C:\\a.txt", transfer::LeftReason::FolderNotMade, 5);
+                return std::make_unique<CDlgReport>(world_.Services().Localiser, nullptr, left_);
             case IDD_INPUT:
                 test::WriteBytes(folder_ / L"a.txt", {});
                 return std::make_unique<CDlgInput>(world_.Services(), nullptr, L"caption",
@@ -183,6 +189,7 @@ private:
 
     test::DialogWorld world_;
     test::TempFolder folder_;
+    transfer::Leftovers left_;
     std::unique_ptr<framework::CDialog> dialog_;
 };
 
@@ -190,6 +197,7 @@ TEST_P(DialogAccess, ItIsInTheLanguageOfTheUser) {
     const std::map<int, int> translated = {{IDD_FERRY, IDC_LIST_LABEL},
                                            {IDD_BUSY, IDCANCEL},
                                            {IDD_INPUT, IDC_RENAME_PROMPT},
+                                           {IDD_REPORT, IDC_REPORT_COPY},
                                            {IDD_FILE_MODE, IDC_ITEM_NAME_LABEL}};
     const std::wstring text = test::TextOfControl(Window(), translated.at(GetParam().Template));
     const bool hasJapanese =
@@ -218,7 +226,9 @@ TEST_P(DialogAccess, EveryControlHasANameThatCanBeSaid) {
         }
         previous = control;
     }
-    EXPECT_GE(named, GetParam().Template == IDD_BUSY ? 2U : 11U);
+    const std::map<int, std::size_t> few = {{IDD_BUSY, 2}, {IDD_REPORT, 3}};
+    const auto itsCount = few.find(GetParam().Template);
+    EXPECT_GE(named, itsCount == few.end() ? 11U : itsCount->second);
 }
 
 TEST_P(DialogAccess, EveryLetterStandsOnce) {
@@ -262,7 +272,8 @@ std::vector<Layout> Layouts() {
                                        {"ListIndividual", IDD_FERRY, language, true, true},
                                        {"Progress", IDD_BUSY, language},
                                        {"Rename", IDD_INPUT, language},
-                                       {"Collision", IDD_FILE_MODE, language}});
+                                       {"Collision", IDD_FILE_MODE, language},
+                                       {"Report", IDD_REPORT, language}});
     }
     return layouts;
 }

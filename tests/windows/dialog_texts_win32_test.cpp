@@ -9,6 +9,7 @@
 #include "dialogs/ferry_dialog.h"
 #include "dialogs/file_mode_dialog.h"
 #include "dialogs/input_dialog.h"
+#include "dialogs/report_dialog.h"
 #include "windows/dialog_world_win32.h"
 #include "windows/support_win32.h"
 
@@ -78,7 +79,13 @@ INSTANTIATE_TEST_SUITE_P(
         TextCase{"Rename", 133, MakerOf<CDlgInput>(HWND{}, std::wstring(L"caption"), std::wstring(L"C:\\a")),
                  L"\xFEFF名前の変更\r\n1353\tStatic\t"},
         TextCase{"Collision", 134, MakerOf<CDlgFileMode>(HWND{}, std::wstring(L"a.txt")),
-                 L"\xFEFFファイル処理の確認\r\n1901\tStatic\tファイル名\r\n1900\tButton\t"}),
+                 L"\xFEFFファイル処理の確認\r\n1901\tStatic\tファイル名\r\n1900\tButton\t"},
+        TextCase{"Report", 135,
+                 [](Services& services) {
+                     static const transfer::Leftovers nothing;
+                     return std::make_unique<CDlgReport>(services.Localiser, nullptr, nothing);
+                 },
+                 L"\xFEFF処理できなかった項目\r\n1900\tStatic\t%2 項目のうち %1 "}),
     &NameOfCase);
 
 }  // namespace

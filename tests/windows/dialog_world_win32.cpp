@@ -51,8 +51,8 @@ dialogs::Services DialogWorld::ServicesWith(calendar::Clock& clock, files::Folde
             files_,
             folders,
             changes_,
-            [](HWND owner) -> std::unique_ptr<transfer::ShellOperations> {
-                return std::make_unique<desktop::WindowsShellOperations>(owner);
+            [this](HWND owner) -> std::unique_ptr<transfer::ShellOperations> {
+                return std::make_unique<desktop::WindowsShellOperations>(owner, files_);
             }};
 }
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "dialogs/dialog_ex.h"
+#include "ids.h"
 #include "lang/dialog_text.h"
 #include "process/module_path_win32.h"
 #include "windows/dialog_template_win32.h"
@@ -56,7 +57,7 @@ TEST(EveryDialog, SpeaksEnglishToWhoeverReadsEnglish) {
     test::DialogWorld world;
     world.Store.HostTexts[L"NLS"] = L".en-US";
     const std::vector<int> templates = TemplatesOfTheProgram();
-    ASSERT_GE(templates.size(), 4U);
+    ASSERT_GE(templates.size(), 5U);
     for (const int id : templates) {
         SCOPED_TRACE(id);
         // Without the file the dialog would write one.
@@ -70,6 +71,33 @@ TEST(EveryDialog, SpeaksEnglishToWhoeverReadsEnglish) {
             EXPECT_FALSE(IsJapanese(test::TextOfWindow(control))) << GetDlgCtrlID(control);
         }
     }
+}
+
+/// How wide the icon is that `window` bears in this size; 0 when it bears none.
+LONG IconWidth(HWND window, WPARAM size) {
+    ICONINFO info{};
+    const auto icon = reinterpret_cast<HICON>(SendMessageW(window, WM_GETICON, size, 0));
+    if (icon == nullptr || GetIconInfo(icon, &info) == FALSE)
+        return 0;
+    BITMAP bitmap{};
+    GetObjectW(info.hbmMask, sizeof bitmap, &bitmap);
+    DeleteObject(info.hbmMask);
+    DeleteObject(info.hbmColor);
+    return bitmap.bmWidth;
+}
+
+TEST(EveryDialog, BearsTheIconInBothSizes) {
+    test::DialogWorld world;
+    framework::CDialog::UseIcon(IDI_FERRY);
+    for (const int id : TemplatesOfTheProgram()) {
+        SCOPED_TRACE(id);
+        AnyDialog dialog(static_cast<UINT>(id), world.Services().Localiser);
+        EXPECT_TRUE(dialog.Create(nullptr));
+        const UINT dpi = GetDpiForWindow(dialog.Handle());
+        EXPECT_EQ(IconWidth(dialog.Handle(), ICON_BIG), GetSystemMetricsForDpi(SM_CXICON, dpi));
+        EXPECT_EQ(IconWidth(dialog.Handle(), ICON_SMALL), GetSystemMetricsForDpi(SM_CXSMICON, dpi));
+    }
+    framework::CDialog::UseIcon(0);
 }
 
 TEST(EveryDialog, IsInJapaneseByItselfAndInTheFontOfDialogs) {

@@ -42,6 +42,19 @@ TEST_F(DialogAtItsStart, ShowsEveryChoiceThatWasStored) {
     EXPECT_EQ(Precision(), 2);
 }
 
+TEST_F(DialogAtItsStart, ShowsTheControlsOfTheWayThatWillRunWhateverWasStored) {
+    for (const std::uint32_t mode : {0U, 1U, 2U, 9U, 0xFFFFFFFFU}) {
+        SCOPED_TRACE(mode);
+        world_.Store.Numbers = {{L"Mode", mode}};
+        Open({L"C:\\a.txt"});
+        EXPECT_EQ(test::IsShown(Window(), IDC_NO_ASK), mode == 0);
+        for (const int id :
+             {IDC_POLICY_GROUP, IDC_PRECISION_LABEL, IDC_PRECISION, IDC_POLICY_KEEP_EXISTING}) {
+            EXPECT_EQ(test::IsShown(Window(), id), mode != 0) << id;
+        }
+    }
+}
+
 TEST_F(DialogAtItsStart, EachStoredChoiceHasItsOwnControl) {
     world_.Store.Numbers = {{L"1", 1}};
     Open({L"C:\\a.txt"});
@@ -63,7 +76,7 @@ TEST_F(DialogAtItsStart, GivesTheListTheSystemsSmallIcons) {
     Open({L"C:\\a.txt"});
     const auto icons = reinterpret_cast<HIMAGELIST>(SendMessageW(List(), LVM_GETIMAGELIST, LVSIL_SMALL, 0));
     EXPECT_NE(icons, nullptr);
-    EXPECT_EQ(icons, world_.Services().Shell.SmallIcons());
+    EXPECT_EQ(icons, world_.Services().Shell.SmallIcons(GetDpiForWindow(List())));
 }
 
 class Arrivals : public FerryDialogTest {
@@ -94,6 +107,19 @@ protected:
         return {tabs.begin(), tabs.end()};
     }
 };
+
+TEST_F(Arrivals, TheListOfTheOtherTabsScrollsToTheEndOfTheLongestFolder) {
+    Open({}, StartOptions{.TabListMode = 1});
+    samplehost::BlockFields fields;
+    fields.Items = {L"C:\\delivered"};
+    fields.Tabs = {L"D:\\tab", L"D:\\" + std::wstring(200, L'w')};
+    EXPECT_EQ(DeliverBlock(fields), TRUE);
+    const HWND tabs = GetDlgItem(Window(), IDC_TAB_LIST);
+    RECT area{};
+    GetClientRect(tabs, &area);
+    EXPECT_EQ(SendMessageW(tabs, LB_GETCOUNT, 0, 0), 2);
+    EXPECT_GT(SendMessageW(tabs, LB_GETHORIZONTALEXTENT, 0, 0), area.right);
+}
 
 TEST_F(Arrivals, ABlockAfterADropIsLeftToTheDefaultHandling) {
     Open({});

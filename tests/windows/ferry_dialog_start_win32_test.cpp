@@ -284,6 +284,33 @@ TEST_F(TheStart, BeginsComForTheTransfer) {
     EXPECT_TRUE(hadComInTime);
 }
 
+TEST_F(TheStart, KeepsTheSessionFromEndingWhileItTransfers) {
+    *world_.Messages.File += L"5954\tcopying\r\n";
+    OpenWith(destination_);
+    EXPECT_TRUE(SendMessageW(Window(), WM_QUERYENDSESSION, 0, 0)) << "nothing is at stake yet";
+    std::wstring reason;
+    const test::WatchedImport<&ShutdownBlockReasonCreate> hold("ShutdownBlockReasonCreate",
+                                                               [&](HWND window, LPCWSTR why) {
+                                                                   EXPECT_EQ(window, Window());
+                                                                   reason = why;
+                                                                   return TRUE;
+                                                               });
+    const test::WatchedImport<&ShutdownBlockReasonDestroy> release("ShutdownBlockReasonDestroy");
+    LRESULT mayEnd = TRUE;
+    std::size_t released = 1;
+    const test::WatchedImport<&CoCreateInstance> create(
+        "CoCreateInstance", [&](REFCLSID classId, LPUNKNOWN outer, DWORD servers, REFIID id, LPVOID* object) {
+            mayEnd = SendMessageW(Window(), WM_QUERYENDSESSION, 0, 0);
+            released = release.Calls().size();
+            return create.CallReal(classId, outer, servers, id, object);
+        });
+    PressStart();
+    EXPECT_EQ(mayEnd, FALSE);
+    EXPECT_EQ(reason, L"copying");
+    EXPECT_EQ(released, 0U);
+    EXPECT_EQ(std::get<0>(release.OnlyCall()), Window());
+}
+
 TEST_F(TheStart, MakesTheDestinationAndTellsTheShell) {
     const test::WatchedImport<&SHChangeNotify> notify("SHChangeNotify");
     OpenWith(folder_ / L"new\\below");

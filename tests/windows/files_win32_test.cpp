@@ -32,7 +32,10 @@ class DiskTest : public testing::Test {
 protected:
     Names List(const std::wstring& folder) {
         Names names;
-        ForEachEntry(search_, folder, [&](const Match& item) { names.emplace_back(item.Name); });
+        ForEachEntry(search_, folder, [&](const Match& item) {
+            names.emplace_back(item.Name);
+            return true;
+        });
         return names;
     }
 
@@ -70,6 +73,7 @@ TEST_F(DiskTest, VisitMayEnumerateInTurn) {
         const Names inside = List(folder_ / (L"outer\\" + std::wstring(item.Name)));
         seen.insert(seen.end(), inside.begin(), inside.end());
         seen.emplace_back(item.Name);
+        return true;
     });
     EXPECT_EQ(seen, (Names{L"file", L"inner"}));
 }
@@ -360,6 +364,25 @@ TEST_F(DiskTest, FoldersAreMadeWithoutAWindow) {
     EXPECT_EQ(std::get<0>(make.OnlyCall()), nullptr);
 }
 
+TEST_F(DiskTest, AFolderThatThePlainFormIsTooLongForIsMadeWithThePrefix) {
+    // Windows refuses plain paths of 248 to 259 units to folders, which need room for a short name.
+    const test::WatchedImport<&SHCreateDirectory> make(
+        "SHCreateDirectory", [](HWND, PCWSTR) -> int { return ERROR_FILENAME_EXCED_RANGE; });
+    EXPECT_EQ(changes_.MakeFolder(folder_ / L"new\\below"), kFolderMade);
+    EXPECT_TRUE(test::Exists(folder_ / L"new\\below"));
+    EXPECT_EQ(changes_.MakeFolder(folder_ / L"new\\below"), kFolderExists);
+}
+
+TEST_F(DiskTest, AnItemThatItsServerDoesNotNumberIsLikeNoOther) {
+    const test::WatchedImport<&GetFileInformationByHandle> look(
+        "GetFileInformationByHandle", [&](HANDLE file, LPBY_HANDLE_FILE_INFORMATION info) {
+            const BOOL done = look.CallReal(file, info);
+            info->nFileIndexLow = info->nFileIndexHigh = 0;
+            return done;
+        });
+    EXPECT_EQ(info_.Identity(folder_.Path()), std::nullopt);
+}
+
 /// Writes down the paths that the system is asked about.
 class WatchedPaths {
 public:
@@ -410,7 +433,7 @@ TEST_F(DiskTest, GivesTheSystemEveryLongPathInItsPrefixedForm) {
     changes_.MakeFolder(path);
     info_.Attributes(path);
     changes_.SetAttributes(path, kAttributeDirectory);
-    ForEachEntry(search_, path, [](const Match&) {});
+    ForEachEntry(search_, path, [](const Match&) { return true; });
     info_.Find(path);
     info_.Size(path);
     changes_.Rename(path, path + L"2");

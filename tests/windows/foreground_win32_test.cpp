@@ -44,6 +44,7 @@ protected:
     }
 
     BOOL Attach(DWORD from, DWORD to, BOOL on) {
+        inFront_ = !on && isLostInParting_ ? nullptr : inFront_;
         EXPECT_EQ(from, GetCurrentThreadId());
         EXPECT_EQ(to, GetWindowThreadProcessId(other_, nullptr));
         steps_.emplace_back(on ? "attach" : "detach");
@@ -54,13 +55,15 @@ protected:
         CreateWindowExW(0, L"Static", L"", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr)};
     HWND other_ = GetDesktopWindow();
     HWND inFront_ = other_;
+    bool isGranted_ = true;
+    bool isLostInParting_ = false;
     DWORD* saved_ = nullptr;
     Steps steps_;
 
     test::WatchedImport<&GetForegroundWindow> foreground_{"GetForegroundWindow", [this] { return inFront_; }};
     test::WatchedImport<&SetForegroundWindow> setForeground_{"SetForegroundWindow", [this](HWND window) {
                                                                  EXPECT_EQ(window, window_.Get());
-                                                                 inFront_ = window;
+                                                                 inFront_ = isGranted_ ? window : inFront_;
                                                                  steps_.emplace_back("to the front");
                                                                  return TRUE;
                                                              }};
@@ -76,6 +79,21 @@ TEST_F(BringingToTheFront, OpensTheLockForTheRequestAndAttachesTheThreadsMeanwhi
     BringToForeground(window_.Get());
     EXPECT_EQ(steps_, (Steps{"attach", "read the lock", "set the lock to 0", "to the front",
                              "set the lock to the place of what was read", "detach"}));
+}
+
+// Who has brought another window to the front meanwhile keeps it.
+TEST_F(BringingToTheFront, AsksOnlyOnceWhenAnotherWindowStaysInFront) {
+    isGranted_ = false;
+    BringToForeground(window_.Get());
+    EXPECT_EQ(setForeground_.Calls().size(), 1U);
+    EXPECT_EQ(steps_.back(), "detach");
+}
+
+TEST_F(BringingToTheFront, AsksAgainWhenNobodyIsInFrontAfterTheThreadsHaveParted) {
+    isLostInParting_ = true;
+    BringToForeground(window_.Get());
+    EXPECT_EQ(setForeground_.Calls().size(), 2U);
+    EXPECT_EQ(steps_.back(), "to the front");
 }
 
 TEST_F(BringingToTheFront, JustAsksWhenNothingIsInFront) {

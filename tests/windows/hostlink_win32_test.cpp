@@ -137,6 +137,39 @@ TEST_F(HostLinkTest, BlockThatTheHostDidNotMakeIsEmpty) {
     EXPECT_TRUE(data.SelectedItems.IsEmpty());
 }
 
+TEST_F(HostLinkTest, SizeInBytesBoundsTheIndexOfAUnit) {
+    MakeBlock(L"2\t0\t\t\tC:\\a\tC:\\b\t");
+    SetVariable(L"1:1:10:20:16:x:y:z:Share:");
+    EXPECT_EQ(Copy(ReadHostData().Data.SelectedItems), (Texts{L"C:\\a", L"C:\\b"}));
+    WriteBlock(L"2\t0\t\t\tC:\\a\tC:\\b\t");
+    SetVariable(L"1:1:10:20:15:x:y:z:Share:");
+    EXPECT_EQ(Copy(ReadHostData().Data.SelectedItems), (Texts{L"C:\\a"}));
+}
+
+TEST_F(HostLinkTest, BlockThatFillsItsPagesIsReadToTheirEnd) {
+    MakeBlock(L"5000\t0\t\t\t" + std::wstring(2039, L'\t'));
+    SetVariable(kShared);
+    EXPECT_EQ(ReadHostData().Data.SelectedItems.Size(), 2039U);
+}
+
+TEST_F(HostLinkTest, UnitsAreThoseOfThePagesThatAreMapped) {
+    MakeBlock(kFullBlock);
+    EXPECT_EQ(SharedMemoryView(kName, kGuardName, 1).Units().size(), 2048U);
+    EXPECT_EQ(SharedMemoryView(kName, kGuardName, kBlockBytes).Units().size(), 2048U);
+    EXPECT_EQ(SharedMemoryView(L"ShareMem_10_21", kGuardName, 4097).Units().size(), 4096U);
+}
+
+TEST_F(HostLinkTest, MemoryThatTheHostOnlyReservedHasNoUnits) {
+    const base::MappingHandle reserved(CreateFileMappingW(
+        INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE | SEC_RESERVE, 0, kBlockBytes, kName));
+    ASSERT_TRUE(reserved);
+    EXPECT_TRUE(SharedMemoryView(kName, kGuardName, kBlockBytes).Units().empty());
+    SetVariable(kShared);
+    const auto [data, blockError] = ReadHostData();
+    EXPECT_EQ(blockError, 0U);
+    EXPECT_TRUE(data.SelectedItems.IsEmpty());
+}
+
 TEST_F(HostLinkTest, HoldsNoSharedMemoryAfterwards) {
     MakeBlock(kFullBlock);
     SetVariable(kShared);

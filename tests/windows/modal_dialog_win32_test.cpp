@@ -97,6 +97,34 @@ TEST_F(ModalDialog, ThatCannotBeMadeIsToldAndDisablesNobody) {
     EXPECT_TRUE(IsWindowEnabled(owner_.Get()));
 }
 
+TEST_F(ModalDialog, WhoseOwnerHasGoneOpensWithoutOne) {
+    const HWND gone = owner_.Get();
+    owner_.Reset();
+    bool wasOpen = false;
+    ShortDialog* seen = nullptr;
+    ShortDialog dialog(gone, [&] {
+        wasOpen = IsWindowVisible(seen->Handle()) && GetWindow(seen->Handle(), GW_OWNER) == nullptr;
+    });
+    seen = &dialog;
+    EXPECT_EQ(dialog.DoModal(), 42);
+    EXPECT_TRUE(wasOpen);
+}
+
+// A window of a program with more rights may own none of ours.
+TEST_F(ModalDialog, WhoseOwnerTheSystemRefusesOpensWithoutOneAndLeavesThatEnabled) {
+    bool wasEnabled = false;
+    ShortDialog dialog(owner_.Get(), [&] { wasEnabled = IsWindowEnabled(owner_.Get()) != FALSE; });
+    const test::WatchedImport<&CreateDialogParamW> create(
+        "CreateDialogParamW",
+        [&](HINSTANCE module, LPCWSTR name, HWND owner, DLGPROC procedure, LPARAM parameter) -> HWND {
+            return owner != nullptr ? nullptr : create.CallReal(module, name, owner, procedure, parameter);
+        });
+    EXPECT_EQ(dialog.DoModal(), 42);
+    EXPECT_EQ(create.Calls().size(), 2U);
+    EXPECT_TRUE(wasEnabled);
+    EXPECT_TRUE(IsWindowEnabled(owner_.Get()));
+}
+
 TEST_F(ModalDialog, PassesTheThreadsEndOn) {
     ShortDialog dialog(owner_.Get(), [] {});
     PostQuitMessage(7);
@@ -243,6 +271,26 @@ TEST_F(ModalDialog, ATextThatIsTooLongIsToldAndSelected) {
     DWORD end = 0;
     SendMessageW(edit, EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
     EXPECT_EQ(std::pair(start, end), std::pair(DWORD{0}, DWORD{4}));
+}
+
+TEST_F(ModalDialog, ATextThatIsTooLongIsToldOfInTheWordsInForce) {
+    static constexpr auto kFields =
+        std::tuple{TextField<LimitedForm>{IDC_DESTINATION, &LimitedForm::Text, 3}};
+    CDialog dialog(IDD_FERRY);
+    ASSERT_TRUE(dialog.Create(nullptr));
+    const auto edit =
+        reinterpret_cast<HWND>(SendMessageW(dialog.Item(IDC_DESTINATION), CBEM_GETEDITCONTROL, 0, 0));
+    SetWindowTextW(edit, L"abcd");
+    LimitedForm form;
+    {
+        const LimitTextInForce text([](int limit) { return L"at most " + std::to_wstring(limit); });
+        const test::AnsweredBoxes boxes;
+        EXPECT_FALSE(ExchangeFields(dialog.Handle(), form, kFields, Exchange::FromControls));
+        EXPECT_EQ(boxes.Only().Text, L"at most 3");
+    }
+    const test::AnsweredBoxes boxes;
+    EXPECT_FALSE(ExchangeFields(dialog.Handle(), form, kFields, Exchange::FromControls));
+    EXPECT_EQ(boxes.Only().Text, L"Enter no more than 3 characters.");
 }
 
 TEST_F(ModalDialog, TheFieldItselfTakesNoMoreThanItsLimit) {

@@ -12,6 +12,7 @@ constexpr UINT kLookMs = 10;
 
 ModalVisitor::ModalVisitor(HWND owner, std::function<void(HWND)> visit)
     : owner_(owner), visit_(std::move(visit)), timer_(SetTimer(nullptr, 0, kLookMs, &Look)) {
+    EnumThreadWindows(GetCurrentThreadId(), &Remember, reinterpret_cast<LPARAM>(this));
     current_ = this;
 }
 
@@ -26,12 +27,17 @@ void CALLBACK ModalVisitor::Look(HWND, UINT, UINT_PTR, DWORD) {
     }
 }
 
+BOOL CALLBACK ModalVisitor::Remember(HWND window, LPARAM visitor) {
+    reinterpret_cast<ModalVisitor*>(visitor)->before_.insert(window);
+    return TRUE;
+}
+
 BOOL CALLBACK ModalVisitor::VisitIfWanted(HWND window, LPARAM visitor) {
     auto& self = *reinterpret_cast<ModalVisitor*>(visitor);
     wchar_t className[16] = {};
     GetClassNameW(window, className, 16);
     if (std::wstring_view(className) != L"#32770" || !IsWindowVisible(window) ||
-        GetWindow(window, GW_OWNER) != self.owner_) {
+        GetWindow(window, GW_OWNER) != self.owner_ || self.before_.contains(window)) {
         return TRUE;
     }
     self.hasVisited_ = true;

@@ -4,10 +4,12 @@
 #include <windows.h>
 
 #include <functional>
+#include <set>
 
 namespace ferry::test {
 
 /// Calls `visit` with the next dialog of this thread that `owner` owns, once it is visible; `visit` ends it.
+/// A dialog that stood before is none.
 class ModalVisitor {
 public:
     ModalVisitor(HWND owner, std::function<void(HWND)> visit);
@@ -20,9 +22,11 @@ public:
 private:
     static void CALLBACK Look(HWND, UINT, UINT_PTR, DWORD);
     static BOOL CALLBACK VisitIfWanted(HWND window, LPARAM visitor);
+    static BOOL CALLBACK Remember(HWND window, LPARAM visitor);
 
     static inline ModalVisitor* current_ = nullptr;
     HWND owner_;
+    std::set<HWND> before_;
     std::function<void(HWND)> visit_;
     UINT_PTR timer_;
     bool hasVisited_ = false;

@@ -49,7 +49,7 @@ private:
     files::DiskInfo info_;
     files::DiskSearch search_;
     files::DiskChanges changes_;
-    desktop::WindowsShellOperations shell_{nullptr};
+    desktop::WindowsShellOperations shell_{nullptr, info_};
 };
 
 INSTANTIATE_TEST_SUITE_P(Disk, FileSystemContract, testing::Values(&test::Make<Place, DiskPlace>));

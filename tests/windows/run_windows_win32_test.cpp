@@ -82,7 +82,7 @@ TEST_F(RunWindows, MoveTheBarAndShowTheNameOfEachItem) {
     const HWND bar = GetDlgItem(progress.Window(), IDC_BUSY_BAR);
     const auto shows = [&](LRESULT done, LRESULT count, const std::wstring& name) {
         return test::WaitUntil([&] {
-            EXPECT_FALSE(progress.DrainAndTakeCancel());
+            EXPECT_FALSE(progress.DrainAndTakeCancel(transfer::Pause::Item));
             return SendMessageW(bar, PBM_GETPOS, 0, 0) == done &&
                    SendMessageW(bar, PBM_GETRANGE, FALSE, 0) == count &&
                    test::TextOfControl(progress.Window(), IDC_BUSY_ITEM) == name;
@@ -102,22 +102,22 @@ TEST_F(RunWindows, MoveTheBarAndShowTheNameOfEachItem) {
 
 TEST_F(RunWindows, ACancelIsTakenOnce) {
     ProgressWindow progress(world_.Services(), confirmation_.Get(), transfer::Operation::Copy);
-    EXPECT_FALSE(progress.DrainAndTakeCancel());
+    EXPECT_FALSE(progress.DrainAndTakeCancel(transfer::Pause::Item));
     PostMessageW(GetDlgItem(progress.Window(), IDCANCEL), BM_CLICK, 0, 0);
-    EXPECT_TRUE(progress.DrainAndTakeCancel());
-    EXPECT_FALSE(progress.DrainAndTakeCancel());
+    EXPECT_TRUE(progress.DrainAndTakeCancel(transfer::Pause::Item));
+    EXPECT_FALSE(progress.DrainAndTakeCancel(transfer::Pause::Item));
 }
 
 TEST_F(RunWindows, AKeyReachesTheProgressWindowAsADialog) {
     ProgressWindow progress(world_.Services(), confirmation_.Get(), transfer::Operation::Copy);
     PostMessageW(GetDlgItem(progress.Window(), IDCANCEL), WM_KEYDOWN, VK_ESCAPE, 1);
-    EXPECT_TRUE(progress.DrainAndTakeCancel());
+    EXPECT_TRUE(progress.DrainAndTakeCancel(transfer::Pause::Item));
 }
 
 TEST_F(RunWindows, TheEndOfTheThreadStopsTheRunAndIsPassedOn) {
     ProgressWindow progress(world_.Services(), confirmation_.Get(), transfer::Operation::Copy);
     PostQuitMessage(7);
-    EXPECT_TRUE(progress.DrainAndTakeCancel());
+    EXPECT_TRUE(progress.DrainAndTakeCancel(transfer::Pause::Item));
     MSG message{};
     EXPECT_FALSE(GetMessageW(&message, nullptr, 0, 0));
     EXPECT_EQ(message.wParam, 7U);
@@ -149,7 +149,7 @@ TEST_F(RunQuestions, TheRenameDialogHasThePolicysLabelWithoutAnyAmpersandForItsC
         {transfer::RenameKind::Existing, L"rename existing(B)"}};
     for (const auto& [kind, caption] : cases) {
         std::wstring title;
-        const test::ModalVisitor visitor(progress_.Window(), [&](HWND dialog) {
+        const test::ModalVisitor visitor(confirmation_.Get(), [&](HWND dialog) {
             title = test::TextOfWindow(dialog);
             SetDlgItemTextW(dialog, IDC_NEW_NAME, L"typed");
             PostMessageW(dialog, WM_COMMAND, IDOK, 0);
@@ -163,7 +163,7 @@ TEST_F(RunQuestions, TheRenameDialogHasThePolicysLabelWithoutAnyAmpersandForItsC
 }
 
 TEST_F(RunQuestions, ACancelledNameIsNone) {
-    const test::ModalVisitor visitor(progress_.Window(),
+    const test::ModalVisitor visitor(confirmation_.Get(),
                                      [](HWND dialog) { PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0); });
     const transfer::NameAnswer answer =
         questions_.AskNewName(transfer::RenameKind::Incoming, L"C:\\dir\\a.txt");
@@ -177,7 +177,7 @@ TEST_F(RunQuestions, TheCollisionDialogGivesItsButtonAndItsChoice) {
         {IDOK, ThisItem}, {IDCANCEL, SkipItem}, {IDC_APPLY_TO_ALL, ThisAndLater}, {IDC_STOP_ALL, StopRun}};
     for (const auto& [button, choice] : cases) {
         std::wstring name;
-        const test::ModalVisitor visitor(progress_.Window(), [&](HWND dialog) {
+        const test::ModalVisitor visitor(confirmation_.Get(), [&](HWND dialog) {
             name = test::TextOfControl(dialog, IDC_ITEM_NAME);
             test::Click(dialog, IDC_CHOICE_IF_SOURCE_IS_NEWER + 4);
             PostMessageW(dialog, WM_COMMAND, static_cast<WPARAM>(button), 0);
@@ -189,6 +189,141 @@ TEST_F(RunQuestions, TheCollisionDialogGivesItsButtonAndItsChoice) {
             EXPECT_EQ(answer.Policy, transfer::CollisionPolicy::RenameIncoming);
         }
     }
+}
+
+/// The ways in which a person presses the stop of the progress window while a question is open.
+enum class StopBy { Mouse, Key };
+
+class StoppedQuestions : public RunQuestions, public testing::WithParamInterface<StopBy> {
+protected:
+    void PressStop() {
+        const HWND stop = GetDlgItem(progress_.Window(), IDCANCEL);
+        if (GetParam() == StopBy::Mouse)
+            PostMessageW(stop, BM_CLICK, 0, 0);
+        else
+            PostMessageW(stop, WM_KEYDOWN, VK_ESCAPE, 1);
+    }
+
+    template <class Question>
+    void StopDuring(const Question& ask) {
+        bool isOpen = false;
+        const test::ModalVisitor visitor(confirmation_.Get(), [&](HWND dialog) {
+            isOpen =
+                GetWindow(dialog, GW_OWNER) == confirmation_.Get() && IsWindowEnabled(progress_.Window());
+            PressStop();
+        });
+        ask();
+        EXPECT_TRUE(isOpen);
+        EXPECT_FALSE(IsWindowEnabled(confirmation_.Get())) << "it stays disabled during the run";
+    }
+};
+
+TEST_P(StoppedQuestions, EndWithTheRun) {
+    StopDuring(
+        [&] { EXPECT_EQ(questions_.AskCollision(L"a.txt").Choice, transfer::CollisionChoice::StopRun); });
+}
+
+TEST_P(StoppedQuestions, OfANameEndWithTheRun) {
+    StopDuring([&] {
+        const transfer::NameAnswer answer =
+            questions_.AskNewName(transfer::RenameKind::Existing, L"C:\\dir\\a.txt");
+        EXPECT_EQ(answer.Choice, transfer::NameChoice::StopRun);
+    });
+}
+
+INSTANTIATE_TEST_SUITE_P(By, StoppedQuestions, testing::Values(StopBy::Mouse, StopBy::Key),
+                         [](const auto& way) { return way.param == StopBy::Mouse ? "Mouse" : "Key"; });
+
+TEST_F(RunQuestions, GiveTheKeyboardBackToTheProgressWindow) {
+    SetForegroundWindow(progress_.Window());
+    const test::ModalVisitor visitor(confirmation_.Get(),
+                                     [](HWND dialog) { PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0); });
+    questions_.AskCollision(L"a.txt");
+    EXPECT_EQ(GetActiveWindow(), progress_.Window());
+}
+
+TEST_F(RunWindows, AnEscapeHeldOverFromAQuestionDoesNotStopTheRun) {
+    ProgressWindow progress(world_.Services(), confirmation_.Get(), transfer::Operation::Copy);
+    PostMessageW(GetDlgItem(progress.Window(), IDCANCEL), WM_KEYDOWN, VK_ESCAPE, 0x40000001);
+    EXPECT_FALSE(progress.DrainAndTakeCancel(transfer::Pause::Item));
+    EXPECT_TRUE(IsWindowVisible(progress.Window()));
+}
+
+TEST_F(RunWindows, ShowAtOnceWhatIsKnownBeforeSomethingLong) {
+    ProgressWindow progress(world_.Services(), confirmation_.Get(), transfer::Operation::Copy);
+    const HWND bar = GetDlgItem(progress.Window(), IDC_BUSY_BAR);
+    for (int item = 1; item <= 3; ++item) {
+        progress.SetRange(5);
+        progress.Step();
+        progress.ShowItem(std::to_wstring(item));
+        progress.ShowNow();
+        EXPECT_EQ(SendMessageW(bar, PBM_GETRANGE, FALSE, 0), 5);
+        EXPECT_EQ(SendMessageW(bar, PBM_GETPOS, 0, 0), 1);
+        EXPECT_EQ(test::TextOfControl(progress.Window(), IDC_BUSY_ITEM), std::to_wstring(item));
+        EXPECT_FALSE(GetUpdateRect(progress.Window(), nullptr, FALSE)) << "it is painted";
+    }
+}
+
+TEST_F(RunWindows, LookForMessagesOnceTheyAreDrawnAndTakeNone) {
+    // Wine shows nothing before that.
+    ProgressWindow progress(world_.Services(), confirmation_.Get(), transfer::Operation::Copy);
+    Steps steps;
+    const test::WatchedImport<&RedrawWindow> redraw(
+        "RedrawWindow", [&](HWND window, const RECT* area, HRGN region, UINT flags) {
+            steps.emplace_back("draw");
+            return redraw.CallReal(window, area, region, flags);
+        });
+    const test::WatchedImport<&PeekMessageW> peek(
+        "PeekMessageW", [&](MSG* message, HWND window, UINT first, UINT last, UINT flags) {
+            steps.emplace_back(flags == PM_NOREMOVE ? "look" : "take");
+            return peek.CallReal(message, window, first, last, flags);
+        });
+    progress.ShowNow();
+    EXPECT_EQ(steps, (Steps{"draw", "look"}));
+}
+
+TEST_F(RunWindows, ShowTheNewestAtOnceWhenNothingWasDrawnForAWhile) {
+    ProgressWindow progress(world_.Services(), confirmation_.Get(), transfer::Operation::Copy);
+    progress.SetRange(9);
+    for (int item = 1; item <= 2; ++item) {
+        Sleep(kShowDelayMs + 20);  // a slow item, during which nobody takes messages
+        progress.Step();
+        EXPECT_EQ(SendMessageW(GetDlgItem(progress.Window(), IDC_BUSY_BAR), PBM_GETPOS, 0, 0), item);
+        Sleep(kShowDelayMs + 20);
+        progress.ShowItem(std::to_wstring(item));
+        EXPECT_EQ(test::TextOfControl(progress.Window(), IDC_BUSY_ITEM), std::to_wstring(item));
+    }
+}
+
+TEST_F(RunWindows, KeepTheSessionFromEnding) {
+    const ProgressWindow progress(world_.Services(), confirmation_.Get(), transfer::Operation::Copy);
+    EXPECT_EQ(SendMessageW(progress.Window(), WM_QUERYENDSESSION, 0, 0), FALSE);
+}
+
+TEST_F(RunWindows, HaveAButtonInTheTaskbar) {
+    const ProgressWindow progress(world_.Services(), confirmation_.Get(), transfer::Operation::Copy);
+    EXPECT_NE(GetWindowLongPtrW(progress.Window(), GWL_EXSTYLE) & WS_EX_APPWINDOW, 0);
+}
+
+TEST_F(RunQuestions, FlashTheTaskbarButtonWhenThePersonWorksElsewhere) {
+    HWND front = nullptr;
+    const test::WatchedImport<&GetForegroundWindow> foreground("GetForegroundWindow", [&] { return front; });
+    std::vector<HWND> flashed;
+    const test::WatchedImport<&FlashWindowEx> flash("FlashWindowEx", [&](PFLASHWINFO info) {
+        flashed.push_back(info->hwnd);
+        return FALSE;
+    });
+    std::vector<std::size_t> flashes;
+    for (const HWND window : {GetDesktopWindow(), progress_.Window()}) {
+        front = window;
+        const test::ModalVisitor visitor(confirmation_.Get(),
+                                         [](HWND dialog) { PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0); });
+        questions_.AskCollision(L"a.txt");
+        flashes.push_back(flashed.size());
+    }
+    EXPECT_EQ(flashes, (std::vector<std::size_t>{1, 1}));
+    EXPECT_EQ(flashed, (std::vector{progress_.Window()}))
+        << "only where the question may stand behind others";
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 
 #include "base/com_ptr_win32.h"
 #include "desktop/shell_item_win32.h"
+#include "files/disk_win32.h"
 #include "windows/support_win32.h"
 #include "windows/watched_import_win32.h"
 
@@ -18,12 +19,23 @@ class ShellItemTest : public testing::Test {
 protected:
     base::ComApartment apartment_;
     test::TempFolder folder_;
+    files::DiskInfo disk_;
+};
+
+/// To whom every path leads to the same item.
+class OneItem final : public files::FileInfo {
+public:
+    std::uint32_t Attributes(std::wstring_view) override { return files::kAttributeDirectory; }
+    std::optional<files::FoundItem> Find(std::wstring_view) override { return std::nullopt; }
+    std::uint64_t Size(std::wstring_view) override { return 0; }
+    bool IsRoot(std::wstring_view) override { return false; }
+    std::optional<files::ItemId> Identity(std::wstring_view) override { return files::ItemId{1, 1}; }
 };
 
 TEST_F(ShellItemTest, ParsesFoldersWithAndWithoutTheirSeparator) {
     for (const std::wstring& path : {folder_.Path(), folder_.Path() + L"\\"}) {
         base::ComPtr<IShellItem> item;
-        EXPECT_EQ(MakeShellItem(path, item), S_OK);
+        EXPECT_EQ(MakeShellItem(path, disk_, item), S_OK);
         EXPECT_TRUE(item);
     }
 }
@@ -54,8 +66,9 @@ private:
 TEST_F(ShellItemTest, OfALongPathIsMadeFromThePlainFormWhereTheShellTakesIt) {
     const std::wstring path = L"C:\\" + std::wstring(300, L'd');
     const PickyShell shell(folder_.Path(), false);
+    OneItem info;
     base::ComPtr<IShellItem> item;
-    EXPECT_EQ(MakeShellItem(path, item), S_OK);
+    EXPECT_EQ(MakeShellItem(path, info, item), S_OK);
     EXPECT_TRUE(item);
     EXPECT_EQ(shell.Asked, (std::vector{path}));
 }
@@ -63,8 +76,9 @@ TEST_F(ShellItemTest, OfALongPathIsMadeFromThePlainFormWhereTheShellTakesIt) {
 TEST_F(ShellItemTest, OfALongPathIsMadeFromThePrefixedFormWhereTheShellWantsThat) {
     const std::wstring path = L"C:\\" + std::wstring(300, L'd');
     const PickyShell shell(folder_.Path(), true);
+    OneItem info;
     base::ComPtr<IShellItem> item;
-    EXPECT_EQ(MakeShellItem(path, item), S_OK);
+    EXPECT_EQ(MakeShellItem(path, info, item), S_OK);
     EXPECT_TRUE(item);
     EXPECT_EQ(shell.Asked, (std::vector{path, L"\\\\?\\" + path}));
 }
@@ -72,14 +86,34 @@ TEST_F(ShellItemTest, OfALongPathIsMadeFromThePrefixedFormWhereTheShellWantsThat
 TEST_F(ShellItemTest, OfAShortPathIsAskedForOnce) {
     const PickyShell shell(folder_.Path(), true);
     base::ComPtr<IShellItem> item;
-    EXPECT_EQ(MakeShellItem(L"C:\\short", item), PickyShell::kRefused + 1);
+    EXPECT_EQ(MakeShellItem(L"C:\\short", disk_, item), PickyShell::kRefused + 1);
     EXPECT_FALSE(item);
     EXPECT_EQ(shell.Asked, std::vector<std::wstring>{L"C:\\short"});
 }
 
+TEST_F(ShellItemTest, IsNotMadeWhereTheShellFindsAnotherItem) {
+    test::MakeFolders(folder_ / L"asked");
+    test::MakeFolders(folder_ / L"other");
+    const PickyShell shell(folder_ / L"other", false);
+    base::ComPtr<IShellItem> item;
+    EXPECT_EQ(MakeShellItem(folder_ / L"asked", disk_, item), HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND));
+    EXPECT_FALSE(item);
+    EXPECT_EQ(shell.Asked.size(), 1U);
+}
+
+TEST_F(ShellItemTest, IsMadeOfAnotherSpellingOfTheSamePlace) {
+    test::MakeFolders(folder_ / L"asked\\inner");
+    for (const wchar_t* const spelling : {L"ASKED", L"asked\\", L"asked\\inner\\..", L"asked\\."}) {
+        const PickyShell shell(folder_ / L"asked", false);
+        base::ComPtr<IShellItem> item;
+        EXPECT_EQ(MakeShellItem(folder_ / spelling, disk_, item), S_OK)
+            << testing::PrintToString(std::wstring(spelling));
+    }
+}
+
 TEST_F(ShellItemTest, MissingFileGivesNoItem) {
     base::ComPtr<IShellItem> item;
-    EXPECT_TRUE(FAILED(MakeShellItem(folder_ / L"missing", item)));
+    EXPECT_TRUE(FAILED(MakeShellItem(folder_ / L"missing", disk_, item)));
     EXPECT_FALSE(item);
 }
 

@@ -10,6 +10,7 @@
 #include "base/handles_win32.h"
 #include "desktop/shell_item_win32.h"
 #include "desktop/shell_operations_win32.h"
+#include "files/disk_win32.h"
 #include "windows/recording_operation_win32.h"
 #include "windows/support_win32.h"
 #include "windows/watched_import_win32.h"
@@ -30,7 +31,7 @@ protected:
         test::MakeFolders(to_);
     }
 
-    ShellOutcome TransferAll(const base::TextList& sources, const std::wstring& folder, Operation what,
+    BatchOutcome TransferAll(const base::TextList& sources, const std::wstring& folder, Operation what,
                              std::uint32_t flags) {
         return shell_.TransferAll(sources, {{}, folder, {}, what, flags, false});
     }
@@ -44,7 +45,8 @@ protected:
     test::TestWindow window_{
         CreateWindowExW(0, L"Static", L"", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr)};
     HWND owner_ = window_.Get();
-    WindowsShellOperations shell_{owner_};
+    files::DiskInfo info_;
+    WindowsShellOperations shell_{owner_, info_};
 };
 
 std::wstring OwnerCall(HWND owner) {
@@ -72,7 +74,7 @@ TEST_F(RecordedOperationsTest, BatchMovesAndPassesTheLowSixteenBitsOfTheFlags) {
     base::TextList sources;
     sources.Append(a_);
     log_.PerformResult = E_ACCESSDENIED;
-    const ShellOutcome outcome = TransferAll(sources, destination_, Operation::Move, 0xABCD2850);
+    const BatchOutcome outcome = TransferAll(sources, destination_, Operation::Move, 0xABCD2850);
     EXPECT_EQ(outcome.What, ShellResult::Failed);
     EXPECT_EQ(outcome.Code, E_ACCESSDENIED);
     EXPECT_EQ(log_.Calls, (Calls{L"MoveItems " + a_ + L" > " + to_, OwnerCall(GetDesktopWindow()),
@@ -84,6 +86,25 @@ TEST_F(RecordedOperationsTest, BatchIntoAMissingFolderQueuesNothing) {
     sources.Append(a_);
     TransferAll(sources, folder_ / L"missing\\", Operation::Copy, 0x2800);
     EXPECT_EQ(log_.Calls.front(), OwnerCall(GetDesktopWindow()));
+}
+
+TEST_F(RecordedOperationsTest, AMissingFolderIsAskedForOnceAndNotForEachSource) {
+    base::TextList sources;
+    sources.Append(a_);
+    sources.Append(a_);
+    const std::wstring missing = folder_ / L"missing\\";
+    int asked = 0;
+    const test::WatchedImport<&SHCreateItemFromParsingName> parse(
+        "SHCreateItemFromParsingName", [&](PCWSTR path, IBindCtx* context, REFIID id, void** item) {
+            asked += path == missing ? 1 : 0;
+            return parse.CallReal(path, context, id, item);
+        });
+    const transfer::BatchOutcome outcome =
+        shell_.TransferAll(sources, {{}, missing, {}, Operation::Copy, 0x2800, false});
+    EXPECT_EQ(asked, 1);
+    ASSERT_EQ(outcome.Left.size(), 2U);
+    EXPECT_EQ(outcome.Left[0].Why, ShellResult::NoFolderItem);
+    EXPECT_EQ(outcome.Left[1].Why, ShellResult::NoFolderItem);
 }
 
 TEST_F(RecordedOperationsTest, NoOperationObjectGivesOne) {
@@ -164,12 +185,13 @@ TEST_F(RecordedOperationsTest, WhatIsMissingIsSaidAndNothingIsQueued) {
     EXPECT_EQ(log_.Calls.size(), 4 * 3) << "owner, flags, and the performing of nothing";
 }
 
-TEST_F(RecordedOperationsTest, WhatIsNotTakenIntoTheQueueShowsWhenItIsPerformed) {
+TEST_F(RecordedOperationsTest, WhatIsNotTakenIntoTheQueueIsToldAsSuchAndPerformedAllTheSame) {
     log_.QueueResult = E_ACCESSDENIED;
     log_.PerformResult = E_UNEXPECTED;
     const ShellOutcome outcome = shell_.Transfer({a_, destination_, {}, Operation::Copy, 0, false});
-    EXPECT_EQ(outcome.What, ShellResult::Failed);
-    EXPECT_EQ(outcome.Code, E_UNEXPECTED);
+    EXPECT_EQ(outcome.What, ShellResult::NotQueued);
+    EXPECT_EQ(outcome.Code, E_ACCESSDENIED);
+    EXPECT_EQ(log_.Calls.back(), L"PerformOperations");
 }
 
 TEST_F(RecordedOperationsTest, AFolderIsParsedOnceAsLongAsItIsTheSame) {
@@ -194,7 +216,7 @@ TEST_F(RecordedOperationsTest, ReleasesOperationsAndItems) {
     sources.Append(a_);
     sources.Append(b_);
     {
-        WindowsShellOperations shell(owner_);
+        WindowsShellOperations shell(owner_, info_);
         shell.TransferAll(sources, {{}, destination_, {}, Operation::Copy, 0, false});
         shell.Transfer({a_, destination_, L"new", Operation::Copy, 0, true});
     }
@@ -287,7 +309,7 @@ TEST_F(RealOperationsTest, LongPathsAreTransferred) {
     const std::wstring source = longFolder + L"\\long.txt";
     test::WriteUnits(source, L"far");
     base::ComPtr<IShellItem> item;
-    if (FAILED(MakeShellItem(source, item))) {
+    if (FAILED(MakeShellItem(source, info_, item))) {
         GTEST_SKIP() << "this shell has no items for long paths";
     }
     EXPECT_EQ(shell_.Transfer({source, destination_, {}, Operation::Copy, kQuiet, false}).What,

@@ -1,7 +1,8 @@
 // Placing and raising real windows.
 #include <windows.h>
 #include <gtest/gtest.h>
-// After windows.h, which it builds on.
+// After windows.h, which they build on.
+#include <commctrl.h>
 #include <shellapi.h>
 
 #include <array>
@@ -234,6 +235,41 @@ TEST_F(WindowPlacementTest, CentresOverTheHost) {
     EXPECT_EQ(rect.top, 300);
     EXPECT_EQ(rect.right - rect.left, 200);
     EXPECT_EQ(rect.bottom - rect.top, 100);
+}
+
+/// Doubles a window the first time it is moved, as a dialog is that comes to a monitor of twice the scaling.
+LRESULT CALLBACK DoubleWhenMoved(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
+                                 DWORD_PTR) {
+    if (message == WM_MOVE) {
+        RemoveWindowSubclass(window, &DoubleWhenMoved, id);
+        RECT rect{};
+        GetWindowRect(window, &rect);
+        SetWindowPos(window, nullptr, 0, 0, 2 * (rect.right - rect.left), 2 * (rect.bottom - rect.top),
+                     SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    }
+    return DefSubclassProc(window, message, wParam, lParam);
+}
+
+TEST_F(WindowPlacementTest, IsCentredInTheSizeThatItHasOnTheMonitorOfTheHost) {
+    MakeHost({300, 200, 701, 501});
+    ASSERT_TRUE(SetWindowSubclass(dialog_.Get(), &DoubleWhenMoved, 1, 0));
+    CentreOverHost(dialog_.Get(), 0);
+    const RECT rect = DialogRect();
+    EXPECT_EQ(rect.left, 300);
+    EXPECT_EQ(rect.top, 250);
+    EXPECT_EQ(rect.right, 700);
+    EXPECT_EQ(rect.bottom, 450);
+}
+
+TEST_F(WindowPlacementTest, IsOnTheWorkAreaInTheSizeThatItHasThere) {
+    RECT work{};
+    ASSERT_TRUE(SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0));
+    MakeHost({work.right - 40, work.bottom - 40, work.right + 60, work.bottom + 60});
+    ASSERT_TRUE(SetWindowSubclass(dialog_.Get(), &DoubleWhenMoved, 1, 0));
+    CentreOverHost(dialog_.Get(), 1);
+    EXPECT_EQ(DialogRect().right, work.right);
+    EXPECT_EQ(DialogRect().bottom, work.bottom);
+    EXPECT_EQ(DialogRect().left, work.right - 400);
 }
 
 TEST_F(WindowPlacementTest, StaysInsideTheWorkArea) {

@@ -17,7 +17,7 @@ namespace {
 
 constexpr int kCancelButton = 2;
 
-/// A window that asks something, told by a control that only it has, and the button that answers it
+/// A window that asks or tells something, known by a control that only it has, and the button that answers it
 /// without touching a file.
 struct Question {
     const char* Name;
@@ -28,6 +28,7 @@ constexpr int kSkipButton = 1102;
 constexpr Question kQuestions[] = {
     {"collision", 1226, kCancelButton},  // Ferry's own: which policy
     {"rename", 1108, kCancelButton},     // Ferry's own: which name
+    {"report", 1910, IDOK},              // Ferry's own: what stayed behind
     {"replace", 1004, kSkipButton},      // the file-operation service: replace or skip
     {"error", IDRETRY, kSkipButton},     // the file-operation service: again or skip
 };
@@ -142,7 +143,7 @@ bool WatchedRun::AnswerWhatIsAsked() {
         return false;
     if (wishes_.PausesAt)
         PlaceBesideProgress(window, run_.FerryId());
-    std::printf("a question was answered by skipping: %s\n", asked->Name);
+    std::printf("answered without touching a file: %s\n", asked->Name);
     Pause(asked->Name);
     PostMessageW(GetDlgItem(window, asked->Answer), BM_CLICK, 0, 0);
     test::WaitUntil([&] { return !IsWindow(window) || !IsWindowVisible(window); });

@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <climits>
 #include <string>
 
@@ -49,15 +50,31 @@ struct NumberCase {
 
 TEST(ToInt, ReadsNumbersAsTheCLibraryDoes) {
     const NumberCase cases[] = {
-        {L"", 0},         {L"0", 0},          {L"7", 7},      {L"4312", 4312},     {L"-5", -5}, {L"+5", 5},
-        {L"2x", 2},       {L"x2", 0},         {L" 12", 12},   {L"\t\r\n 12 ", 12}, {L"- 5", 0}, {L"--5", 0},
-        {L"+-5", 0},      {L"007", 7},        {L"1.9", 1},    {L"0x10", 0},        {L"1 2", 1}, {L"-", 0},
-        {L"\x3000 9", 9}, {L"\x00A0\x31", 1}, {L"\xFF11", 0}, {L"3\0004"sv, 3},
+        {L"", 0},         {L"0", 0},          {L"7", 7},    {L"4312", 4312},     {L"-5", -5}, {L"+5", 5},
+        {L"2x", 2},       {L"x2", 0},         {L" 12", 12}, {L"\t\r\n 12 ", 12}, {L"- 5", 0}, {L"--5", 0},
+        {L"+-5", 0},      {L"007", 7},        {L"1.9", 1},  {L"0x10", 0},        {L"1 2", 1}, {L"-", 0},
+        {L"\x3000 9", 9}, {L"\x00A0\x31", 1}, {L"一", 0},   {L"3\0004"sv, 3},
     };
     for (const auto& [text, expected] : cases) {
         SCOPED_TRACE(ToUtf8(text));
         EXPECT_EQ(ToInt(text), expected);
     }
+}
+
+TEST(ToInt, ReadsTheDigitsOfEveryScriptThatTheCLibraryKnows) {
+    const std::wstring zeros =
+        L"0\x0660\x06F0\x0966\x09E6\x0A66\x0AE6\x0B66\x0C66\x0CE6\x0D66\x0E50\x0ED0\x0F20\x1040\x17E0"
+        L"\x1810\xFF10";
+    for (int unit = 1; unit <= 0xFFFF; ++unit) {
+        const auto zero =
+            std::ranges::find_if(zeros, [&](wchar_t first) { return unit >= first && unit < first + 10; });
+        const std::wstring text{L'1', static_cast<wchar_t>(unit)};
+        ASSERT_EQ(ToInt(text), zero == zeros.end() ? 1 : 10 + unit - *zero) << std::hex << unit;
+    }
+    EXPECT_EQ(ToInt(L" -２\x0661"
+                    L"4９x"),
+              -2149);
+    EXPECT_EQ(ToInt(L"９９９９９９９９９９"), INT_MAX);
 }
 
 TEST(ToInt, GivesTheNearestLimitForNumbersOutsideThirtyTwoBits) {

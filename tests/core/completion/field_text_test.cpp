@@ -122,6 +122,15 @@ TEST(OfferFor, LooksAtTheTextFirstAndThenAtTheList) {
     EXPECT_EQ(OfferFor(L"", 2), Offer::OpenList);
 }
 
+TEST(OfferFor, LeavesASingleCharacterThatIsNoRootAlone) {
+    for (const wchar_t* text : {L"1", L"写", L"/", L"."}) {
+        for (const std::size_t itemCount : {0, 1, 2}) {
+            EXPECT_EQ(OfferFor(text, itemCount), Offer::Nothing) << itemCount;
+        }
+    }
+    EXPECT_EQ(OfferFor(L"12", 1), Offer::PutOnlyItem);
+}
+
 TEST(NextItem, WrapsAtTheEndAndBeginsWithTheFirst) {
     EXPECT_EQ(NextItem(-1, 3), 0);
     EXPECT_EQ(NextItem(0, 3), 1);

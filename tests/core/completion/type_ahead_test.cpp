@@ -9,7 +9,8 @@ namespace {
 
 constexpr unsigned kDownKey = 0x28;
 constexpr unsigned kShiftKey = 0x10;
-constexpr unsigned kNumpad1 = 0x61;
+constexpr unsigned kKeypad0 = 0x60;
+constexpr unsigned kKeypad9 = 0x69;
 
 TEST(TypeAhead, LettersAndDigitsBuildTheText) {
     TypeAhead typing;
@@ -19,6 +20,22 @@ TEST(TypeAhead, LettersAndDigitsBuildTheText) {
     EXPECT_TRUE(typing.Press('9', 400));
     EXPECT_EQ(typing.Text(), L"AZ09");
     EXPECT_FALSE(typing.StepsOn());
+}
+
+TEST(TypeAhead, TheDigitsOfTheKeypadAreDigits) {
+    TypeAhead typing;
+    for (unsigned key = kKeypad0; key <= kKeypad9; ++key) {
+        EXPECT_TRUE(typing.Press(key, 100));
+    }
+    EXPECT_EQ(typing.Text(), L"0123456789");
+}
+
+TEST(TypeAhead, ADigitIsTheSameOnBothPartsOfTheKeyboard) {
+    TypeAhead typing;
+    typing.Press('9', 100);
+    typing.Press(kKeypad9, 200);
+    EXPECT_EQ(typing.Text(), L"9");
+    EXPECT_TRUE(typing.StepsOn());
 }
 
 TEST(TypeAhead, APauseOfExactlyOneSecondGoesOn) {
@@ -55,7 +72,7 @@ TEST(TypeAhead, TheClockMayWrapAround) {
 
 TEST(TypeAhead, AnyOtherKeyEmptiesTheText) {
     for (const unsigned key :
-         std::array{kDownKey, kShiftKey, kNumpad1, 0U, 0xE5U, 0x40U, 0x5BU, 0x2FU, 0x3AU}) {
+         std::array{kDownKey, kShiftKey, kKeypad0 - 1, kKeypad9 + 1, 0U, 0xE5U, 0x40U, 0x5BU, 0x2FU, 0x3AU}) {
         TypeAhead typing;
         typing.Press('A', 100);
         EXPECT_FALSE(typing.Press(key, 200)) << key;

@@ -24,10 +24,11 @@ public:
         files::ItemTimes Times = {};  // NOLINT(readability-redundant-member-init): most tests leave it out
     };
 
-    void Search(std::wstring_view pattern, const std::function<bool(const files::Match&)>& visit) override {
+    std::uint32_t Search(std::wstring_view pattern,
+                         const std::function<bool(const files::Match&)>& visit) override {
         Patterns.emplace_back(pattern);
         if (!IsFolder(paths::ParentWithSeparator(pattern)))
-            return;
+            return kNoSuchFolder;
         const std::wstring mask = base::SmallLetters(paths::LastComponent(pattern));
         const auto show = [&](const Item& item) {
             if (!Fits(mask, base::SmallLetters(item.Name)))
@@ -36,11 +37,12 @@ public:
             return visit({item.Name, item.IsFolder ? files::kAttributeDirectory : kFile, item.Times});
         };
         if (!show({L".", true, {}}) || !show({L"..", true, {}}))
-            return;
+            return 0;
         for (const Item& item : Items) {
             if (!show(item))
-                return;
+                return 0;
         }
+        return 0;
     }
 
     std::vector<Item> Items;
@@ -50,6 +52,7 @@ public:
 
 private:
     static constexpr std::uint32_t kFile = 0x20;
+    static constexpr std::uint32_t kNoSuchFolder = 3;
 
     bool IsFolder(std::wstring_view path) const {
         return OnlyFolder.empty() || base::EqualsIgnoringCase(path, OnlyFolder);

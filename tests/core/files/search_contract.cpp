@@ -83,6 +83,17 @@ TEST_P(SearchContract, AMatchHasTheTimesOfItsItem) {
     EXPECT_EQ(visits, 1);
 }
 
+TEST_P(SearchContract, TellsASearchThatFailedFromOneThatFoundNothing) {
+    AtPlace().AddFile(L"file");
+    AtPlace().AddFolder(L"folder");
+    const auto all = [](const Match&) { return true; };
+    for (const wchar_t* const pattern : {L"*", L"file", L"none", L"*none*"})
+        EXPECT_EQ(Search().Search(Folder() + pattern, all), 0u)
+            << testing::PrintToString(std::wstring(pattern));
+    EXPECT_EQ(Search().Search(Folder() + L"*", [](const Match&) { return false; }), 0u);
+    EXPECT_NE(Search().Search(Folder() + L"missing\\*", all), 0u);
+}
+
 TEST_P(SearchContract, NothingIsFoundWhereThereIsNoFolder) {
     AtPlace().AddFile(L"file");
     AtPlace().AddFolder(L"folder");

@@ -10,8 +10,11 @@
 #include "base/line_reader.h"
 #include "base/text.h"
 #include "base/utf16.h"
+#include "core/lang/heard_speech.h"
+#include "core/lang/message_text.h"
 #include "lang/catalogue.h"
 #include "lang/dialog_text.h"
+#include "lang/limit_text.h"
 #include "lang/message_line.h"
 
 namespace ferry::lang {
@@ -39,7 +42,7 @@ std::size_t LinesThatSaySomething(const std::wstring& text) {
 }
 
 constexpr std::uint16_t kNumbers[] = {5953,  5954,  6269,  62304, 62306, 62314, 62325,
-                                      62400, 62401, 62402, 62535, 63007, 63503};
+                                      62400, 62401, 62402, 62535, 63007, 63503, kTooLongMessage};
 
 TEST(ShippedTexts, HaveEveryMessageThatTheProgramShowsInBothLanguages) {
     for (const char* const name : {"Msg.ja-JP.txt", "Msg.en-US.txt"}) {
@@ -63,6 +66,19 @@ TEST(ShippedTexts, HaveTheSameMessagesInBothLanguagesAndNoMalformedLine) {
     EXPECT_EQ(numbersOf(japanese), numbersOf(english));
     EXPECT_EQ(japanese.size(), LinesThatSaySomething(ReadText("Msg.ja-JP.txt")));
     EXPECT_EQ(english.size(), LinesThatSaySomething(ReadText("Msg.en-US.txt")));
+}
+
+TEST(ShippedTexts, TellOfATooLongTextInTheWordsThatAreBuiltIn) {
+    for (const auto& [suffix, name] :
+         {std::pair{kBuiltInSuffix, "Msg.ja-JP.txt"}, {L".en-US", "Msg.en-US.txt"}}) {
+        test::MessageText file;
+        test::HeardSpeech speech;
+        Catalogue none(file, L"", speech);
+        test::MessageText shipped;
+        shipped.File = ReadText(name);
+        Catalogue messages(shipped, L"", speech);
+        EXPECT_EQ(TooLongText(messages, L".fr-FR", 250), TooLongText(none, suffix, 250));
+    }
 }
 
 TEST(ShippedTexts, OfTheDialogsHaveATitleAndNoMalformedLine) {

@@ -1,5 +1,7 @@
 // Capitals and small letters, of the locale's and of the Latin kind.
 #include "naming/name_edits.h"
+
+#include "base/language.h"
 #include "support/text_cases.h"
 
 namespace ferry::naming {
@@ -23,6 +25,18 @@ TEST(LetterCase, FollowsTheLocale) {
         EXPECT_EQ(ToLower(capital), small);
         EXPECT_EQ(ToLower(small), small);
     }
+}
+
+TEST(LetterCase, FollowsTheLanguageThatStandsInForTheLocale) {
+    base::Language language{};
+    language.Capital = [](wchar_t unit) noexcept { return unit == L'é' ? L'É' : unit; };
+    language.Small = [](wchar_t unit) noexcept { return unit == L'É' ? L'é' : unit; };
+    {
+        const base::LanguageInForce inForce(language);
+        EXPECT_EQ(ToUpper(L"aé\xD83D\xDE00"), L"aÉ\xD83D\xDE00");
+        EXPECT_EQ(ToLower(L"AÉ\xD83D\xDE00"), L"Aé\xD83D\xDE00");
+    }
+    EXPECT_EQ(ToUpper(L"aé"), L"Aé") << "the C library's locale again";
 }
 
 TEST(LetterCase, LeavesTextsWithoutCase) {

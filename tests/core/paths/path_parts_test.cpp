@@ -27,6 +27,22 @@ TEST(LastComponent, IsTheTextAfterTheLastBackslash) {
                           {L"", L""}});
 }
 
+TEST(ShownName, IsTheLastComponentBeforeAnySeparatorsAndOfARootTheWholeText) {
+    Check(ShownName, {{L"C:\\dir\\name.txt", L"name.txt"},
+                      {L"C:\\dir\\", L"dir"},
+                      {L"C:\\dir\\\\", L"dir"},
+                      {L"C:\\dir/", L"dir"},
+                      {L"\\\\server\\share\\", L"share"},
+                      {L"name.txt", L"name.txt"},
+                      {L"D:\\", L"D:\\"},
+                      {L"D:/", L"D:/"},
+                      {L"D:", L"D:"},
+                      {L"ab\\", L"ab"},
+                      {L"\\", L"\\"},
+                      {L"\\\\", L"\\\\"},
+                      {L"", L""}});
+}
+
 TEST(ParentWithSeparator, EndsWithTheLastBackslash) {
     Check(ParentWithSeparator, {{L"C:\\dir\\name.txt", L"C:\\dir\\"},
                                 {L"name.txt", L"name.txt"},

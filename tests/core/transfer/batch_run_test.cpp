@@ -64,17 +64,42 @@ TEST_F(BatchRun, ASourceThatTheShellCannotParseIsLeftOutAndTheOthersGo) {
     request.What = Operation::Move;
     request.Sources.Append(L"C:\\gone");
     request.Sources.Append(L"C:\\here");
-    RunBatch(request, shell);
+    const Leftovers left = RunBatch(request, shell);
     EXPECT_EQ(world.Files.ContentAt(L"D:\\out\\here\\f"), "bytes");
     EXPECT_EQ(world.Files.At(L"C:\\here"), nullptr);
+    EXPECT_EQ(left.Items(), 2u);
+    ASSERT_EQ(left.Left().size(), 1u);
+    EXPECT_EQ(left.Left()[0].Path, L"C:\\gone");
+    EXPECT_EQ(left.Left()[0].Why, LeftReason::NoSourceItem);
+    EXPECT_EQ(left.Left()[0].Code, 0x80070002u);
 }
 
-TEST_F(BatchRun, WithoutAnOperationObjectNothingHappens) {
+TEST_F(BatchRun, IntoAFolderThatTheShellDoesNotKnowLeavesEverythingBehind) {
+    world.Files.AddFile(L"C:\\here", "bytes");
+    request.Sources.Append(L"C:\\here");
+    const Leftovers left = RunBatch(request, shell);
+    ASSERT_EQ(left.Left().size(), 1u);
+    EXPECT_EQ(left.Left()[0].Why, LeftReason::NoFolderItem);
+}
+
+TEST_F(BatchRun, ThatTheShellPerformedLeavesNothingBehindEvenWhenItFailed) {
+    world.Files.AddFile(L"C:\\here", "bytes");
+    world.Files.AddFolder(L"D:\\out");
+    request.Sources.Append(L"C:\\here");
+    EXPECT_TRUE(RunBatch(request, shell).Left().empty());
+    world.Faults = [](std::size_t, std::wstring_view) { return model::Fault::Fail; };
+    EXPECT_TRUE(RunBatch(request, shell).Left().empty());
+}
+
+TEST_F(BatchRun, WithoutAnOperationObjectNothingHappensAndEverythingIsLeftBehind) {
     world.Files.AddFile(L"C:\\here", "bytes");
     world.Files.AddFolder(L"D:\\out");
     world.Faults = [](std::size_t, std::wstring_view) { return model::Fault::NoObject; };
     request.Sources.Append(L"C:\\here");
-    RunBatch(request, shell);
+    const Leftovers left = RunBatch(request, shell);
+    ASSERT_EQ(left.Left().size(), 1u);
+    EXPECT_EQ(left.Left()[0].Path, L"C:\\here");
+    EXPECT_EQ(left.Left()[0].Why, LeftReason::NoShell);
     EXPECT_EQ(world.Files.ContentAt(L"C:\\here"), "bytes");
     EXPECT_EQ(world.Files.At(L"D:\\out\\here"), nullptr);
 }

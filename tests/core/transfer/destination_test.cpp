@@ -94,7 +94,7 @@ TEST_F(DestinationFolder, ThatExistsIsReadyAndTheShellIsNotTold) {
 }
 
 TEST_F(DestinationFolder, ThatIsARootIsTakenAsItIs) {
-    for (const wchar_t* const root : {L"D:\\", L"Z:\\", L"\\\\server\\share\\"}) {
+    for (const wchar_t* const root : {L"D:\\", L"Z:\\"}) {
         SCOPED_TRACE(root);
         world.Log.clear();
         Expect(root, FolderOutcome::Ready, 0);
@@ -110,6 +110,13 @@ TEST_F(DestinationFolder, ThatIsAServerIsARootOnlyWhereTheSystemSaysSo) {
         world.ServersWithSeparatorAreRoots = true;
         Expect(server, FolderOutcome::Ready, 0);
     }
+}
+
+TEST_F(DestinationFolder, ThatIsAShareIsTakenWhereItIsThereAndRefusedWhereItIsNot) {
+    Expect(L"\\\\server\\share\\", FolderOutcome::Failed, 62306);
+    world.Files.AddFolder(L"\\\\server\\share");
+    FailCreationWith(Fault::Fail);  // a share is not made as a folder is
+    Expect(L"\\\\server\\share\\", FolderOutcome::Ready, 0);
 }
 
 TEST_F(DestinationFolder, BelowAShareThatIsNotThereFails) {

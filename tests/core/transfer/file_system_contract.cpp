@@ -8,10 +8,17 @@ namespace ferry::transfer::contract {
 
 PortContract::Names PortContract::NamesIn(std::wstring_view relative) {
     Names names;
-    files::ForEachEntry(Search(), Path(relative),
-                        [&](const files::Match& item) { names.emplace_back(item.Name); });
+    VisitEntries(Path(relative), [&](const files::Match& item) { names.emplace_back(item.Name); });
     std::ranges::sort(names);
     return names;
+}
+
+std::uint32_t PortContract::VisitEntries(std::wstring_view folder,
+                                         const std::function<void(const files::Match&)>& visit) {
+    return files::ForEachEntry(Search(), folder, [&visit](const files::Match& item) {
+        visit(item);
+        return true;
+    });
 }
 
 std::wstring PortContract::MissingDrive() {
@@ -144,7 +151,7 @@ TEST_P(FileSystemContract, AListingHoldsEachEntryOnceAndNoDots) {
     AddFile(L"hidden");
     ASSERT_TRUE(Changes().SetAttributes(Path(L"hidden"), kHidden | kSystem));
     EXPECT_EQ(NamesIn(L""), (Names{L"..two", L".dot", L"B.TXT", L"a", L"c", L"folder", L"hidden"}));
-    files::ForEachEntry(Search(), Root(), [&](const files::Match& item) {
+    VisitEntries(Root(), [&](const files::Match& item) {
         EXPECT_EQ(item.Attributes & kKeptAttributes, AttributesOf(item.Name));
         EXPECT_TRUE(item.Name == L"folder" || item.Times.LastWrite == kSomeTime);
     });
@@ -155,9 +162,8 @@ TEST_P(FileSystemContract, AListingComesInTheSameOrderEveryTimeWithOrWithoutASep
         AddFile(name);
     Names first;
     Names second;
-    files::ForEachEntry(Search(), Root(), [&](const files::Match& item) { first.emplace_back(item.Name); });
-    files::ForEachEntry(Search(), Root() + L"\\",
-                        [&](const files::Match& item) { second.emplace_back(item.Name); });
+    VisitEntries(Root(), [&](const files::Match& item) { first.emplace_back(item.Name); });
+    VisitEntries(Root() + L"\\", [&](const files::Match& item) { second.emplace_back(item.Name); });
     EXPECT_EQ(first.size(), 3u);
     EXPECT_EQ(first, second);
 }
@@ -167,6 +173,10 @@ TEST_P(FileSystemContract, AnEmptyFolderAMissingOneAndAFileHaveNoEntries) {
     AddFile(L"file");
     for (const wchar_t* const name : {L"empty", L"missing", L"file", L"file\\below"})
         EXPECT_TRUE(NamesIn(name).empty()) << testing::PrintToString(std::wstring(name));
+    const auto nothing = [](const files::Match&) {};
+    EXPECT_EQ(VisitEntries(Path(L"empty"), nothing), 0u);
+    for (const wchar_t* const name : {L"missing", L"file", L"file\\below"})
+        EXPECT_NE(VisitEntries(Path(name), nothing), 0u) << testing::PrintToString(std::wstring(name));
 }
 
 TEST_P(FileSystemContract, AVisitMayListAndChangeOtherFolders) {
@@ -174,7 +184,7 @@ TEST_P(FileSystemContract, AVisitMayListAndChangeOtherFolders) {
     AddFile(L"outer\\inner\\file");
     AddFolder(L"other");
     Names seen;
-    files::ForEachEntry(Search(), Path(L"outer"), [&](const files::Match& item) {
+    VisitEntries(Path(L"outer"), [&](const files::Match& item) {
         seen = NamesIn(L"outer\\" + std::wstring(item.Name));
         EXPECT_TRUE(Changes().RemoveFolder(Path(L"other")));
     });
@@ -239,9 +249,8 @@ TEST_P(FileSystemContract, ADriveWithoutItsSeparatorIsTheDriveToAListing) {
     EXPECT_NE(Info().Attributes(drive), files::kInvalidAttributes);
     Names with;
     Names without;
-    files::ForEachEntry(Search(), drive, [&](const files::Match& item) { with.emplace_back(item.Name); });
-    files::ForEachEntry(Search(), drive.substr(0, 2),
-                        [&](const files::Match& item) { without.emplace_back(item.Name); });
+    VisitEntries(drive, [&](const files::Match& item) { with.emplace_back(item.Name); });
+    VisitEntries(drive.substr(0, 2), [&](const files::Match& item) { without.emplace_back(item.Name); });
     EXPECT_EQ(with, without);
     EXPECT_FALSE(with.empty());
 }
@@ -251,8 +260,7 @@ TEST_P(FileSystemContract, ADriveThatIsNotThereIsEmptyAndHasNoItem) {
     for (const std::wstring& path : {root, root.substr(0, 2), root + L"x"}) {
         EXPECT_EQ(Info().Attributes(path), files::kInvalidAttributes) << testing::PrintToString(path);
         EXPECT_FALSE(Info().Find(path)) << testing::PrintToString(path);
-        files::ForEachEntry(Search(), path,
-                            [](const files::Match&) { ADD_FAILURE() << "an entry of nothing"; });
+        VisitEntries(path, [](const files::Match&) { ADD_FAILURE() << "an entry of nothing"; });
     }
 }
 
@@ -268,8 +276,7 @@ TEST_P(FileSystemContract, ASlashIsASeparatorToEverythingThatLooks) {
     EXPECT_FALSE(Info().Find(folder + L"/missing"));
     Names names;
     for (const wchar_t* const end : {L"", L"/"})
-        files::ForEachEntry(Search(), folder + end,
-                            [&](const files::Match& item) { names.emplace_back(item.Name); });
+        VisitEntries(folder + end, [&](const files::Match& item) { names.emplace_back(item.Name); });
     EXPECT_EQ(names.size(), 4u);
 }
 
@@ -431,6 +438,21 @@ TEST_P(FileSystemContract, ANewNameLosesTheDotsAndBlanksAtItsEnd) {
     EXPECT_TRUE(Changes().Rename(Path(L"a"), Path(L"b. .")));
     EXPECT_EQ(NamesIn(L""), (Names{L"b"}));
     EXPECT_EQ(ContentOf(L"b"), "bytes");
+}
+
+TEST_P(FileSystemContract, AnItemIsTheSameBySpellingsAndNotAfterItWasReplaced) {
+    AddFolder(L"folder\\inner");
+    AddFile(L"folder\\file");
+    AddFile(L"folder\\other");
+    for (const wchar_t* const spelling :
+         {L"FOLDER\\file", L"folder\\.\\file", L"folder\\inner\\..\\file", L"folder/file"})
+        EXPECT_EQ(Info().Identity(Path(spelling)), Info().Identity(Path(L"folder\\file")))
+            << testing::PrintToString(std::wstring(spelling));
+    EXPECT_TRUE(Info().Identity(Path(L"folder\\file")));
+    EXPECT_EQ(Info().Identity(Path(L"folder\\")), Info().Identity(Path(L"folder")));
+    EXPECT_NE(Info().Identity(Path(L"folder\\file")), Info().Identity(Path(L"folder\\other")));
+    EXPECT_NE(Info().Identity(Path(L"folder\\inner")), Info().Identity(Path(L"folder")));
+    EXPECT_FALSE(Info().Identity(Path(L"missing")));
 }
 
 // A server with its separator is none for Windows, but is one for some systems of its kind.

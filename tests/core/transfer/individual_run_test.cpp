@@ -85,9 +85,13 @@ TEST_F(IndividualRunTest, AMoveOfAFolderMakesItsCallsInOrder) {
                             L"Move C:\\src\\dir\\sub\\b > D:\\out\\dir\\sub\\ flags 2A14 asked",
                             L"Show b",
                             L"Attributes D:\\out\\dir\\sub",
+                            L"Identity C:\\src\\dir\\sub",
+                            L"Identity D:\\out\\dir\\sub",
                             L"SetAttributes C:\\src\\dir\\sub 16",
                             L"RemoveFolder C:\\src\\dir\\sub",
                             L"Attributes D:\\out\\dir",
+                            L"Identity C:\\src\\dir",
+                            L"Identity D:\\out\\dir",
                             L"SetAttributes C:\\src\\dir 16",
                             L"RemoveFolder C:\\src\\dir"}));
     EXPECT_FALSE(Exists(L"C:\\src\\dir"));
@@ -127,6 +131,73 @@ TEST_F(IndividualRunTest, AnyFailureToMakeAFolderTellsTheShellAndCopiesTheAttrib
     EXPECT_TRUE(Exists(L"C:\\src\\dir")) << "a folder without a counterpart stays";
 }
 
+TEST_F(IndividualRunTest, AFolderThatMeetsAFileIsLeftBehindAndTold) {
+    run.Shared.Files.AddFolder(L"C:\\src\\dir");
+    AddFile(L"D:\\out\\dir");
+    AddSource(L"C:\\src\\dir");
+    EXPECT_TRUE(run.Run());
+    ASSERT_EQ(run.Left.Left().size(), 1u);
+    EXPECT_EQ(run.Left.Left()[0].Why, LeftReason::FolderNotMade);
+    EXPECT_EQ(run.Left.Left()[0].Code, static_cast<std::uint32_t>(files::kFolderExists));
+}
+
+TEST_F(IndividualRunTest, AFolderThatIsThereAfterAllIsNotToldWhateverTheNumber) {
+    run.Shared.Files.AddFolder(L"C:\\src\\dir");
+    AddSource(L"C:\\src\\dir");
+    run.Shared.Faults = [](std::size_t, std::wstring_view port) {
+        return port == L"MakeFolder" ? Fault::Late : Fault::None;
+    };
+    EXPECT_TRUE(run.Run());
+    EXPECT_TRUE(run.Left.Left().empty());
+}
+
+TEST_F(IndividualRunTest, WhatARunLeavesBehindIsToldWithItsReasonAndTheRestGoes) {
+    AddFile(L"C:\\src\\dir\\a");
+    AddFile(L"C:\\src\\dir\\closed\\b");
+    AddFile(L"C:\\src\\dir\\sub\\c");
+    AddSource(L"C:\\src\\dir");
+    AddSource(L"C:\\src\\gone");
+    AddSource(L"");
+    run.Shared.Faults = [searches = 0, made = 0](std::size_t, std::wstring_view port) mutable {
+        const bool fails = (port == L"Search" && ++searches == 2) || (port == L"MakeFolder" && ++made == 3);
+        return fails ? Fault::Fail : Fault::None;
+    };
+    EXPECT_TRUE(run.Run());
+    EXPECT_EQ(ContentAt(L"D:\\out\\dir\\a"), BytesOf(L"C:\\src\\dir\\a"));
+    const std::vector<Leftover>& left = run.Left.Left();
+    ASSERT_EQ(left.size(), 5u);
+    EXPECT_EQ(left[0].Path, L"C:\\src\\dir\\closed");
+    EXPECT_EQ(left[0].Why, LeftReason::NotListed);
+    EXPECT_EQ(left[1].Path, L"C:\\src\\dir\\sub");
+    EXPECT_EQ(left[1].Why, LeftReason::FolderNotMade);
+    EXPECT_EQ(left[1].Code, 5u);
+    EXPECT_EQ(left[2].Path, L"C:\\src\\dir\\sub\\c");
+    EXPECT_EQ(left[2].Why, LeftReason::NoFolderItem);
+    EXPECT_EQ(left[3].Path, L"C:\\src\\gone");
+    EXPECT_EQ(left[3].Why, LeftReason::NoSourceItem);
+    EXPECT_EQ(left[4].Path, L"");
+    EXPECT_EQ(run.Left.Items(), 7u) << "three folders, two files, two sources that are not there";
+}
+
+TEST_F(IndividualRunTest, ThatDidEverythingLeavesNothingBehind) {
+    AddFile(L"C:\\src\\dir\\a");
+    AddSource(L"C:\\src\\dir");
+    run.Shared.Files.AddFolder(L"D:\\out\\dir");
+    EXPECT_TRUE(run.Run());
+    EXPECT_TRUE(run.Left.Left().empty());
+    EXPECT_EQ(run.Left.Items(), 2u);
+}
+
+TEST_F(IndividualRunTest, CanBeStoppedWhileASourceIsListed) {
+    AddFile(L"C:\\src\\dir\\a");
+    AddFile(L"C:\\src\\dir\\b");
+    AddSource(L"C:\\src\\dir");
+    AddSource(L"C:\\src\\dir\\a");
+    run.View.StopAtAsking = 2;
+    EXPECT_FALSE(run.Run());
+    EXPECT_EQ(Log().back(), L"Search C:\\src\\dir") << "nothing is done after the stop";
+}
+
 TEST_F(IndividualRunTest, UnreadableSourceAttributesAreNotGivenToTheTarget) {
     run.Shared.Files.AddFolder(L"C:\\src\\dir");
     run.Shared.Files.AddFolder(L"D:\\out\\dir").Attributes = 0x12;
@@ -163,6 +234,61 @@ TEST_F(IndividualRunTest, AReadOnlyFolderIsMadePlainAndRemoved) {
     EXPECT_FALSE(Exists(L"C:\\src\\dir"));
 }
 
+TEST_F(IndividualRunTest, AnEmptiedFolderThatSomebodyHoldsForAMomentIsTriedOnceMore) {
+    AddFile(L"C:\\src\\dir\\sub\\a");
+    AddSource(L"C:\\src\\dir");
+    UseMove();
+    run.Shared.Faults = [removals = 0](std::size_t, std::wstring_view port) mutable {
+        return port == L"RemoveFolder" && ++removals == 1 ? Fault::Fail : Fault::None;
+    };
+    EXPECT_TRUE(run.Run());
+    EXPECT_FALSE(Exists(L"C:\\src\\dir"));
+    EXPECT_EQ(std::ranges::count(Log(), L"LetOthersClose"), 1);
+}
+
+TEST_F(IndividualRunTest, AFolderThatStaysIsNotTriedWithoutEnd) {
+    AddFile(L"C:\\src\\dir\\a");
+    AddSource(L"C:\\src\\dir");
+    UseMove();
+    run.Shared.Faults = [](std::size_t, std::wstring_view port) {
+        return port == L"RemoveFolder" ? Fault::Fail : Fault::None;
+    };
+    EXPECT_TRUE(run.Run());
+    EXPECT_TRUE(Exists(L"C:\\src\\dir"));
+    EXPECT_EQ(std::ranges::count(Log(), L"LetOthersClose"), 1);
+}
+
+TEST_F(IndividualRunTest, AFolderWithSkippedFilesIsNotWaitedFor) {
+    AddFile(L"C:\\src\\dir\\a");
+    AddFile(L"D:\\out\\dir\\a");
+    AddSource(L"C:\\src\\dir");
+    UseMove();
+    UsePolicy(2);
+    EXPECT_TRUE(run.Run());
+    EXPECT_EQ(std::ranges::count(Log(), L"LetOthersClose"), 0);
+}
+
+TEST_F(IndividualRunTest, IsDrawnBeforeWhatMayTakeLong) {
+    run.Shared.Files.AddFolder(L"C:\\src\\dir\\sub");
+    for (const wchar_t* const name : {L"a", L"b", L"large", L"z"})
+        AddFile(std::wstring(L"C:\\src\\dir\\") + name);
+    AddFile(L"C:\\src\\dir\\sub\\c");
+    AddFile(L"C:\\src\\dir\\sub\\d");
+    run.Shared.Files.At(L"C:\\src\\dir\\large")->ExtraSize = kQuickSizeLimit;
+    AddSource(L"C:\\src\\dir");
+    AddSource(L"C:\\src\\dir\\a");
+    EXPECT_TRUE(run.Run());
+    EXPECT_EQ(run.View.Shown,
+              (Lines{L"0 ",     // before the listing
+                     L"1 ",     // the first folder
+                     L"2 dir",  // the first one in it
+                     L"3 sub",  // c, the first file of sub: its folder was met before the others
+                     L"5 d",    // a
+                     L"7 b",    // the large one
+                     L"1 z"}))  // the second source
+        << "and not before every item";
+}
+
 TEST_F(IndividualRunTest, AFolderWhoseAttributesCannotBeSetIsNotRemoved) {
     run.Shared.Files.AddFolder(L"C:\\src\\dir");
     AddSource(L"C:\\src\\dir");
@@ -175,9 +301,12 @@ TEST_F(IndividualRunTest, AFolderWhoseAttributesCannotBeSetIsNotRemoved) {
     EXPECT_TRUE(Exists(L"C:\\src\\dir"));
 }
 
-TEST_F(IndividualRunTest, AnEmptyFolderMovedOntoItselfStays) {
+TEST_F(IndividualRunTest, AnEmptyFolderMovedOntoItselfStaysHoweverItIsSpelled) {
     run.Shared.Files.AddFolder(L"D:\\out\\ａé\\sub").Attributes = 0x12;
-    for (const wchar_t* const source : {L"D:\\out\\ａé", L"d:\\OUT\\ａé", L"D:\\out\\Ａ\u00C9"}) {
+    run.Shared.Files.AddFolder(L"E:\\way").LeadsTo = run.Shared.Files.At(L"D:\\out");
+    for (const wchar_t* const source :
+         {L"D:\\out\\ａé", L"d:\\OUT\\ａé", L"D:\\out\\Ａ\u00C9", L"D:\\out\\.\\ａé",
+          L"D:\\out\\ａé\\..\\ａé", L"D:/out/ａé", L"E:\\way\\ａé"}) {
         run.Request.Sources.Clear();
         AddSource(source);
         UseMove();

@@ -52,7 +52,7 @@ protected:
     }
 
     void Use(Operation operation, std::uint32_t precision) {
-        engine.emplace(RunPorts{files, files, files, shell, clock, person, view}, operation, precision);
+        engine.emplace(RunPorts{files, files, files, shell, clock, person, view}, operation, precision, left);
     }
 
     model::World world;
@@ -62,6 +62,7 @@ protected:
     model::ModelShell shell{world};
     model::ModelQuestions person{world};
     std::vector<NameAnswer> names;
+    Leftovers left;
     std::optional<ItemEngine> engine;
 };
 
@@ -138,6 +139,8 @@ TEST_F(ItemEngineTest, ASourceWhoseTimeIsUnknownIsNeitherNewerNorOlder) {
         world.Log.clear();
         EXPECT_EQ(engine->Handle(item, PolicyOf(policy)), ItemResult::Continue);
         EXPECT_EQ(world.Log, (Lines{L"Find C:\\src\\a.txt"})) << "the shell is not asked";
+        EXPECT_EQ(left.Left().back().Path, kSource);
+        EXPECT_EQ(left.Left().back().Why, LeftReason::NotSeen);
         EXPECT_EQ(ContentAt(kTarget), "existing");
         Fail(L"Find", Fault::Vanish);
         EXPECT_EQ(engine->Handle(item, PolicyOf(policy)), ItemResult::Continue);
@@ -145,15 +148,81 @@ TEST_F(ItemEngineTest, ASourceWhoseTimeIsUnknownIsNeitherNewerNorOlder) {
     }
 }
 
-TEST_F(ItemEngineTest, ATargetThatCannotBeLookedAtIsNotOverwrittenByItsTime) {
-    PutExisting(model::kBaseTime - 100);
-    for (const std::uint32_t policy : {0u, 1u, 2u}) {
+TEST_F(ItemEngineTest, ATargetThatCannotBeLookedAtGoesToTheShellWithItsQuestionOn) {
+    for (std::uint32_t policy = 0; policy <= 8; ++policy) {
+        SCOPED_TRACE(policy);
+        PutExisting(model::kBaseTime - 100);
         Fail(L"Find", Fault::Fail);
         const Item item{kSource, kTarget, files.Find(kTarget)};
-        ASSERT_TRUE(item.Existing);
-        EXPECT_EQ(engine->Handle(item, PolicyOf(policy)), ItemResult::Continue);
+        world.Log.clear();
+        EXPECT_EQ(engine->Handle(item, PolicyOf(policy)), ItemResult::Stop) << "the person skips it there";
+        EXPECT_EQ(world.Log,
+                  (Lines{L"Size C:\\src\\a.txt", L"Copy C:\\src\\a.txt > D:\\out\\ flags 2A04 asked"}));
         EXPECT_EQ(ContentAt(kTarget), "existing");
+        EXPECT_TRUE(left.Left().empty()) << "the shell has told the person";
+        world.Files.Detach(kTarget);
     }
+}
+
+TEST_F(ItemEngineTest, AfterATargetThatCannotBeLookedAtTheNextOneIsTransferredWithoutAQuestion) {
+    Fail(L"Find", Fault::Fail);
+    engine->Handle({kSource, kTarget, files.Find(kTarget)}, CollisionPolicy::Overwrite);
+    world.Files.Detach(kTarget);
+    Handle(3);
+    EXPECT_EQ(world.Log.back(), L"Copy C:\\src\\a.txt > D:\\out\\ flags 2A14 asked");
+}
+
+TEST_F(ItemEngineTest, ANewNameThatCannotBeLookedAtIsLeftToTheShell) {
+    PutExisting();
+    names = {{NameChoice::Use, L"b.txt"}};
+    const Item item{kSource, kTarget, files.Find(kTarget)};
+    Fail(L"Find", Fault::Fail);
+    world.Log.clear();
+    EXPECT_EQ(engine->Handle(item, CollisionPolicy::RenameIncoming), ItemResult::Continue);
+    EXPECT_EQ(world.Log, (Lines{L"AskNameForIncoming D:\\out\\a.txt", L"Find D:\\out\\b.txt",
+                                L"Copy C:\\src\\a.txt > D:\\out\\ as b.txt flags 2A04"}));
+}
+
+TEST_F(ItemEngineTest, WhatNeverReachedTheShellIsLeftBehindWithItsReason) {
+    world.Files.Detach(kSource);
+    EXPECT_EQ(Handle(3), ItemResult::Continue);
+    ASSERT_EQ(left.Left().size(), 1u);
+    EXPECT_EQ(left.Left()[0].Path, kSource);
+    EXPECT_EQ(left.Left()[0].Why, LeftReason::NoSourceItem);
+    EXPECT_EQ(left.Left()[0].Code, 0x80070002u);
+
+    world.Files.AddFile(kSource, "incoming", model::kBaseTime);
+    world.Files.Detach(L"D:\\out");
+    EXPECT_EQ(Handle(3), ItemResult::Continue);
+    ASSERT_EQ(left.Left().size(), 2u);
+    EXPECT_EQ(left.Left()[1].Why, LeftReason::NoFolderItem);
+
+    Fail(L"Copy", Fault::NoObject);
+    EXPECT_EQ(Handle(3), ItemResult::Stop);
+    ASSERT_EQ(left.Left().size(), 3u);
+    EXPECT_EQ(left.Left()[2].Why, LeftReason::NoShell);
+}
+
+TEST_F(ItemEngineTest, WhatGetsANewNameAndNeverReachedTheShellIsLeftBehindToo) {
+    PutExisting();
+    names = {{NameChoice::Use, L"b.txt"}, {NameChoice::Use, L"c.txt"}};
+    const Item item{kSource, kTarget, files.Find(kTarget)};
+    world.Files.Detach(kSource);
+    for (const CollisionPolicy policy : {CollisionPolicy::RenameIncoming, CollisionPolicy::RenameExisting})
+        EXPECT_EQ(engine->Handle(item, policy), ItemResult::Continue);
+    ASSERT_EQ(left.Left().size(), 2u);
+    EXPECT_EQ(left.Left()[0].Why, LeftReason::NoSourceItem);
+    EXPECT_EQ(left.Left()[1].Why, LeftReason::NoSourceItem);
+}
+
+TEST_F(ItemEngineTest, WhatTheShellFailedAtOrThePersonSkippedIsNotLeftBehindTwice) {
+    Fail(L"Copy", Fault::Fail);
+    Handle(3);
+    Fail(L"Copy", Fault::Cancel);
+    Handle(3);
+    PutExisting();
+    Handle(2);
+    EXPECT_TRUE(left.Left().empty());
 }
 
 TEST_F(ItemEngineTest, PolicyTwoNeverTouchesAnExistingTargetAndGoesOn) {

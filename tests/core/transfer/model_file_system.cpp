@@ -66,34 +66,36 @@ bool ModelFileSystem::SetAttributes(std::wstring_view path, std::uint32_t attrib
     return SaysDone(fault);
 }
 
-void ModelFileSystem::Search(std::wstring_view pattern,
-                             const std::function<bool(const files::Match&)>& visit) {
+std::uint32_t ModelFileSystem::Search(std::wstring_view pattern,
+                                      const std::function<bool(const files::Match&)>& visit) {
     const std::size_t separator = pattern.find_last_of(L"\\/");
     const std::wstring_view folder = pattern.substr(0, separator);
     const std::wstring mask = base::SmallLetters(pattern.substr(separator + 1));
     const Fault fault = world_.Enter(L"Search", folder, mask == L"*" ? std::wstring_view() : mask);
     if (Stops(fault))
-        return;
+        return kAccessDenied;
     if (mask.find_first_of(L"*?") == std::wstring::npos) {
         const Node* const only = PlainPath(pattern).ends_with(L'\\') ? nullptr : world_.Files.At(pattern);
         if (only != nullptr)
             visit(MatchOf(only->Name, *only));
-        return;
+        return 0;
     }
     const Node* const node = world_.Files.At(pattern.substr(0, separator + 1));
     if (node == nullptr || !node->IsFolder)
-        return;
+        return kPathNotFound;
     ++openSearches_;
     mostOpenSearches_ = std::max(mostOpenSearches_, openSearches_);
     const auto goesOn = [&](std::wstring_view name, const Node& item) {
         return !test::Fits(mask, base::SmallLetters(name)) || visit(MatchOf(name, item));
     };
     bool goes = goesOn(L".", *node) && goesOn(L"..", *node);
-    // A search that breaks off halfway has no other sign than its end.
-    const std::size_t count = node->Children.size() / (fault == Fault::DoNothing ? 2 : 1);
+    // What lies about its end breaks off halfway.
+    const auto& children = Followed(*node).Children;
+    const std::size_t count = children.size() / (fault == Fault::DoNothing ? 2 : 1);
     for (std::size_t index = 0; goes && index < count; ++index)
-        goes = goesOn(node->Children[index]->Name, *node->Children[index]);
+        goes = goesOn(children[index]->Name, *children[index]);
     --openSearches_;
+    return 0;
 }
 
 std::optional<files::FoundItem> ModelFileSystem::Find(std::wstring_view path) {
@@ -107,8 +109,10 @@ std::optional<files::FoundItem> ModelFileSystem::Find(std::wstring_view path) {
         found = files::FoundItem{node->Attributes, node->LastWriteTime, true};
     }
     // A run looks at the target before anything else.
-    if (!world_.TargetWasSeen)
-        world_.TargetWasSeen = found.has_value();
+    if (!world_.TargetWasSeen) {
+        world_.TargetWasSeen = found && found->IsTimeKnown;
+        world_.TargetWasHidden = found && !found->IsTimeKnown;
+    }
     return found;
 }
 
@@ -197,6 +201,14 @@ bool ModelFileSystem::Move(std::wstring_view from, std::wstring_view to) {
     moved->Name = name;
     parent->Children.push_back(std::move(moved));
     return true;
+}
+
+std::optional<files::ItemId> ModelFileSystem::Identity(std::wstring_view path) {
+    const Fault fault = world_.Enter(L"Identity", path);
+    const Node* const node = Stops(fault) ? nullptr : world_.Files.At(path);
+    return node == nullptr
+               ? std::nullopt
+               : std::optional(files::ItemId{1, reinterpret_cast<std::uintptr_t>(&Followed(*node))});
 }
 
 bool ModelFileSystem::IsRoot(std::wstring_view path) {

@@ -17,13 +17,16 @@ public:
 
     std::uint32_t Attributes(std::wstring_view path) override;
     bool SetAttributes(std::wstring_view path, std::uint32_t attributes) override;
-    void Search(std::wstring_view pattern, const std::function<bool(const files::Match&)>& visit) override;
+    std::uint32_t Search(std::wstring_view pattern,
+                         const std::function<bool(const files::Match&)>& visit) override;
     std::optional<files::FoundItem> Find(std::wstring_view path) override;
     std::uint64_t Size(std::wstring_view path) override;
     int MakeFolder(std::wstring_view path) override;
     bool RemoveFolder(std::wstring_view path) override;
     bool Rename(std::wstring_view from, std::wstring_view to) override;
+    void LetOthersClose() override { world_.EnterPlain(L"LetOthersClose"); }
     bool IsRoot(std::wstring_view path) override;
+    std::optional<files::ItemId> Identity(std::wstring_view path) override;
 
     /// The most searches that were ever open at a time.
     int MostOpenSearches() const noexcept { return mostOpenSearches_; }
@@ -59,7 +62,7 @@ public:
     explicit ModelShell(World& world) noexcept : world_(world) {}
 
     ShellOutcome Transfer(const ShellTransfer& transfer) override;
-    ShellOutcome TransferAll(const base::TextList& sources, const ShellTransfer& batch) override;
+    BatchOutcome TransferAll(const base::TextList& sources, const ShellTransfer& batch) override;
     void NotifyFolderMade(std::wstring_view path) override;
 
     /// Skip when it is empty.
@@ -109,15 +112,19 @@ public:
     explicit ModelProgress(World& world) noexcept : world_(world) {}
 
     void SetRange(std::uint32_t count) override;
-    bool DrainAndTakeCancel() override;
+    bool DrainAndTakeCancel(Pause at) override;
     void Step() override;
     void ShowItem(std::wstring_view name) override;
+    void ShowNow() override;
 
     std::vector<std::uint32_t> Ranges;
     std::vector<std::size_t> Steps;         ///< Per range.
     std::wstring Line;                      ///< The name of the last item.
     std::size_t FoldersRemovedAtRange = 0;  ///< How many folders were gone when the last range began.
     bool CancelRequested = false;
+    std::vector<std::wstring> Shown;  ///< Steps and line, each time they had to be drawn at once.
+    std::size_t Asked = 0;            ///< How often a listing asked whether to stop.
+    std::size_t StopAtAsking = 0;     ///< At which asking the person has stopped it; 0: never.
 
 private:
     World& world_;

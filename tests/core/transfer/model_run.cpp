@@ -59,7 +59,10 @@ bool IsAtOrBelowAny(const std::wstring& path, const std::set<std::wstring>& plac
 
 bool ModelRun::Run() {
     Shared.RunPolicy = Request.Settings.Policy;
-    return IndividualRun(Request, {Files, Files, Files, Shell, Clock, Person, View}).Run();
+    IndividualRun run(Request, {Files, Files, Files, Shell, Clock, Person, View});
+    const bool finished = run.Run();
+    Left = run.Left();
+    return finished;
 }
 
 bool IsNewerByOracle(std::uint64_t later, std::uint64_t earlier, std::uint32_t precision) {
@@ -125,6 +128,9 @@ void HarmCheck::CheckOverwrites() {
             world.DatesDisturbed || IsDisturbed(transfer.Source) || IsDisturbed(transfer.Target);
         const bool excused =
             transfer.PersonAgreed || (isDisturbed && !isBound) || WasHandedOver(transfer.Source);
+        if (transfer.Overwritten && transfer.TargetWasHidden && !transfer.PersonAgreed &&
+            !WasHandedOver(transfer.Source))
+            Report("overwritten though nobody could look at it", transfer.Target);
         if (transfer.Overwritten && !excused && !MayOverwrite(transfer, run_.Request.Settings.TimeCmpType))
             Report("overwritten against policy " + std::to_string(transfer.Policy), transfer.Target);
     }

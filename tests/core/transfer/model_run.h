@@ -21,6 +21,7 @@ struct ModelRun {
     ModelQuestions Person{Shared};
     ModelProgress View{Shared};
     TransferRequest Request;
+    Leftovers Left;  ///< What the last run left behind.
 
     /// Runs the request; false when it was stopped.
     bool Run();

@@ -158,6 +158,7 @@ ShellOutcome ModelShell::Place(const Placing& placing) {
     record.Flags = transfer.Flags;
     record.PersonAgreed = placing.PersonAgreed;
     record.TargetWasSeen = world_.TargetWasSeen.value_or(false);
+    record.TargetWasHidden = world_.TargetWasHidden;
     // The shell may have picked a name beside the one that it was given.
     const std::wstring asked =
         std::wstring(transfer.TargetFolder)
@@ -186,27 +187,29 @@ ShellOutcome ModelShell::Place(const Placing& placing) {
     return fails ? kFailed : ShellOutcome{};
 }
 
-ShellOutcome ModelShell::TransferAll(const base::TextList& sources, const ShellTransfer& batch) {
+BatchOutcome ModelShell::TransferAll(const base::TextList& sources, const ShellTransfer& batch) {
     std::wstring details = batch.What == Operation::Copy ? L"copy" : L"move";
     for (const std::wstring_view source : sources)
         details.append(L" ").append(source);
     const Fault fault =
         world_.Enter(L"Batch", batch.TargetFolder, details + L" flags " + Hexadecimal(batch.Flags));
     if (fault == Fault::NoObject)
-        return kNoObject;
+        return {kNoObject, {}};
     if (fault == Fault::Fail)
-        return kFailed;
-    ShellOutcome whole{ShellResult::Failed, kNothingQueued, false};
+        return {kFailed, {}};
+    BatchOutcome whole{{ShellResult::Failed, kNothingQueued, false}, {}};
     bool isFirst = true;
     for (const std::wstring_view source : sources) {
         ShellTransfer transfer = batch;
         transfer.Source = source;
         const ShellOutcome one = Perform(transfer, Fault::None);
         // What cannot be queued is left out.
-        if (one.What == ShellResult::NoSourceItem || one.What == ShellResult::NoFolderItem)
+        if (one.What == ShellResult::NoSourceItem || one.What == ShellResult::NoFolderItem) {
+            whole.Left.push_back({source, one.What, one.Code});
             continue;
+        }
         if (std::exchange(isFirst, false) || whole.What == ShellResult::Done)
-            whole = one;
+            static_cast<ShellOutcome&>(whole) = one;
     }
     return whole;
 }
@@ -252,10 +255,13 @@ void ModelProgress::SetRange(std::uint32_t count) {
     FoldersRemovedAtRange = world_.RemovedFolders.size();
 }
 
-bool ModelProgress::DrainAndTakeCancel() {
+bool ModelProgress::DrainAndTakeCancel(Pause at) {
+    if (at == Pause::Listing)
+        return ++Asked == StopAtAsking || std::exchange(CancelRequested, false);
     world_.PolicyForOne.reset();
     world_.HasDeclined = false;
     world_.TargetWasSeen.reset();
+    world_.TargetWasHidden = false;
     const Fault fault = world_.EnterPlain(L"Drain");
     const bool isCancelled = std::exchange(CancelRequested, false) || fault == Fault::Cancel;
     world_.HasStopped = world_.HasStopped || isCancelled;
@@ -265,6 +271,10 @@ bool ModelProgress::DrainAndTakeCancel() {
 void ModelProgress::Step() {
     world_.EnterPlain(L"Step");
     ++Steps.back();
+}
+
+void ModelProgress::ShowNow() {
+    Shown.push_back(std::to_wstring(Steps.empty() ? 0 : Steps.back()) + L" " + Line);
 }
 
 void ModelProgress::ShowItem(std::wstring_view name) {

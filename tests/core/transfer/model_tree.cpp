@@ -70,7 +70,7 @@ bool IsForbiddenName(std::wstring_view name) {
 }
 
 Node* Tree::Child(const Node& folder, std::wstring_view name) {
-    for (const auto& child : folder.Children) {
+    for (const auto& child : Followed(folder).Children) {
         if (SameName(child->Name, name))
             return child.get();
     }
@@ -89,6 +89,9 @@ Node* Tree::At(std::wstring_view path) {
 
 Node* Tree::AtPlain(std::wstring_view path) {
     path = WithoutTrailingSeparator(path);
+    // The two separators before a server are one folder without a name.
+    if (path.starts_with(L"\\\\"))
+        path.remove_prefix(1);
     Node* node = &root_;
     if (path.empty())
         return nullptr;

@@ -21,7 +21,13 @@ struct Node {
     std::string Content;
     std::uint64_t ExtraSize = 0;  ///< Counted into the file's size as if the content were longer.
     std::vector<std::unique_ptr<Node>> Children;
+    Node* LeadsTo = nullptr;  ///< Of a link: the folder whose entries it shows.
 };
+
+/// The folder that `folder` stands for: itself, or where it leads.
+inline const Node& Followed(const Node& folder) noexcept {
+    return folder.LeadsTo == nullptr ? folder : *folder.LeadsTo;
+}
 
 /// `name` as Windows takes it: without dots and blanks at its end. "." and ".." give nothing.
 std::wstring_view TakenName(std::wstring_view name);

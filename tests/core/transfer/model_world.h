@@ -59,6 +59,7 @@ struct Transferred {
     bool PersonAgreed = false;      ///< The shell asked before it overwrote.
     bool SourceStays = false;       ///< The shell left the source where it was.
     bool TargetWasSeen = false;     ///< The run had found something at the file's target.
+    bool TargetWasHidden = false;   ///< Nobody could look at the file's target.
     bool IsInRenamedPlace = false;  ///< What stood at the target was renamed, as the run was told.
     bool WasDeclined = false;       ///< The person had refused this file.
     std::uint32_t Policy = 0;       ///< The policy that held for this file.
@@ -92,6 +93,7 @@ public:
     std::uint32_t RunPolicy = 0;
     std::optional<std::uint32_t> PolicyForOne;
     std::optional<bool> TargetWasSeen;       ///< What the first search for the file at hand found.
+    bool TargetWasHidden = false;            ///< Nobody could tell the run what stands at the file's target.
     bool HasDeclined = false;                ///< The person refused the file at hand.
     bool HasStopped = false;                 ///< The person or the shell ended the run.
     std::vector<std::wstring> CallsTooLate;  ///< What changed something after the run was ended.

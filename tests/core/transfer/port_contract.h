@@ -112,6 +112,10 @@ protected:
     std::wstring Drive() const { return Root().substr(0, Root().find(L'\\') + 1); }
     std::wstring MissingDrive();
 
+    /// Calls `visit` for every entry of `folder`; the error of the search.
+    std::uint32_t VisitEntries(std::wstring_view folder,
+                               const std::function<void(const files::Match&)>& visit);
+
     /// `path` as one types it who knows Unix.
     static std::wstring WithSlashes(std::wstring path) {
         std::ranges::replace(path, L'\\', L'/');
@@ -153,7 +157,7 @@ protected:
     }
 
     /// Transfers all of `sources` into a folder of the place, without any window.
-    ShellOutcome TransferAll(const base::TextList& sources, std::wstring_view relative, Operation what) {
+    BatchOutcome TransferAll(const base::TextList& sources, std::wstring_view relative, Operation what) {
         const std::wstring folder = Path(relative) + L"\\";
         return Shell().TransferAll(sources, {{}, folder, {}, what, kFlagSilent | kFlagNoConfirmation, false});
     }

@@ -6,14 +6,14 @@ namespace {
 
 TEST_P(ProgressContract, NothingStopsARunByItself) {
     for (int item = 0; item < 3; ++item)
-        EXPECT_FALSE(View().DrainAndTakeCancel());
+        EXPECT_FALSE(View().DrainAndTakeCancel(Pause::Item));
 }
 
 TEST_P(ProgressContract, ACancelIsToldAtTheNextItemAndOnlyThere) {
     View().SetRange(3);
     AtPlace().RequestCancel();
-    EXPECT_TRUE(View().DrainAndTakeCancel());
-    EXPECT_FALSE(View().DrainAndTakeCancel());
+    EXPECT_TRUE(View().DrainAndTakeCancel(Pause::Item));
+    EXPECT_FALSE(View().DrainAndTakeCancel(Pause::Item));
 }
 
 TEST_P(ProgressContract, TheBarCountsTheStepsOfItsRange) {

@@ -17,6 +17,8 @@ int TellingControl(RunDialog kind) {
             return ChoiceControl(6);
         case RunDialog::Rename:
             return 1108;
+        case RunDialog::Report:
+            return 1910;
         default:
             return 1290;
     }

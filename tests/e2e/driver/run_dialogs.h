@@ -10,7 +10,7 @@
 namespace ferry::e2e {
 
 /// Which dialog; each has a control that no other dialog of Ferry has.
-enum class RunDialog { Collision, Rename, Progress };
+enum class RunDialog { Collision, Rename, Progress, Report };
 
 /// The buttons of the collision dialog beside OK and Cancel.
 inline constexpr int kForAll = 5;
@@ -28,6 +28,11 @@ inline constexpr int kExtension = 1002;
 inline constexpr int kSplitFiles = 1030;
 inline constexpr int kSplitFolders = 1031;
 inline constexpr int kUpperCase = 1103;
+
+/// The controls of the report.
+inline constexpr int kReportSummary = 1900;
+inline constexpr int kReportList = 1001;
+inline constexpr int kReportCopy = 1103;
 
 /// The controls of the progress window.
 inline constexpr int kProgressTitle = 1350;
