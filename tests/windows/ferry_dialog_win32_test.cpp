@@ -14,7 +14,7 @@
 namespace ferry::dialogs {
 namespace {
 
-constexpr int kOpenings = 500;
+constexpr int kOpenings = 250;
 constexpr int kWarmUpOpenings = 10;
 // What the system may keep for itself. One object lost at every tenth opening would be more.
 constexpr std::size_t kMostGrowth = 20;
