@@ -29,6 +29,17 @@ std::vector<std::wstring> NaivePieces(std::wstring_view text) {
     return pieces;
 }
 
+/// The value of the decimal digit `unit`, of any script whose digits a number text may have; -1 for any other
+/// unit.
+int NaiveDigit(wchar_t unit) {
+    for (const wchar_t zero : std::wstring_view(L"0٠۰०০੦૦୦౦೦൦๐໐༠၀០᠐０")) {
+        if (unit >= zero && unit <= zero + 9) {
+            return unit - zero;
+        }
+    }
+    return -1;
+}
+
 /// The number at the start of `text`, in arithmetic that cannot overflow.
 int NaiveNumber(std::wstring_view text) {
     std::size_t at = 0;
@@ -38,8 +49,8 @@ int NaiveNumber(std::wstring_view text) {
     const bool negative = at < text.size() && text[at] == L'-';
     at += at < text.size() && (text[at] == L'-' || text[at] == L'+') ? 1 : 0;
     double magnitude = 0;
-    for (; at < text.size() && text[at] >= L'0' && text[at] <= L'9' && magnitude < 1e12; ++at) {
-        magnitude = magnitude * 10 + (text[at] - L'0');
+    for (; at < text.size() && NaiveDigit(text[at]) >= 0 && magnitude < 1e12; ++at) {
+        magnitude = magnitude * 10 + NaiveDigit(text[at]);
     }
     const double value = negative ? -magnitude : magnitude;
     return value > 2147483647.0    ? 2147483647
