@@ -1,7 +1,10 @@
 #include "desktop/shell_item_win32.h"
 
-#include <string>
+// After windows.h, which the shell's headers build on.
+#include <shlobj.h>
+#include <shlwapi.h>
 
+#include "base/case_order.h"
 #include "paths/path_grammar.h"
 
 namespace ferry::desktop {
@@ -41,6 +44,32 @@ HRESULT Parse(const std::wstring& text, std::wstring_view path, files::FileInfo&
     return kOtherItem;
 }
 
+/// The folder that `item` lies in; none where the shell has no such folder.
+base::ComPtr<IShellFolder> FolderOf(IShellItem& item) {
+    base::ComPtr<IShellItem> parent;
+    base::ComPtr<IShellFolder> folder;
+    if (SUCCEEDED(item.GetParent(parent.Put())))
+        parent->BindToHandler(nullptr, BHID_SFObject, IID_PPV_ARGS(folder.Put()));
+    return folder;
+}
+
+struct ChildTraits {
+    using Value = PITEMID_CHILD;
+    static Value Nothing() noexcept { return nullptr; }
+    static void Release(Value child) noexcept { CoTaskMemFree(child); }
+};
+
+/// What a folder calls one of its items.
+using Child = base::UniqueResource<ChildTraits>;
+
+/// Whether `folder` knows its item `child` by `name`.
+bool IsNamed(IShellFolder& folder, PCUITEMID_CHILD child, const std::wstring& name) {
+    STRRET text;
+    wchar_t found[MAX_PATH];
+    return SUCCEEDED(folder.GetDisplayNameOf(child, SHGDN_INFOLDER | SHGDN_FORPARSING, &text)) &&
+           SUCCEEDED(StrRetToBufW(&text, child, found, MAX_PATH)) && base::EqualsIgnoringCase(found, name);
+}
+
 }  // namespace
 
 HRESULT MakeShellItem(std::wstring_view path, files::FileInfo& info, base::ComPtr<IShellItem>& item) {
@@ -51,6 +80,39 @@ HRESULT MakeShellItem(std::wstring_view path, files::FileInfo& info, base::ComPt
     // long path in its prefixed form alone.
     const paths::LongPath prefixed = paths::ToLongPath(path);
     return prefixed.Form == paths::LongPathForm::Unchanged ? result : Parse(prefixed.Text, path, info, item);
+}
+
+HRESULT ShellItemMaker::Make(std::wstring_view path, base::ComPtr<IShellItem>& item) {
+    // What the folder cannot tell, the whole path does.
+    if (MakeBeside(path, item))
+        return S_OK;
+    const HRESULT result = MakeShellItem(path, info_, item);
+    if (SUCCEEDED(result))
+        Keep(path, *item.Get());
+    return result;
+}
+
+bool ShellItemMaker::MakeBeside(std::wstring_view path, base::ComPtr<IShellItem>& item) {
+    if (!folder_ || paths::ParentWithSeparator(path) != parent_)
+        return false;
+    std::wstring name(paths::LastComponent(path));
+    Child child;
+    PIDLIST_RELATIVE parsed = nullptr;
+    if (FAILED(folder_->ParseDisplayName(nullptr, nullptr, name.data(), nullptr, &parsed, nullptr)))
+        return false;
+    child.Reset(static_cast<PITEMID_CHILD>(parsed));
+    return IsNamed(*folder_.Get(), child.Get(), name) &&
+           SUCCEEDED(SHCreateShellItem(nullptr, folder_.Get(), child.Get(), item.Put()));
+}
+
+/// Remembers the folder of `item`, which was made of `path`. Where the path ends in a separator, or is
+/// another spelling, the text before its name says nothing about that folder.
+void ShellItemMaker::Keep(std::wstring_view path, IShellItem& item) {
+    const std::wstring_view parent = paths::ParentWithSeparator(path);
+    if (parent == parent_ || parent.size() == path.size())
+        return;
+    parent_ = parent;
+    folder_ = paths::IsSamePath(PathOf(item), path) ? FolderOf(item) : base::ComPtr<IShellFolder>();
 }
 
 }  // namespace ferry::desktop

@@ -3,8 +3,6 @@
 // After windows.h, which the shell's headers build on.
 #include <shlobj.h>
 
-#include "desktop/shell_item_win32.h"
-
 namespace ferry::desktop {
 
 using transfer::BatchOutcome;
@@ -83,7 +81,7 @@ void WindowsShellOperations::NotifyFolderMade(std::wstring_view path) {
 
 ShellOutcome WindowsShellOperations::Queue(IFileOperation& operation, const ShellTransfer& transfer) {
     base::ComPtr<IShellItem> source;
-    if (const HRESULT code = MakeShellItem(transfer.Source, info_, source); FAILED(code))
+    if (const HRESULT code = sources_.Make(transfer.Source, source); FAILED(code))
         return {ShellResult::NoSourceItem, code, false};
     if (const HRESULT code = FindFolder(transfer.TargetFolder); FAILED(code))
         return {ShellResult::NoFolderItem, code, false};

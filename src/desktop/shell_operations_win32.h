@@ -8,6 +8,7 @@
 #include <string>
 
 #include "base/com_ptr_win32.h"
+#include "desktop/shell_item_win32.h"
 #include "transfer/ports.h"
 
 namespace ferry::desktop {
@@ -18,7 +19,8 @@ class WindowsShellOperations : public transfer::ShellOperations {
 public:
     /// `owner` owns what the shell shows during single transfers; a batch outlives that window
     /// and belongs to the desktop. `info` must outlive this object.
-    WindowsShellOperations(HWND owner, files::FileInfo& info) noexcept : owner_(owner), info_(info) {}
+    WindowsShellOperations(HWND owner, files::FileInfo& info) noexcept
+        : owner_(owner), info_(info), sources_(info) {}
 
     transfer::ShellOutcome Transfer(const transfer::ShellTransfer& transfer) override;
     transfer::BatchOutcome TransferAll(const base::TextList& sources,
@@ -31,6 +33,7 @@ private:
 
     HWND owner_;
     files::FileInfo& info_;
+    ShellItemMaker sources_;
     // The item of the folder that was last transferred into: as a rule the next one goes there, too.
     std::wstring folder_;
     base::ComPtr<IShellItem> folderItem_;

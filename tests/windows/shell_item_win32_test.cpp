@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 // After windows.h, which the shell's headers build on.
 #include <shlobj.h>
+#include <shlwapi.h>
 
 #include <vector>
 
@@ -114,6 +115,102 @@ TEST_F(ShellItemTest, IsMadeOfAnotherSpellingOfTheSamePlace) {
 TEST_F(ShellItemTest, MissingFileGivesNoItem) {
     base::ComPtr<IShellItem> item;
     EXPECT_TRUE(FAILED(MakeShellItem(folder_ / L"missing", disk_, item)));
+    EXPECT_FALSE(item);
+}
+
+class ShellItemMakerTest : public ShellItemTest {
+protected:
+    /// The path of the item that is made of `path`; empty when none is.
+    std::wstring Made(const std::wstring& path) {
+        base::ComPtr<IShellItem> item;
+        PWSTR text = nullptr;
+        if (FAILED(maker_.Make(path, item)) || FAILED(item->GetDisplayName(SIGDN_FILESYSPATH, &text)))
+            return {};
+        std::wstring found(text);
+        CoTaskMemFree(text);
+        return found;
+    }
+
+    std::wstring File(const std::wstring& name) {
+        test::WriteUnits(folder_ / name, L"x");
+        return folder_ / name;
+    }
+
+    ShellItemMaker maker_{disk_};
+};
+
+TEST_F(ShellItemMakerTest, TakesOneWholePathOfAFolderApart) {
+    test::MakeFolders(folder_ / L"b");
+    const std::vector paths{File(L"one.txt"), folder_ / L"b", File(L"日本 語.txt"), File(L"b\\one.txt")};
+    const std::vector others{File(L"b\\three"), File(L"b\\four")};
+    const test::WatchedImport<&SHCreateItemFromParsingName> parse("SHCreateItemFromParsingName");
+    for (std::size_t i = 0; i < 3; ++i)
+        EXPECT_EQ(Made(paths[i]), paths[i]);
+    EXPECT_EQ(parse.Calls().size(), 1U);
+    for (const std::wstring& path : {paths[3], others[0], others[1]})
+        EXPECT_EQ(Made(path), path);
+    EXPECT_EQ(parse.Calls().size(), 2U);
+}
+
+TEST_F(ShellItemMakerTest, IsNotMisledByTheSeparatorAtAFoldersEnd) {
+    test::MakeFolders(folder_ / L"inner");
+    File(L"same.txt");
+    EXPECT_EQ(Made(folder_ / L"inner\\"), folder_ / L"inner");
+    EXPECT_EQ(Made(folder_ / L"inner\\same.txt"), L"");
+    const std::wstring inner = File(L"inner\\same.txt");
+    EXPECT_EQ(Made(inner), inner);
+}
+
+TEST_F(ShellItemMakerTest, ReadsDotsAsThePathDoes) {
+    test::MakeFolders(folder_ / L"inner");
+    const std::wstring inner = File(L"inner\\a.txt");
+    EXPECT_EQ(Made(inner), inner);
+    for (const wchar_t* const spelling : {L"inner\\..", L"inner\\.", L"inner\\A.TXT", L"inner\\.\\a.txt"}) {
+        base::ComPtr<IShellItem> item;
+        EXPECT_EQ(SUCCEEDED(maker_.Make(folder_ / spelling, item)),
+                  SUCCEEDED(MakeShellItem(folder_ / spelling, disk_, item)))
+            << testing::PrintToString(std::wstring(spelling));
+        const std::wstring found = Made(folder_ / spelling);
+        EXPECT_TRUE(found.empty() || disk_.Identity(found) == disk_.Identity(folder_ / spelling))
+            << testing::PrintToString(std::wstring(spelling));
+    }
+}
+
+TEST_F(ShellItemMakerTest, DoesNotTrustTheFolderOfAnotherSpelling) {
+    test::MakeFolders(folder_ / L"one");
+    test::MakeFolders(folder_ / L"two");
+    const std::wstring file = File(L"one\\a.txt");
+    const std::wstring link = folder_ / L"two\\a.txt";
+    ASSERT_TRUE(CreateHardLinkW(link.c_str(), file.c_str(), nullptr));
+    File(L"one\\b.txt");
+    const std::wstring beside = File(L"two\\b.txt");
+    {
+        const PickyShell shell(file, false);
+        EXPECT_EQ(Made(link), file) << "the same file, on another way";
+    }
+    EXPECT_EQ(Made(beside), beside);
+}
+
+TEST_F(ShellItemMakerTest, TakesTheWholePathApartWhereTheFolderKnowsTheItemByAnotherName) {
+    const std::wstring first = File(L"first.txt");
+    const std::wstring second = File(L"second.txt");
+    EXPECT_EQ(Made(first), first);
+    const test::WatchedImport<&StrRetToBufW> name("StrRetToBufW",
+                                                  [](STRRET*, PCUITEMID_CHILD, PWSTR text, UINT) -> HRESULT {
+                                                      wcscpy(text, L"third.txt");
+                                                      return S_OK;
+                                                  });
+    const test::WatchedImport<&SHCreateItemFromParsingName> parse("SHCreateItemFromParsingName");
+    EXPECT_EQ(Made(second), second);
+    EXPECT_EQ(parse.Calls().size(), 1U);
+}
+
+TEST_F(ShellItemMakerTest, TellsWhatTheShellSaysOfAMissingFileBesideAnother) {
+    const std::wstring file = File(L"there");
+    EXPECT_EQ(Made(file), file);
+    base::ComPtr<IShellItem> item;
+    base::ComPtr<IShellItem> whole;
+    EXPECT_EQ(maker_.Make(folder_ / L"missing", item), MakeShellItem(folder_ / L"missing", disk_, whole));
     EXPECT_FALSE(item);
 }
 
