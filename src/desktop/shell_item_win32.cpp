@@ -97,10 +97,8 @@ bool ShellItemMaker::MakeBeside(std::wstring_view path, base::ComPtr<IShellItem>
         return false;
     std::wstring name(paths::LastComponent(path));
     Child child;
-    PIDLIST_RELATIVE parsed = nullptr;
-    if (FAILED(folder_->ParseDisplayName(nullptr, nullptr, name.data(), nullptr, &parsed, nullptr)))
+    if (FAILED(folder_->ParseDisplayName(nullptr, nullptr, name.data(), nullptr, child.Put(), nullptr)))
         return false;
-    child.Reset(static_cast<PITEMID_CHILD>(parsed));
     return IsNamed(*folder_.Get(), child.Get(), name) &&
            SUCCEEDED(SHCreateShellItem(nullptr, folder_.Get(), child.Get(), item.Put()));
 }

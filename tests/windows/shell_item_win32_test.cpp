@@ -5,6 +5,7 @@
 #include <shlobj.h>
 #include <shlwapi.h>
 
+#include <string_view>
 #include <vector>
 
 #include "base/com_ptr_win32.h"
@@ -197,7 +198,8 @@ TEST_F(ShellItemMakerTest, TakesTheWholePathApartWhereTheFolderKnowsTheItemByAno
     EXPECT_EQ(Made(first), first);
     const test::WatchedImport<&StrRetToBufW> name("StrRetToBufW",
                                                   [](STRRET*, PCUITEMID_CHILD, PWSTR text, UINT) -> HRESULT {
-                                                      wcscpy(text, L"third.txt");
+                                                      constexpr std::wstring_view kOther = L"third.txt";
+                                                      text[kOther.copy(text, kOther.size())] = L'\0';
                                                       return S_OK;
                                                   });
     const test::WatchedImport<&SHCreateItemFromParsingName> parse("SHCreateItemFromParsingName");
