@@ -171,10 +171,13 @@ std::wstring CopyOfOwnProgram(const std::wstring& path) {
     return path;
 }
 
-/// The folder that a child reported, once it has.
+/// The folder that a child reported, once it has: the report is there before it is written.
 std::wstring ReportedFolder(const std::wstring& report) {
-    EXPECT_TRUE(test::WaitUntil([&] { return test::Exists(report); }));
-    const std::wstring text = test::ReadUnits(report);
+    std::wstring text;
+    EXPECT_TRUE(test::WaitUntil([&] {
+        text = test::ReadUnits(report);
+        return text.find(L'\n') != std::wstring::npos;
+    }));
     return text.substr(0, text.find(L'\n'));
 }
 
