@@ -93,7 +93,7 @@ HRESULT ShellItemMaker::Make(std::wstring_view path, base::ComPtr<IShellItem>& i
 }
 
 bool ShellItemMaker::MakeBeside(std::wstring_view path, base::ComPtr<IShellItem>& item) {
-    if (!folder_ || paths::ParentWithSeparator(path) != parent_)
+    if (paths::ParentWithSeparator(path) != parent_ || !FindFolder())
         return false;
     std::wstring name(paths::LastComponent(path));
     Child child;
@@ -103,14 +103,25 @@ bool ShellItemMaker::MakeBeside(std::wstring_view path, base::ComPtr<IShellItem>
            SUCCEEDED(SHCreateShellItem(nullptr, folder_.Get(), child.Get(), item.Put()));
 }
 
-/// Remembers the folder of `item`, which was made of `path`. Where the path ends in a separator, or is
-/// another spelling, the text before its name says nothing about that folder.
+/// Whether folder_ is the folder at parent_. It is looked for when a second item comes, since many folders
+/// hold one only. An item of a path that ends in a separator, or was another spelling, lies in another
+/// folder.
+bool ShellItemMaker::FindFolder() {
+    if (whole_ && paths::IsSamePath(paths::ParentWithSeparator(PathOf(*whole_.Get())), parent_))
+        folder_ = FolderOf(*whole_.Get());
+    whole_.Reset();
+    return static_cast<bool>(folder_);
+}
+
+/// Remembers `item`, which was made of the whole `path`, for those beside it.
 void ShellItemMaker::Keep(std::wstring_view path, IShellItem& item) {
     const std::wstring_view parent = paths::ParentWithSeparator(path);
-    if (parent == parent_ || parent.size() == path.size())
+    if (parent == parent_ && folder_)
         return;
     parent_ = parent;
-    folder_ = paths::IsSamePath(PathOf(item), path) ? FolderOf(item) : base::ComPtr<IShellFolder>();
+    folder_.Reset();
+    item.AddRef();
+    whole_.Reset(&item);
 }
 
 }  // namespace ferry::desktop

@@ -29,11 +29,14 @@ public:
 
 private:
     bool MakeBeside(std::wstring_view path, base::ComPtr<IShellItem>& item);
+    bool FindFolder();
     void Keep(std::wstring_view path, IShellItem& item);
 
     files::FileInfo& info_;
-    // The folder of the item that was last made of a whole path, with its separator.
+    // Of the item that was last made of a whole path: what stands before its name, the item itself until its
+    // folder is asked for, and that folder.
     std::wstring parent_;
+    base::ComPtr<IShellItem> whole_;
     base::ComPtr<IShellFolder> folder_;
 };
 
