@@ -17,9 +17,8 @@ constexpr wchar_t kZeros[] = {
     0x0CE6, 0x0D66, 0x0E50, 0x0ED0, 0x0F20, 0x1040, 0x17E0, 0x1810, 0xFF10,
 };
 
-constexpr int kNoDigit = -1;
+}  // namespace
 
-/// The value of the decimal digit `unit`, of any of these scripts; kNoDigit for any other unit.
 int DigitOf(wchar_t unit) noexcept {
     const auto* above = std::ranges::upper_bound(kZeros, unit);
     if (above == std::begin(kZeros)) {
@@ -28,8 +27,6 @@ int DigitOf(wchar_t unit) noexcept {
     const int value = unit - *std::prev(above);
     return value < 10 ? value : kNoDigit;
 }
-
-}  // namespace
 
 std::vector<std::wstring_view> Split(std::wstring_view text, wchar_t separator) {
     text = text.substr(0, text.find(L'\0'));

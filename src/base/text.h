@@ -17,6 +17,12 @@ std::vector<std::wstring_view> Split(std::wstring_view text, wchar_t separator);
 /// none. A number outside 32 bits gives the nearest limit, as the C library of Windows does.
 int ToInt(std::wstring_view text) noexcept;
 
+inline constexpr int kNoDigit = -1;
+
+/// The value of the decimal digit `unit`, of any script whose digits the C library of Windows reads; kNoDigit
+/// for any other unit.
+int DigitOf(wchar_t unit) noexcept;
+
 /// Whether `unit` is white space in the character table of Windows (C1_SPACE), on every host.
 bool IsSpace(wchar_t unit) noexcept;
 
