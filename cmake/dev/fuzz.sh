@@ -10,7 +10,7 @@ run_fuzz() {
     mkdir -p "$finds" "$build/logs"
     local folders=("$finds")
     [ -d "$corpus" ] && folders+=("$corpus")
-    if (cd "$finds" && "$1" -max_total_time="$2" -timeout=10 -rss_limit_mb=2048 -print_final_stats=1 \
+    if (cd "$finds" && "$1" -max_total_time="$2" -timeout=30 -rss_limit_mb=2048 -print_final_stats=1 \
             -artifact_prefix="$build/fuzz/found/$name-" "${folders[@]}" >"$log" 2>&1); then
         printf '   %-24s %s runs\n' "$name" "$(awk '/stat::number_of_executed_units/ { print $2 }' "$log")"
     else

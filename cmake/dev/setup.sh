@@ -1,15 +1,17 @@
 # ./dev setup: installs by apt what is missing, by groups that the other commands name.
 # shellcheck disable=SC2034 # need finds the groups by their names
 
-# Cross-compiling, and the sources of the test framework that every configuration reads.
-packages_build=(cmake ninja-build g++-mingw-w64-x86-64-posix googletest)
+# Cross-compiling, and the sources of the test framework and of the JSON library that every configuration reads.
+packages_build=(cmake ninja-build g++-mingw-w64-x86-64-posix googletest nlohmann-json3-dev)
 # Running Windows programs on a virtual display; libxrender1 and the other X libraries are opened
 # by Wine at run time, and fonts look jagged or the mouse is dead without them.
 packages_wine=(wine64 xvfb fonts-ipafont-gothic imagemagick locales libxrender1 libxcursor1 libxi6 libxrandr2
     libxinerama1 libxcomposite1 libxfixes3)
-packages_native=(g++ cmake ninja-build googletest)
-packages_fuzz=(clang-19 libclang-rt-19-dev cmake ninja-build)
+packages_native=(g++ cmake ninja-build googletest nlohmann-json3-dev)
+packages_fuzz=(clang-19 libclang-rt-19-dev cmake ninja-build nlohmann-json3-dev)
 packages_check=(clang-19 clang-format-19 clang-tidy-19 shellcheck)
+# What scripts are measured against.
+packages_bench=(tcl)
 packages_package=(zip)
 
 # missing_packages NAME...: those of them that are not installed.
@@ -53,6 +55,6 @@ need() {
 }
 
 command_setup() {
-    need build wine native fuzz check package
+    need build wine native fuzz check bench package
     say "everything that the project needs is installed"
 }

@@ -52,7 +52,23 @@ GlobalMemory MemoryOf(const std::wstring& text) {
     return memory;
 }
 
+/// The text in `memory`, which may be null; it ends with the memory where nobody wrote a terminator.
+std::wstring TextIn(HGLOBAL memory) {
+    const auto* const begin = memory == nullptr ? nullptr : static_cast<const wchar_t*>(GlobalLock(memory));
+    if (begin == nullptr)
+        return {};
+    const wchar_t* const end = begin + GlobalSize(memory) / sizeof(wchar_t);
+    std::wstring text(begin, std::find(begin, end, L'\0'));
+    GlobalUnlock(memory);
+    return text;
+}
+
 }  // namespace
+
+std::wstring ClipboardText() {
+    const OpenedClipboard clipboard(nullptr);
+    return clipboard ? TextIn(GetClipboardData(CF_UNICODETEXT)) : std::wstring();
+}
 
 bool SetClipboardText(const std::wstring& text) {
     // The clipboard takes nothing from an owner that is no window.

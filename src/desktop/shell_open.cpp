@@ -17,7 +17,7 @@ std::wstring_view FolderOf(std::wstring_view file) noexcept {
 
 }  // namespace
 
-void ShellOpen(const ShellOpenRequest& request) {
+bool ShellOpen(const ShellOpenRequest& request) {
     const std::wstring file = paths::LongPathText(request.File);
     const std::wstring parameters(request.Parameters);
     const std::wstring folder =
@@ -30,8 +30,7 @@ void ShellOpen(const ShellOpenRequest& request) {
     info.lpParameters = parameters.c_str();
     info.lpDirectory = folder.c_str();
     info.nShow = request.ShowMode;
-    // Best effort: the shell itself tells the user what went wrong.
-    ShellExecuteExW(&info);
+    return ShellExecuteExW(&info) != FALSE;
 }
 
 void OpenManualPage(HWND owner, const std::wstring& address) {
@@ -43,7 +42,7 @@ void OpenManualPage(HWND owner, const std::wstring& address) {
     info.lpParameters = L"";
     info.lpDirectory = L"";
     info.nShow = SW_SHOW;
-    // Best effort, as above.
+    // Best effort: the shell itself tells the user what went wrong.
     ShellExecuteExW(&info);
 }
 

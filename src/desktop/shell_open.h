@@ -18,9 +18,9 @@ struct ShellOpenRequest {
     bool WaitForShell = false;  ///< The call returns only when the shell is done with it.
 };
 
-/// For scripts, which open files: opens a file or an address with its default action. Environment variables
-/// in the texts are expanded. Failures are the shell's to report.
-void ShellOpen(const ShellOpenRequest& request);
+/// Opens a file or an address with its default action; for scripts. Environment variables in the texts are
+/// expanded. Failures are the shell's to report; whether there was none.
+bool ShellOpen(const ShellOpenRequest& request);
 
 /// Opens the page of the manual at `address`.
 void OpenManualPage(HWND owner, const std::wstring& address);

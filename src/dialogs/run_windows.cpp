@@ -6,6 +6,7 @@
 #include "desktop/window_placement.h"
 #include "dialogs/file_mode_dialog.h"
 #include "dialogs/input_dialog.h"
+#include "framework/messages.h"
 #include "ids.h"
 
 namespace ferry::dialogs {
@@ -43,19 +44,10 @@ bool ProgressWindow::DrainAndTakeCancel(transfer::Pause at) {
     if (at == transfer::Pause::Listing && now - lastDrain_ < kShowDelayMs)
         return false;
     lastDrain_ = now;
-    MSG message;
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
-        if (message.message == WM_QUIT) {
-            // Somebody wants the thread to end; the run ends at this point, and the loops above
-            // it have to hear of it too.
-            PostQuitMessage(static_cast<int>(message.wParam));
-            return true;
-        }
-        if (!dialog_.HandleDialogMessage(message)) {
-            TranslateMessage(&message);
-            DispatchMessageW(&message);
-        }
-    }
+    // A thread that is to end ends its run at this point.
+    if (!framework::HandleWaitingMessages(
+            [this](MSG& message) { return dialog_.HandleDialogMessage(message); }))
+        return true;
     return dialog_.TakeCancelRequest();
 }
 

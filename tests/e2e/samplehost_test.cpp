@@ -13,6 +13,9 @@
 namespace ferry::e2e {
 namespace {
 
+using test::kPatienceMs;
+using test::WaitUntil;
+
 using Arguments = std::vector<std::wstring>;
 
 class SampleHost : public testing::Test {
@@ -89,6 +92,20 @@ TEST_F(SampleHost, LogsDataUpToItsNul) {
     const auto lines = Lines(L"COPYDATA");
     ASSERT_EQ(lines.size(), 1U);
     EXPECT_EQ(lines[0], (FileOpLine{L"COPYDATA", L"200", L"64", L"0x0", L"C:\\行き先\\"}));
+}
+
+TEST_F(SampleHost, PlaysTheTraceWindowWhichIsNotTheHost) {
+    const ChildProcess host = Start({L"--stay", L"--trace", L"Script trace Kiv"});
+    const HWND window = HostWindow();
+    ASSERT_NE(window, nullptr);
+    const HWND trace = FindWindowW(nullptr, L"Script trace Kiv");
+    ASSERT_NE(trace, nullptr);
+    EXPECT_EQ(FindWindowW(samplehost::kHostWindowClass, nullptr), window);
+    ASSERT_TRUE(samplehost::SendData(trace, nullptr, 2, samplehost::TextPayload(L"7"), kPatienceMs));
+    const auto lines = Lines(L"TRACE");
+    ASSERT_EQ(lines.size(), 1U);
+    EXPECT_EQ(lines[0], (FileOpLine{L"TRACE", L"2", L"4", L"0x0", L"7"}));
+    EXPECT_TRUE(Lines(L"COPYDATA").empty());
 }
 
 TEST_F(SampleHost, HandsOverAMillionItemsFromAFile) {

@@ -1,14 +1,16 @@
 #include "windows/child_process_win32.h"
 
 #include <windows.h>
-// After windows.h, which it builds on.
+// After windows.h, which they build on.
 #include <shellapi.h>
+#include <tlhelp32.h>
 
 #include <string_view>
 #include <vector>
 
 #include "base/handles_win32.h"
 #include "desktop/message_boxes_win32.h"
+#include "process/module_path_win32.h"
 #include "windows/shell_version_child_win32.h"
 #include "windows/support_win32.h"
 
@@ -71,6 +73,25 @@ std::wstring ShellVersionArguments(const std::wstring& file, int major, int mino
 bool RunAskingInABox(const process::ProgramRun& run) {
     return process::RunAndWait(
         run, [] { return desktop::MessageBoxes().Ask(process::kKillQuestion, lang::Tone::Plain); });
+}
+
+base::ProcessHandle OpenChild() {
+    const std::wstring own = process::ModulePath();
+    const std::wstring name = own.substr(own.find_last_of(L'\\') + 1);
+    const base::FileHandle snapshot(CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
+    PROCESSENTRY32W entry{};
+    entry.dwSize = sizeof(entry);
+    for (BOOL found = Process32FirstW(snapshot.Get(), &entry); found;
+         found = Process32NextW(snapshot.Get(), &entry)) {
+        if (entry.th32ParentProcessID == GetCurrentProcessId() && name == entry.szExeFile) {
+            base::ProcessHandle child(
+                OpenProcess(SYNCHRONIZE | PROCESS_QUERY_LIMITED_INFORMATION, FALSE, entry.th32ProcessID));
+            if (child && WaitForSingleObject(child.Get(), 0) == WAIT_TIMEOUT) {
+                return child;
+            }
+        }
+    }
+    return {};
 }
 
 std::optional<int> PlayChild() {

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 
+#include "base/handles_win32.h"
 #include "process/program_runner_win32.h"
 
 namespace ferry::test {
@@ -25,6 +26,10 @@ std::wstring ShellVersionArguments(const std::wstring& file, int major, int mino
 
 /// Runs a program, and asks in a message box whether it is killed, as whoever runs one does.
 bool RunAskingInABox(const process::ProgramRun& run);
+
+/// A running child that plays a part of this program, opened so that its end can be watched. The first
+/// window of a session may start a process of the system as a child of this one, too.
+base::ProcessHandle OpenChild();
 
 /// What the command line asks a child to do, done; nothing when this is no child.
 std::optional<int> PlayChild();

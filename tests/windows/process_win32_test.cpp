@@ -1,8 +1,6 @@
 // Programs that really run, and searches in real folders.
 #include <windows.h>
 #include <gtest/gtest.h>
-// After windows.h, which it builds on.
-#include <tlhelp32.h>
 
 #include <algorithm>
 
@@ -31,27 +29,6 @@ std::wstring OwnProgram() {
     return L"\"" + ModulePath() + L"\"";
 }
 
-/// A running child that plays a part of this program, opened so that its end can be watched. The
-/// first window of a session may start a process of the system as a child of this one, too.
-base::ProcessHandle OpenChild() {
-    const std::wstring own = ModulePath();
-    const std::wstring name = own.substr(own.find_last_of(L'\\') + 1);
-    const base::FileHandle snapshot(CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
-    PROCESSENTRY32W entry{};
-    entry.dwSize = sizeof(entry);
-    for (BOOL found = Process32FirstW(snapshot.Get(), &entry); found;
-         found = Process32NextW(snapshot.Get(), &entry)) {
-        if (entry.th32ParentProcessID == GetCurrentProcessId() && name == entry.szExeFile) {
-            base::ProcessHandle child(
-                OpenProcess(SYNCHRONIZE | PROCESS_QUERY_LIMITED_INFORMATION, FALSE, entry.th32ProcessID));
-            if (child && WaitForSingleObject(child.Get(), 0) == WAIT_TIMEOUT) {
-                return child;
-            }
-        }
-    }
-    return {};
-}
-
 /// A child that waits until it is told to stop. It is gone when this is destroyed.
 class WaitingChild {
 public:
@@ -60,7 +37,7 @@ public:
     void Stop() const { SetEvent(stop_.Get()); }
 
     ~WaitingChild() {
-        const base::ProcessHandle process = OpenChild();
+        const base::ProcessHandle process = test::OpenChild();
         Stop();
         if (process) {
             WaitForSingleObject(process.Get(), 20000);
@@ -126,7 +103,7 @@ TEST(RunAndWait, YesEndsTheProgramWithItsExitCode) {
     base::ProcessHandle process;
     auto answer = AnswerNextBox(IDYES, [&] {
         child.HasStarted();
-        process = OpenChild();
+        process = test::OpenChild();
     });
     EXPECT_FALSE(RunAskingInABox({program, arguments, {}, SW_SHOW, 0}));
     EXPECT_EQ(answer.get(), kQuestion);
@@ -143,7 +120,7 @@ TEST(RunAndWait, ProgramThatEndsDuringTheQuestionStillCountsAsLate) {
     const std::wstring arguments = child.Arguments();
     auto answer = AnswerNextBox(IDYES, [&] {
         child.HasStarted();
-        const base::ProcessHandle process = OpenChild();
+        const base::ProcessHandle process = test::OpenChild();
         child.Stop();
         WaitForSingleObject(process.Get(), 20000);
     });

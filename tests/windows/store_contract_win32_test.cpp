@@ -6,31 +6,10 @@
 #include "base/handles_win32.h"
 #include "core/settings/store_contract.h"
 #include "settings/registry_store_win32.h"
-#include "windows/support_win32.h"
+#include "windows/own_root_win32.h"
 
 namespace ferry::settings::contract {
 namespace {
-
-/// Puts a fresh key in the place of the current user's root, for this process and while this lives.
-class OwnRoot {
-public:
-    OwnRoot() {
-        EXPECT_EQ(RegCreateKeyW(HKEY_CURRENT_USER, name_.c_str(), root_.Put()), ERROR_SUCCESS);
-        EXPECT_EQ(RegOverridePredefKey(HKEY_CURRENT_USER, root_.Get()), ERROR_SUCCESS);
-    }
-    ~OwnRoot() {
-        RegOverridePredefKey(HKEY_CURRENT_USER, nullptr);
-        root_.Reset();
-        RegDeleteTreeW(HKEY_CURRENT_USER, name_.c_str());
-    }
-
-    OwnRoot(const OwnRoot&) = delete;
-    OwnRoot& operator=(const OwnRoot&) = delete;
-
-private:
-    std::wstring name_ = test::UniqueName(L"FerryTests");
-    base::RegistryKey root_;
-};
 
 class RegistryPlace final : public Place {
 public:
@@ -75,7 +54,7 @@ private:
         return type == wantedType ? std::optional(bytes) : std::nullopt;
     }
 
-    OwnRoot root_;
+    test::OwnRoot root_;
     RegistryStore store_{ProgramKey()};
 };
 

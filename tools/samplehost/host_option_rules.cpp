@@ -106,6 +106,8 @@ constexpr OptionRule kRules[] = {
     {L"--seconds", 1, L"N", L"Ends after N seconds in any case.", SetNumber<&HostOptions::Seconds>},
     {L"--window", 1, L"X,Y,W,H", L"Where the host's window stands, in pixels.",
      [](HostOptions& options, Values values) { return ReadPlace(values[0], options.Window); }},
+    {L"--trace", 1, L"TITLE", L"Also plays the trace window of scripts that has this title.",
+     SetText<&HostOptions::TraceTitle>},
 
     {L"--mode", 1, L"N", L"Field 0, the window mode (0).", SetField<&VariableFields::WindowMode>},
     {L"--activate", 1, L"N", L"Field 1, 1: the host gets the foreground back (0).",

@@ -48,6 +48,7 @@ struct HostOptions {
     int HoldGuardMs = 0;
     int AnswerAfterMs = 0;
     WindowPlace Window;
+    std::wstring TraceTitle;  ///< Empty: no trace window.
     bool Stay = false;
     int Seconds = 0;  ///< 0: no limit.
     std::wstring LogFile;

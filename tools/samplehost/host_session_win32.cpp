@@ -35,7 +35,8 @@ std::wstring Quoted(const std::wstring& argument) {
 }  // namespace
 
 int HostSession::Run() {
-    if (!window_.Create(options_.Window, options_.AnswerAfterMs)) {
+    if (!window_.Create(options_.Window, options_.AnswerAfterMs) ||
+        (!options_.TraceTitle.empty() && !window_.CreateTrace(options_.TraceTitle))) {
         log_.Write({L"ERROR", L"no window", std::to_wstring(GetLastError())});
         return kExitCannotMakeBlock;
     }

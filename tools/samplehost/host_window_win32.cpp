@@ -23,21 +23,16 @@ bool IsWorthLogging(UINT message) {
 
 HostWindow::~HostWindow() {
     log_.SetView(nullptr);
-    if (window_ != nullptr)
-        DestroyWindow(window_);
+    for (const HWND window : {trace_, window_}) {
+        if (window != nullptr)
+            DestroyWindow(window);
+    }
 }
 
 bool HostWindow::Create(const WindowPlace& place, int answerAfterMs) {
     answerAfterMs_ = answerAfterMs;
     const HINSTANCE instance = GetModuleHandleW(nullptr);
-    WNDCLASSEXW type = {};
-    type.cbSize = sizeof(type);
-    type.lpfnWndProc = Procedure;
-    type.hInstance = instance;
-    type.hCursor = LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_ARROW));
-    type.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1);
-    type.lpszClassName = kHostWindowClass;
-    if (RegisterClassExW(&type) == 0)
+    if (!Register(kHostWindowClass))
         return false;
     window_ = CreateWindowExW(0, kHostWindowClass, L"Sample host", WS_OVERLAPPEDWINDOW, place.Left, place.Top,
                               place.Width, place.Height, nullptr, nullptr, instance, this);
@@ -53,6 +48,27 @@ bool HostWindow::Create(const WindowPlace& place, int answerAfterMs) {
     return list_ != nullptr;
 }
 
+bool HostWindow::CreateTrace(const std::wstring& title) {
+    // A class of its own: the host is found by its class, and this window is not the host.
+    constexpr wchar_t kClass[] = L"SampleHostTrace";
+    if (!Register(kClass))
+        return false;
+    trace_ = CreateWindowExW(0, kClass, title.c_str(), WS_OVERLAPPEDWINDOW, 0, 0, 0, 0, nullptr, nullptr,
+                             GetModuleHandleW(nullptr), this);
+    return trace_ != nullptr;
+}
+
+bool HostWindow::Register(const wchar_t* className) {
+    WNDCLASSEXW type = {};
+    type.cbSize = sizeof(type);
+    type.lpfnWndProc = Procedure;
+    type.hInstance = GetModuleHandleW(nullptr);
+    type.hCursor = LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_ARROW));
+    type.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1);
+    type.lpszClassName = className;
+    return RegisterClassExW(&type) != 0;
+}
+
 void HostWindow::Show(const std::wstring& line) {
     const LRESULT index = SendMessageW(list_, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(line.c_str()));
     SendMessageW(list_, LB_SETTOPINDEX, static_cast<WPARAM>(index), 0);
@@ -66,15 +82,18 @@ LRESULT CALLBACK HostWindow::Procedure(HWND window, UINT message, WPARAM first, 
     auto* const self = reinterpret_cast<HostWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
     if (self == nullptr || self->window_ == nullptr)
         return DefWindowProcW(window, message, first, second);
-    return self->Handle(message, first, second);
+    return self->Handle(window, message, first, second);
 }
 
-LRESULT HostWindow::Handle(UINT message, WPARAM first, LPARAM second) {
+LRESULT HostWindow::Handle(HWND window, UINT message, WPARAM first, LPARAM second) {
     if (message == WM_COPYDATA) {
-        LogData(first, *reinterpret_cast<const COPYDATASTRUCT*>(second));
+        LogData(window == window_ ? L"COPYDATA" : L"TRACE", first,
+                *reinterpret_cast<const COPYDATASTRUCT*>(second));
         Sleep(static_cast<DWORD>(answerAfterMs_));
         return TRUE;
     }
+    if (window != window_)
+        return DefWindowProcW(window, message, first, second);
     if (IsWorthLogging(message)) {
         log_.Write({L"MESSAGE", Hexadecimal(message), Hexadecimal(first),
                     Hexadecimal(static_cast<unsigned long long>(second))});
@@ -91,8 +110,8 @@ LRESULT HostWindow::Handle(UINT message, WPARAM first, LPARAM second) {
     }
 }
 
-void HostWindow::LogData(WPARAM sender, const COPYDATASTRUCT& data) {
-    log_.Write({L"COPYDATA", std::to_wstring(data.dwData), std::to_wstring(data.cbData), Hexadecimal(sender),
+void HostWindow::LogData(const wchar_t* kind, WPARAM sender, const COPYDATASTRUCT& data) {
+    log_.Write({kind, std::to_wstring(data.dwData), std::to_wstring(data.cbData), Hexadecimal(sender),
                 TextOf(data)});
 }
 

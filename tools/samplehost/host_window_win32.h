@@ -22,19 +22,25 @@ public:
     /// refuses.
     bool Create(const WindowPlace& place, int answerAfterMs);
 
+    /// Makes the window with `title` that scripts tell what they do; it is not shown. False when Windows
+    /// refuses.
+    bool CreateTrace(const std::wstring& title);
+
     /// Appends `line` to the list and scrolls to it.
     void Show(const std::wstring& line);
 
     HWND Get() const noexcept { return window_; }
 
 private:
+    static bool Register(const wchar_t* className);
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM first, LPARAM second);
-    LRESULT Handle(UINT message, WPARAM first, LPARAM second);
-    void LogData(WPARAM sender, const COPYDATASTRUCT& data);
+    LRESULT Handle(HWND window, UINT message, WPARAM first, LPARAM second);
+    void LogData(const wchar_t* kind, WPARAM sender, const COPYDATASTRUCT& data);
 
     HostLog& log_;
     HWND window_ = nullptr;
     HWND list_ = nullptr;
+    HWND trace_ = nullptr;
     int answerAfterMs_ = 0;
 };
 
