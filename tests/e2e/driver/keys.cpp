@@ -23,6 +23,23 @@ WORD ScanCodeOf(WORD key) {
     return static_cast<WORD>(MapVirtualKeyW(key, MAPVK_VK_TO_VSC));
 }
 
+// Presses Shift and keeps it down. A window that has just got the focus lets go of every key when it hears of
+// that, which may be after Shift was pressed; it has heard of it when Shift stays down while it answers.
+void HoldShift() {
+    constexpr int kSettledAfter = 4;
+    int settled = 0;
+    Send(VK_SHIFT, ScanCodeOf(VK_SHIFT), 0);
+    WaitUntil([&settled] {
+        DWORD_PTR answer = 0;
+        SendMessageTimeoutW(GetForegroundWindow(), WM_NULL, 0, 0, SMTO_NORMAL, kPatienceMs, &answer);
+        if (GetAsyncKeyState(VK_SHIFT) < 0)
+            return ++settled == kSettledAfter;
+        settled = 0;
+        Send(VK_SHIFT, ScanCodeOf(VK_SHIFT), 0);
+        return false;
+    });
+}
+
 }  // namespace
 
 void PressKey(WORD key, bool withShift) {
@@ -34,7 +51,10 @@ void PressKey(WORD key, bool withShift) {
 
 void PressChord(std::initializer_list<WORD> keys) {
     for (const WORD key : keys) {
-        Send(key, ScanCodeOf(key), 0);
+        if (key == VK_SHIFT)
+            HoldShift();
+        else
+            Send(key, ScanCodeOf(key), 0);
     }
     for (const WORD key : std::views::reverse(keys)) {
         Send(key, ScanCodeOf(key), KEYEVENTF_KEYUP);
