@@ -1,27 +1,19 @@
 // Runs on a model world with random trees, answers and faults: no run may lose a file.
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <atomic>
-#include <cstdlib>
-#include <functional>
+#include <cstdint>
 #include <iostream>
-#include <mutex>
 #include <optional>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include "core/transfer/model_run.h"
 #include "core/transfer/random_run.h"
+#include "support/seeds.h"
 
 namespace ferry::transfer::model {
 namespace {
-
-std::uint64_t FromEnvironment(const char* name, std::uint64_t otherwise) {
-    const char* const text = std::getenv(name);
-    return text == nullptr ? otherwise : std::strtoull(text, nullptr, 10);
-}
 
 void SetUpFaults(ModelRun& run, Dice& dice) {
     if (dice.OneIn(3))
@@ -68,46 +60,21 @@ Outcome RandomRun(std::uint64_t seed, std::optional<OneFault> fault = std::nullo
     return {Together(check.Violations(finished)), run.Shared.CallCount};
 }
 
-/// What is wrong with one of the seeds from 1 to `last`, which all processors try, each the next one that is
-/// left; empty when nothing is. FERRY_MODEL_SEED says which one to try alone.
-std::string FirstViolation(std::uint64_t last, const std::function<std::string(std::uint64_t)>& violationOf) {
-    if (std::getenv("FERRY_MODEL_SEED") != nullptr)
-        return violationOf(FromEnvironment("FERRY_MODEL_SEED", 0));
-    std::atomic<std::uint64_t> next = 1;
-    std::mutex guard;
-    std::string first;
-    const auto work = [&] {
-        for (std::uint64_t seed = next++; seed <= last; seed = next++) {
-            const std::string violation = violationOf(seed);
-            if (violation.empty())
-                continue;
-            const std::lock_guard lock(guard);
-            next = last + 1;
-            if (first.empty())
-                first = violation + "; run it again with FERRY_MODEL_SEED=" + std::to_string(seed);
-        }
-    };
-    std::vector<std::thread> threads;
-    for (unsigned count = std::max(1u, std::thread::hardware_concurrency()); count > 0; --count)
-        threads.emplace_back(work);
-    for (std::thread& thread : threads)
-        thread.join();
-    return first;
-}
-
 TEST(RunOnModel, LosesNoFileWhateverTheTreesTheAnswersAndTheFaults) {
     std::atomic<std::size_t> runs = 0;
     const auto run = [&runs](std::uint64_t seed) {
         ++runs;
         return RandomRun(seed).Violations;
     };
-    EXPECT_EQ(FirstViolation(FromEnvironment("FERRY_MODEL_RUNS", 100'000), run), "");
+    EXPECT_EQ(
+        test::FirstFinding(test::NumberFromEnvironment("FERRY_MODEL_RUNS", 100'000), "FERRY_MODEL_SEED", run),
+        "");
     std::cout << runs << " runs\n";
 }
 
 TEST(RunOnModel, LosesNoFileWhicheverSingleCallOfARandomRunGoesWrong) {
     std::atomic<std::size_t> runs = 0;
-    const std::uint64_t worlds = FromEnvironment("FERRY_MODEL_RUNS", 100'000) / 1000;
+    const std::uint64_t worlds = test::NumberFromEnvironment("FERRY_MODEL_RUNS", 100'000) / 1000;
     const auto sweep = [&runs](std::uint64_t seed) -> std::string {
         const std::size_t calls = RandomRun(seed, OneFault{}).Calls;
         for (std::size_t call = 0; call < calls; ++call) {
@@ -121,7 +88,7 @@ TEST(RunOnModel, LosesNoFileWhicheverSingleCallOfARandomRunGoesWrong) {
         }
         return {};
     };
-    EXPECT_EQ(FirstViolation(worlds, sweep), "");
+    EXPECT_EQ(test::FirstFinding(worlds, "FERRY_MODEL_SEED", sweep), "");
     std::cout << runs << " runs\n";
 }
 
