@@ -12,8 +12,8 @@ namespace ferry::e2e {
 /// by the system when the focus changes hands meanwhile.
 void PressKey(WORD key, bool withShift = false);
 
-/// Holds the keys in order, then releases them in reverse: {VK_CONTROL, 'H'}. Goes on after Shift only once it
-/// stays down, whichever window has just got the focus.
+/// Holds the keys in order, then releases them in reverse: {VK_CONTROL, 'H'}. Goes on after Shift only once
+/// it stays down, whichever window has just got the focus.
 void PressChord(std::initializer_list<WORD> keys);
 
 /// Types `text` whatever the keyboard layout.
