@@ -356,7 +356,7 @@ Outcome AppendItems(CommandScope& scope, std::wstring_view argument, std::uint32
 Outcome TakeItems(CommandScope& scope, std::wstring_view argument, std::uint32_t) {
     std::wstring text;
     for (const std::wstring& item : scope.Selection.Items()) {
-        if (text.size() + item.size() + 1 > kMaxValueUnits + 1) {
+        if (text.size() + item.size() > kMaxValueUnits) {
             return Outcome::TooLong;
         }
         text.append(item).append(1, L',');

@@ -6,6 +6,7 @@
 
 #include "base/case_order.h"
 #include "base/text.h"
+#include "script/limits.h"
 #include "script/numbers.h"
 
 namespace ferry::script {
@@ -61,7 +62,7 @@ ConditionParts SplitCondition(std::wstring_view text) noexcept {
     return {};
 }
 
-bool IsTrue(std::wstring& left, Operator compare, std::wstring& right) {
+std::optional<bool> IsTrue(std::wstring& left, Operator compare, std::wstring& right) {
     Normalise(left);
     Normalise(right);
     switch (compare) {
@@ -71,8 +72,10 @@ bool IsTrue(std::wstring& left, Operator compare, std::wstring& right) {
             return left != right;
         case Operator::Like:
             return IsLike(left, right);
-        case Operator::NotLike:
-            return !IsLike(left, right);
+        case Operator::NotLike: {
+            const std::optional<bool> isLike = IsLike(left, right);
+            return isLike ? std::optional(!*isLike) : std::nullopt;
+        }
         default:
             return IsOrdered(base::ToInt(left), compare, base::ToInt(right));
     }
@@ -89,14 +92,17 @@ bool IsTrueOfNumbers(std::int64_t left, Operator compare, std::int64_t right) no
     }
 }
 
-bool IsLike(std::wstring_view text, std::wstring_view pattern) noexcept {
+std::optional<bool> IsLike(std::wstring_view text, std::wstring_view pattern) noexcept {
     std::size_t at = 0;
     std::size_t next = 0;
     // Where the last star stands, and up to where it has taken the text. An earlier star never needs to take
     // more than it did: the later one can take that instead.
     std::size_t star = std::wstring_view::npos;
     std::size_t taken = 0;
-    while (at < text.size()) {
+    for (std::size_t steps = 0; at < text.size(); ++steps) {
+        if (steps == kMaxLikeSteps) {
+            return std::nullopt;
+        }
         if (next < pattern.size() && pattern[next] == L'*') {
             star = next++;
             taken = at;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -32,13 +33,14 @@ struct ConditionParts {
 ConditionParts SplitCondition(std::wstring_view text) noexcept;
 
 /// Whether the condition is true for these sides, in which variables and words are replaced. The sides are
-/// changed.
-bool IsTrue(std::wstring& left, Operator compare, std::wstring& right);
+/// changed. Nothing when a pattern takes too long.
+std::optional<bool> IsTrue(std::wstring& left, Operator compare, std::wstring& right);
 
 /// The same for sides that are the decimal forms of two numbers; not for Like and NotLike.
 bool IsTrueOfNumbers(std::int64_t left, Operator compare, std::int64_t right) noexcept;
 
-/// Whether all of `text` is as `pattern` says, where "*" is any text and "?" any unit.
-bool IsLike(std::wstring_view text, std::wstring_view pattern) noexcept;
+/// Whether all of `text` is as `pattern` says, where "*" is any text and "?" any unit. Nothing when that is
+/// not known after kMaxLikeSteps: a long pattern may fit nearly everywhere in a long text.
+std::optional<bool> IsLike(std::wstring_view text, std::wstring_view pattern) noexcept;
 
 }  // namespace ferry::script

@@ -32,6 +32,20 @@ std::wstring FullScriptPath(const World& world, const std::wstring& path) {
     return paths::StartsLikeFullPath(path) ? path : world.Surroundings.FullPath(path);
 }
 
+/// Makes a run the innermost one as long as it lives.
+class InnermostRun {
+public:
+    InnermostRun(const Executor*& running, const Executor& run) noexcept
+        : running_(running), outer_(std::exchange(running, &run)) {}
+    InnermostRun(const InnermostRun&) = delete;
+    InnermostRun& operator=(const InnermostRun&) = delete;
+    ~InnermostRun() { running_ = outer_; }
+
+private:
+    const Executor*& running_;
+    const Executor* outer_;
+};
+
 }  // namespace
 
 Executor::Executor(const SharedState& shared, ScriptStart start)
@@ -50,6 +64,7 @@ Executor::Executor(const SharedState& shared, ScriptStart start)
 }
 
 Ending Executor::Run() {
+    const InnermostRun innermost(shared_.Running, *this);
     if (!Load()) {
         Tell(UnreadableText(start_.Path));
         return Ending::Ended;
@@ -62,6 +77,10 @@ Ending Executor::Run() {
         RunLine();
     }
     return ending_ == Ending::None ? Ending::Ended : ending_;
+}
+
+ScriptPlace Executor::Place() const {
+    return {scriptFolder_ + scriptName_, current_ != nullptr ? current_->Number : 0};
 }
 
 bool Executor::Load() {
@@ -77,6 +96,7 @@ void Executor::TakeLabels() {
     const std::span<const Line> lines = std::as_const(*source_).Lines();
     for (std::size_t index = 0; index < lines.size(); ++index) {
         const Line& line = lines[index];
+        current_ = &line;
         if (line.Kind == LineKind::Debug) {
             FindTraceWindow();
         } else if (line.Kind == LineKind::Label && !labels_.Add(line.Name, {index, line.Number})) {

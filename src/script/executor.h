@@ -9,6 +9,7 @@
 
 #include "script/blocks.h"
 #include "script/commands.h"
+#include "script/engine.h"
 #include "script/expansion.h"
 #include "script/functions.h"
 #include "script/host_folders.h"
@@ -22,6 +23,8 @@
 
 namespace ferry::script {
 
+class Executor;
+
 /// What a run shares with the scripts that it includes.
 struct SharedState {
     const script::World& World;
@@ -30,6 +33,7 @@ struct SharedState {
     script::Selection& Selection;
     HostFolders& Folders;
     std::wstring& Result;
+    const Executor*& Running;  ///< The innermost run; null while there is none.
 };
 
 /// How a script was started.
@@ -54,6 +58,9 @@ public:
 
     /// Runs the script to its end.
     Ending Run();
+
+    /// Where it is.
+    ScriptPlace Place() const;
 
 private:
     // --- the first walk over the lines

@@ -248,7 +248,13 @@ std::optional<bool> Executor::Judge(Line& line) {
         return std::nullopt;
     }
     right_ = *right;
-    return IsTrue(left_, line.Compare, right_);
+    const std::optional<bool> isTrue = IsTrue(left_, line.Compare, right_);
+    if (!isTrue) {
+        // Whichever branch went on would be the wrong one half of the time.
+        Tell(TooManyStepsText(*current_));
+        ending_ = Ending::Ended;
+    }
+    return isTrue;
 }
 
 std::optional<std::int64_t> Executor::NumberOf(PreparedText& text) const {

@@ -30,6 +30,9 @@ inline constexpr std::size_t kMaxGatheredUnits = 64 * kMaxValueUnits;
 /// The most selected items that a script may gather.
 inline constexpr std::size_t kMaxItems = 1048576;
 
+/// The most comparisons of a unit with a pattern's that one condition may take: a fraction of a second.
+inline constexpr std::size_t kMaxLikeSteps = 64 * kMaxValueUnits;
+
 /// The most blocks of one kind that may be open: jumps out of blocks leave them open.
 inline constexpr std::size_t kMaxOpenBlocks = 4194304;
 

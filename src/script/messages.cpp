@@ -87,6 +87,10 @@ std::wstring TooLongText(const Line& line) {
     return LimitText(L"The value is too long.", kMaxValueUnits, L" characters", line.Text);
 }
 
+std::wstring TooManyStepsText(const Line& line) {
+    return LimitText(L"The pattern takes too long.", kMaxLikeSteps, L" steps", line.Text);
+}
+
 std::wstring OutcomeText(Outcome outcome, const Line& line) {
     switch (outcome) {
         case Outcome::SyntaxError:

@@ -34,6 +34,7 @@ std::wstring NameFaultText(NameFault fault, std::wstring_view name, std::wstring
                            const Line& line);
 
 std::wstring TooLongText(const Line& line);
+std::wstring TooManyStepsText(const Line& line);
 
 /// Why `line` was not carried out. `outcome` is neither Done nor EndRun.
 std::wstring OutcomeText(Outcome outcome, const Line& line);

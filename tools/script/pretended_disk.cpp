@@ -8,6 +8,7 @@
 
 #include "base/case_order.h"
 #include "paths/path_grammar.h"
+#include "script/conditions.h"
 #include "windows_path.h"
 
 namespace ferry::scripttools {
@@ -25,29 +26,6 @@ std::wstring FolderOf(const std::wstring& fullPath) {
     if (path.size() <= root)
         return {};
     return std::wstring(path.substr(0, std::max(path.rfind(kSeparator) + 1, root)));
-}
-
-/// Whether `name` fits `mask`, in which "*" stands for any text and "?" for one unit; both in small letters.
-bool Fits(std::wstring_view name, std::wstring_view mask) noexcept {
-    std::size_t at = 0;
-    std::size_t maskAt = 0;
-    std::size_t afterStar = std::wstring_view::npos;
-    std::size_t retry = 0;
-    while (at < name.size()) {
-        if (maskAt < mask.size() && mask[maskAt] == L'*') {
-            afterStar = ++maskAt;
-            retry = at;
-        } else if (maskAt < mask.size() && (mask[maskAt] == L'?' || mask[maskAt] == name[at])) {
-            ++at;
-            ++maskAt;
-        } else if (afterStar != std::wstring_view::npos) {
-            maskAt = afterStar;
-            at = ++retry;
-        } else {
-            return false;
-        }
-    }
-    return mask.find_first_not_of(L'*', maskAt) == std::wstring_view::npos;
 }
 
 /// "*.*" means all names, also those without a dot.
@@ -243,7 +221,8 @@ std::uint32_t PretendedDisk::Search(std::wstring_view pattern,
     if (!IsRoot(folder))
         names.insert(names.begin(), {L".", L".."});
     for (const std::wstring& name : names) {
-        if (!Fits(base::SmallLetters(name), mask))
+        // Names are far too short for a pattern that takes too long.
+        if (!script::IsLike(base::SmallLetters(name), mask).value_or(false))
             continue;
         const EntryPtr entry = At(paths::WithTrailingSeparator(folder) + name);
         if (entry && !visit({.Name = name, .Attributes = entry->Attributes, .Times = entry->Times}))

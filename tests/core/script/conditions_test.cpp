@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "base/utf16.h"
+#include "script/limits.h"
 
 namespace ferry::script {
 namespace {
@@ -77,6 +78,28 @@ TEST(Condition, ComparesNumbersAsItComparesTheirTexts) {
             }
         }
     }
+}
+
+TEST(Condition, OfALongPatternThatFitsNearlyEverywhereIsGivenUp) {
+    const std::wstring text(kMaxValueUnits, L'a');
+    const std::wstring nearly = L"*" + std::wstring(kMaxValueUnits / 2, L'a') + L"b";
+    EXPECT_EQ(IsLike(text, nearly), std::nullopt);
+    for (const Operator compare : {Operator::Like, Operator::NotLike}) {
+        std::wstring left = text;
+        std::wstring right = nearly;
+        EXPECT_EQ(IsTrue(left, compare, right), std::nullopt);
+    }
+}
+
+TEST(Condition, OfTheLongestTextIsNotGivenUpForItsLength) {
+    const std::wstring text(kMaxValueUnits, L'a');
+    EXPECT_EQ(IsLike(text, text), true);
+    EXPECT_EQ(IsLike(text, L"*" + text), true);
+    EXPECT_EQ(IsLike(text, L"*aaa?aaa*b*"), false);
+    EXPECT_EQ(IsLike(text, std::wstring(kMaxValueUnits, L'*')), true);
+    // As long as it may take, and no longer.
+    const std::size_t tries = kMaxLikeSteps / kMaxValueUnits;
+    EXPECT_EQ(IsLike(text, L"*" + std::wstring(tries / 2, L'a') + L"b"), false);
 }
 
 }  // namespace

@@ -264,11 +264,55 @@ TEST(Stop, ComesAtLinesThatAreSkipped) {
     EXPECT_EQ(Effects(loop, L"for\n!a\n!b\nnext"), (Lines{"err The script was stopped.\n3:messageboxok=b"}));
 }
 
+/// Where the run of C:\s\main.txt with these lines is whenever it says something; other scripts stand ready.
+std::vector<ScriptPlace> PlacesOf(FakeWorld& world, std::wstring_view text, std::wstring_view path) {
+    world.Texts[L"C:\\s\\main.txt"] = text;
+    Engine engine(world.All());
+    std::vector<ScriptPlace> places;
+    world.Listen = [&] { places.push_back(engine.Place().value_or(ScriptPlace{})); };
+    std::vector<std::wstring> selection;
+    EXPECT_EQ(engine.Place(), std::nullopt);
+    engine.Run(std::wstring(path), selection);
+    EXPECT_EQ(engine.Place(), std::nullopt);
+    return places;
+}
+
+using Places = std::vector<ScriptPlace>;
+
+TEST(Place, IsTheLineThatARunTellsOf) {
+    FakeWorld world;
+    world.Answers = {6, 7};
+    const std::wstring main = L"C:\\s\\main.txt";
+    EXPECT_EQ(PlacesOf(world, L"x:\n// \nx:\ncheckgrammar=1\nfilewritew=a\n\nnonsense\nmore\nnever", main),
+              (Places{{main, 3}, {main, 5}, {main, 7}, {main, 8}}));
+}
+
+TEST(Place, IsInTheIncludedScriptAndThenBehindTheInclude) {
+    FakeWorld world;
+    world.Texts[L"C:\\s\\inner.txt"] = L"var a\nvar a";
+    const std::wstring main = L"C:\\s\\main.txt";
+    EXPECT_EQ(PlacesOf(world, L"\ninclude=C:\\s\\inner.txt\nfilewritew=a\ninclude=C:\\s\\gone.txt", main),
+              (Places{{L"C:\\s\\inner.txt", 2}, {main, 3}, {L"C:\\s\\gone.txt", 0}}));
+}
+
+TEST(Place, OfAScriptThatCannotBeReadIsNoLine) {
+    FakeWorld world;
+    EXPECT_EQ(PlacesOf(world, L"", L"C:\\s\\gone.txt"), (Places{{L"C:\\s\\gone.txt", 0}}));
+}
+
 TEST(Limits, EndARunThatOpensBlocksForEver) {
     ScriptRun run;
     run.World.StepsLeft = 2 * 4'194'304 + 100;
     EXPECT_EQ(Effects(run, L"do\nif 1==1\ncontinue\nendif\nwhile 1==1"),
               (Lines{"err Too many open blocks.(4194304)\nif 1==1"}));
+}
+
+TEST(Limits, EndARunWhosePatternTakesTooLong) {
+    // $v gets twice as long as $w in each round.
+    EXPECT_EQ(EffectsOf(L"var $v\nvar $w\nvar $n\n$n=0\n$v=x\n"
+                        L"do\n$w=$v\n$v=&$v\n$n=+1\nwhile $n<19\n"
+                        L"if $v^*$wy\nmessagebox=0,fits\nelse\nmessagebox=0,does not\nendif"),
+              (Lines{"err The pattern takes too long.(67108864 steps)\nif $v^*$wy"}));
 }
 
 TEST(Limits, KeepRewrittenLinesShort) {

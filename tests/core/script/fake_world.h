@@ -2,6 +2,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -51,6 +52,7 @@ public:
     bool Writes = true;
     long long StepsLeft = 1'000'000'000;
     std::map<std::wstring, std::uint32_t> HostNumbers;
+    std::function<void()> Listen = [] {};  ///< Called while a person reads what the program says.
     std::optional<std::wstring> Login = L"u";
     std::optional<std::wstring> Local = L"C:\\Local";
 
@@ -68,9 +70,13 @@ public:
         Note("msg", std::to_wstring(style) + L' ' + text);
         return Answer(1);
     }
-    void Tell(const std::wstring& text, lang::Tone) override { Note("err", text); }
+    void Tell(const std::wstring& text, lang::Tone) override {
+        Note("err", text);
+        Listen();
+    }
     bool Ask(const std::wstring& question, lang::Tone) override {
         Note("ask", question);
+        Listen();
         return Answer(6) == 6;
     }
     int Answer(int other) {
