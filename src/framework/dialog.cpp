@@ -146,12 +146,24 @@ bool CDialog::HandleDialogMessage(MSG& message) {
     return Handle() != nullptr && IsDialogMessageW(Handle(), &message) != FALSE;
 }
 
+// The system, too, would hand it on, but without a word on whose help it is.
+Answer CDialog::AskOwnerForHelp(WPARAM wParam, LPARAM lParam) {
+    const HWND owner = GetWindow(Handle(), GW_OWNER);
+    if (owner == nullptr) {
+        return std::nullopt;
+    }
+    return SendMessageW(owner, WM_HELP, wParam != 0 ? wParam : templateId_, lParam);
+}
+
 Answer CDialog::Dispatch(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_DPICHANGED) {
         ShowIcons();
     }
     if (Answer answer = CWnd::Dispatch(message, wParam, lParam)) {
         return answer;
+    }
+    if (message == WM_HELP) {
+        return AskOwnerForHelp(wParam, lParam);
     }
     if (message == WM_COMMAND && HIWORD(wParam) == BN_CLICKED) {
         if (LOWORD(wParam) == IDOK) {

@@ -53,7 +53,8 @@ protected:
     virtual void OnOK() { EndDialog(IDOK); }
     virtual void OnCancel() { EndDialog(IDCANCEL); }
 
-    /// The class's routes first, then the dialog's own OK and Cancel.
+    /// The class's routes first, then the dialog's own OK and Cancel. Help that no route gives is asked of
+    /// the owner: WM_HELP with the number of this dialog's template.
     Answer Dispatch(UINT message, WPARAM wParam, LPARAM lParam) override;
 
 private:
@@ -61,6 +62,7 @@ private:
     void RunLoop();
     void EnableOwner() noexcept;
     void ShowIcons();
+    Answer AskOwnerForHelp(WPARAM wParam, LPARAM lParam);
     bool Make(HWND owner);
 
     static inline UINT iconId_ = 0;
