@@ -12,6 +12,7 @@
 
 #include "app/command_line.h"
 #include "app/dll_search_path.h"
+#include "app/favourites_win32.h"
 #include "base/language_win32.h"
 #include "calendar/clock_win32.h"
 #include "desktop/host_messages.h"
@@ -113,6 +114,9 @@ bool CFerryApp::InitInstance() {
                                changes,
                                [&files](HWND owner) -> std::unique_ptr<transfer::ShellOperations> {
                                    return std::make_unique<desktop::WindowsShellOperations>(owner, files);
+                               },
+                               [&localiser](HWND window) -> std::unique_ptr<dialogs::Favourites> {
+                                   return std::make_unique<ScriptFavourites>(localiser, window);
                                }};
     const HWND owner = host.WindowMode == desktop::kOwnedWindowMode ? desktop::FindHostWindow() : nullptr;
     dialogs::CFerryDlg dialog(services, OptionsOfThisProcess(), owner);

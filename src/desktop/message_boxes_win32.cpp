@@ -1,7 +1,5 @@
 #include "desktop/message_boxes_win32.h"
 
-#include <windows.h>
-
 namespace ferry::desktop {
 namespace {
 
@@ -19,11 +17,19 @@ UINT IconOf(lang::Tone tone) noexcept {
     return 0;
 }
 
-int Show(const std::wstring& text, UINT style) {
-    return MessageBoxW(GetActiveWindow(), text.c_str(), L"Ferry", style);
+}  // namespace
+
+HWND OwnerOfBox(HWND under) noexcept {
+    const HWND active = GetActiveWindow();
+    return active != nullptr || under == nullptr ? active : GetLastActivePopup(under);
 }
 
-}  // namespace
+int MessageBoxes::Show(const std::wstring& text, UINT style) const {
+    std::wstring title = L"Ferry";
+    if (const std::wstring about = about_ ? about_() : std::wstring(); !about.empty())
+        title.append(L" - ").append(about);
+    return MessageBoxW(OwnerOfBox(under_), text.c_str(), title.c_str(), style);
+}
 
 void MessageBoxes::Tell(const std::wstring& text, lang::Tone tone) {
     Show(text, MB_OK | IconOf(tone));

@@ -19,6 +19,14 @@ constexpr ULONGLONG kLongestStatementMs = 200;
 
 ScriptPace::ScriptPace(SignMaker makeSign) : makeSign_(std::move(makeSign)), lookedAt_(GetTickCount64()) {}
 
+void ScriptPace::Begin(SignMaker makeSign) {
+    End();
+    makeSign_ = std::move(makeSign);
+    lookedAt_ = GetTickCount64();
+    ranMs_ = 0;
+    isStopped_ = false;
+}
+
 bool ScriptPace::GoesOn() {
     // The clock that is read here is a number in memory; everything else waits until it has moved on.
     const ULONGLONG now = GetTickCount64();

@@ -116,9 +116,10 @@ bool CDlgBusy::OnInitDialog() {
 void CDlgBusy::OnCancel() {
     if (cancellable_) {
         cancelRequested_ = true;
-        EndDialog(IDCANCEL);
+        // First, so that whoever hears it can make a window ready to be the next active one.
         if (tellStop_)
             tellStop_();
+        EndDialog(IDCANCEL);
     }
 }
 

@@ -43,7 +43,8 @@ public:
     /// Draws the newest of both, whenever that was done last.
     void ShowNow();
 
-    /// What is told when the user asks to stop, besides TakeCancelRequest. It may be empty.
+    /// What is told when the user asks to stop, before the dialog ends, besides TakeCancelRequest. It may be
+    /// empty.
     void OnStop(std::function<void()> tell) { tellStop_ = std::move(tell); }
 
     bool PreTranslateMessage(MSG& message) override;

@@ -25,6 +25,9 @@ public:
     /// language unless the host wants its files maintained. Failures are silent.
     void Localise(int templateId, HWND dialog);
 
+    /// The settings' name of the user's language, such as ".ja-JP".
+    const std::wstring& LanguageSuffix() { return ChosenLanguage().Suffix; }
+
 private:
     struct Language {
         std::wstring Suffix;

@@ -6,13 +6,12 @@
 
 #include "base/text.h"
 #include "confirmation/policies.h"
-#include "desktop/shell_open.h"
 #include "desktop/window_placement.h"
+#include "dialogs/list_items.h"
 #include "framework/accessible_name.h"
 #include "framework/fields.h"
 #include "framework/handles.h"
 #include "ids.h"
-#include "process/manual.h"
 
 namespace ferry::dialogs {
 
@@ -40,8 +39,6 @@ constexpr int kOperations[] = {IDC_COPY, IDC_MOVE};
 constexpr int kModes[] = {IDC_BATCH, IDC_INDIVIDUAL};
 
 constexpr int kIndividualOnly[] = {IDC_POLICY_GROUP, IDC_PRECISION_LABEL, IDC_PRECISION};
-
-constexpr const wchar_t* kPrecisions[] = {L"標準", L"±1秒は同一とみなす", L"±2秒は同一とみなす"};
 
 // Menus take "&" for a mnemonic.
 std::wstring MenuText(std::wstring_view text) {
@@ -88,8 +85,6 @@ bool CFerryDlg::OnInitDialog() {
     const hostlink::HostData& host = services_.Host;
     const bool hostHandedData = !host.SelectedItems.IsEmpty() || !host.TabFolders.IsEmpty();
     EnableWindow(Item(IDOK), hostHandedData ? TRUE : FALSE);
-    // Favourites are not offered yet; a disabled button says so.
-    EnableWindow(Item(IDC_FAVOURITES), FALSE);
     for (const wchar_t* precision : kPrecisions) {
         SendDlgItemMessageW(Handle(), IDC_PRECISION, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(precision));
     }
@@ -178,6 +173,7 @@ std::span<const Route> CFerryDlg::Routes() const {
         framework::OnClick<&CFerryDlg::OnModeChanged>(IDC_INDIVIDUAL),
         framework::OnClick<&CFerryDlg::OnBrowse>(IDC_BROWSE),
         framework::OnClick<&CFerryDlg::OnOtherTabs>(IDC_OTHER_TABS),
+        framework::OnClick<&CFerryDlg::OnFavourites>(IDC_FAVOURITES),
         framework::OnCommand<&CFerryDlg::OnTabSelected>(IDC_TAB_LIST, LBN_SELCHANGE),
     };
     return kRoutes;
@@ -196,12 +192,16 @@ void CFerryDlg::OnBrowse() {
     }
 }
 
+/// What is missing, and that it is: two texts of the host's, joined as they are.
+void CFerryDlg::ShowMissing(std::uint16_t number) {
+    services_.Speaker.Tell(services_.Messages.Fetch(number) + services_.Messages.Fetch(kMessageMissingTail),
+                           lang::Tone::Warning);
+}
+
 void CFerryDlg::OnOtherTabs() {
     const base::TextList& folders = services_.Host.TabFolders;
     if (folders.IsEmpty()) {
-        services_.Speaker.Tell(
-            services_.Messages.Fetch(kMessageNoTabFolders) + services_.Messages.Fetch(kMessageMissingTail),
-            lang::Tone::Warning);
+        ShowMissing(kMessageNoTabFolders);
         return;
     }
     const framework::MenuHandle menu(CreatePopupMenu());
@@ -221,12 +221,6 @@ void CFerryDlg::OnTabSelected() {
     if (index >= 0 && static_cast<std::size_t>(index) < services_.Host.TabFolders.Size()) {
         SetDestination(services_.Host.TabFolders[static_cast<std::size_t>(index)]);
     }
-}
-
-Answer CFerryDlg::OnHelp(WPARAM, LPARAM) {
-    desktop::OpenManualPage(
-        Handle(), process::ManualAddress(FERRY_MANUAL_BASE, process::kFerryManualPage, services_.ModulePath));
-    return TRUE;
 }
 
 Answer CFerryDlg::OnRaiseTimer(WPARAM id, LPARAM) {

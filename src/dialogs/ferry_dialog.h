@@ -1,6 +1,7 @@
 // The confirmation dialog: what is transferred, where to, and how.
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -11,8 +12,10 @@
 #include "controls/folder_list.h"
 #include "controls/history_combo_box.h"
 #include "dialogs/dialog_ex.h"
+#include "dialogs/favourites.h"
 #include "dialogs/services.h"
 #include "dialogs/start_options.h"
+#include "dirmenu/dir_menu.h"
 #include "framework/fields.h"
 #include "transfer/leftovers.h"
 #include "transfer/request.h"
@@ -28,9 +31,14 @@ public:
 protected:
     bool OnInitDialog() override;
     void OnOK() override;
+    void OnCancel() override;
     std::span<const framework::Route> Routes() const override;
 
 private:
+    /// What a person does with the favourites just now.
+    enum class FavouriteUse { None, Choosing, Running };
+    class UseInProgress;
+
     bool ExchangeForm(framework::Exchange way);
     void PrepareDestination();
     void ShowModeLayout();
@@ -58,7 +66,14 @@ private:
     void OnBrowse();
     void OnOtherTabs();
     void OnTabSelected();
-    framework::Answer OnHelp(WPARAM, LPARAM);
+    void ShowMissing(std::uint16_t number);
+    framework::Answer OnHelp(WPARAM templateId, LPARAM);
+
+    // The favourites.
+    void OnFavourites();
+    std::optional<dirmenu::Choice> AskForFavourite(const std::wstring& folder);
+    void TakeFavourite(const dirmenu::Choice& choice);
+    void RunFavourite(const std::wstring& script);
 
     // The start of the transfer.
     std::optional<transfer::TransferRequest> MakeRequest();
@@ -75,6 +90,9 @@ private:
     confirmation::Choices form_;  ///< What the controls hold.
     confirmation::Arrivals arrivals_;
     bool hasStarted_ = false;
+    bool hasNewDestination_ = false;  ///< Since a favourite began to run.
+    FavouriteUse favouriteUse_ = FavouriteUse::None;
+    std::unique_ptr<Favourites> favourites_;  ///< Made when they are first wanted.
     controls::CCmdListCtrl list_;
     controls::CFolderList tabList_;
     controls::CHistryComboBoxEx destination_;

@@ -175,6 +175,7 @@ void CFerryDlg::SetDestinationAndSelect(std::wstring_view folder) {
     if (!folder.empty()) {
         SetDestination(folder);
         destination_.SelectAll();
+        hasNewDestination_ = true;
     }
 }
 

@@ -14,8 +14,9 @@
 namespace ferry::dialogs {
 
 void CFerryDlg::OnOK() {
-    // A run takes the messages of its thread, so another program's press can come in the middle of one.
-    if (hasStarted_)
+    // A run takes the messages of its thread, and so does a favourite's script: another program's press can
+    // come in the middle of one.
+    if (hasStarted_ || favouriteUse_ != FavouriteUse::None)
         return;
     std::optional<transfer::TransferRequest> request = MakeRequest();
     if (!request)
@@ -71,9 +72,9 @@ void CFerryDlg::RunTransfer(const transfer::TransferRequest& request) {
     ReportLeftovers(services_.Localiser, Handle(), RunItemByItem(request, *shell));
 }
 
-/// In the middle of a file nobody logs off.
+/// In the middle of a file or of a script nobody logs off.
 framework::Answer CFerryDlg::OnSessionEnds(WPARAM, LPARAM) const {
-    return hasStarted_ ? framework::Answer(FALSE) : std::nullopt;
+    return hasStarted_ || favouriteUse_ == FavouriteUse::Running ? framework::Answer(FALSE) : std::nullopt;
 }
 
 transfer::Leftovers CFerryDlg::RunItemByItem(const transfer::TransferRequest& request,

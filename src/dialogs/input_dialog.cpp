@@ -5,6 +5,7 @@
 #include <tuple>
 #include <utility>
 
+#include "dialogs/list_items.h"
 #include "framework/fields.h"
 #include "ids.h"
 #include "paths/path_grammar.h"
@@ -24,13 +25,6 @@ constexpr wchar_t kTimeFormat[] = L"Time";
 constexpr wchar_t kWeekdayFormat[] = L"Week";
 constexpr wchar_t kDateSource[] = L"DateType";
 constexpr wchar_t kUndo[] = L"RenameUndo";
-
-constexpr const wchar_t* kDateFormats[] = {L"%Y-%m-%d", L"%Y%m%d", L"%Y年%m月%d日",
-                                           L"%y-%m-%d", L"%y%m%d", L"%y年%m月%d日"};
-constexpr const wchar_t* kTimeFormats[] = {L"%H-%M-%S", L"%H%M%S", L"%H時%M分%S秒",
-                                           L"%I-%M-%S", L"%I%M%S", L"%p%I時%M分%S秒"};
-constexpr const wchar_t* kWeekdayFormats[] = {L"%a", L"%A", L"%U", L"%w", L"%W"};
-constexpr const wchar_t* kDateSources[] = {L"現在日時", L"作成日時", L"更新日時", L"アクセス日時"};
 
 // Only while name and extension stand apart.
 constexpr int kSplitOnly[] = {IDC_EXTENSION_LABEL, IDC_EXTENSION_HINT, IDC_EXTENSION};

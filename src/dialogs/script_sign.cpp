@@ -14,6 +14,9 @@ public:
         : owner_(owner), dialog_(localiser) {
         dialog_.SetCancellable(true);
         dialog_.SetFirstLine(std::move(scriptName));
+        // The window hides itself when it is stopped. If its owner were disabled then, the foreground would
+        // go to another program.
+        dialog_.OnStop([owner] { EnableWindow(owner, TRUE); });
         dialog_.Create(owner);
         // Nobody knows how far a script has come.
         ShowWindow(dialog_.Item(IDC_BUSY_BAR), SW_HIDE);

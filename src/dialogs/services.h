@@ -7,6 +7,7 @@
 
 #include "calendar/clock.h"
 #include "dialogs/dialog_localiser.h"
+#include "dialogs/favourites.h"
 #include "files/ports.h"
 #include "framework/keyboard.h"
 #include "framework/shell_manager.h"
@@ -34,6 +35,10 @@ struct Services {
     /// The shell's operations; the window owns what they show. Before it transfers, the thread must have
     /// initialised COM.
     std::function<std::unique_ptr<transfer::ShellOperations>(HWND owner)> MakeShellOperations;
+
+    /// The user's favourites. Their scripts take `dialog` for the host's main window, and must not outlive
+    /// it.
+    std::function<std::unique_ptr<Favourites>(HWND dialog)> MakeFavourites;
 };
 
 /// Whether the choices of this run are used without being remembered, which holding Shift asks for.

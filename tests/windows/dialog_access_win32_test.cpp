@@ -35,54 +35,93 @@ struct Layout {
 
 using Letters = std::map<wchar_t, int>;
 
+/// What the confirmation dialog shows in both modes.
+Letters LettersOfBothModes(Language language) {
+    if (language == Language::English) {
+        return {{L'D', IDC_DESTINATION}, {L'V', IDC_FAVOURITES}, {L'C', IDC_COPY},       {L'M', IDC_MOVE},
+                {L'B', IDC_BATCH},       {L'I', IDC_INDIVIDUAL}, {L'O', IDC_OPEN_TARGET}};
+    }
+    return {{L'Z', IDC_DESTINATION}, {L'X', IDC_FAVOURITES}, {L'P', IDC_COPY},       {L'M', IDC_MOVE},
+            {L'E', IDC_BATCH},       {L'K', IDC_INDIVIDUAL}, {L'J', IDC_OPEN_TARGET}};
+}
+
+Letters LettersOfPolicies(Language language) {
+    if (language == Language::English) {
+        return {{L'N', IDC_POLICY_IF_SOURCE_IS_NEWER},   {L'L', IDC_POLICY_IF_SOURCE_IS_OLDER},
+                {L'S', IDC_POLICY_KEEP_EXISTING},        {L'W', IDC_POLICY_OVERWRITE},
+                {L'R', IDC_POLICY_RENAME_INCOMING},      {L'E', IDC_POLICY_RENAME_EXISTING},
+                {L'U', IDC_POLICY_RENAME_AUTOMATICALLY}, {L'K', IDC_POLICY_ASK_EACH}};
+    }
+    return {{L'N', IDC_POLICY_IF_SOURCE_IS_NEWER},   {L'L', IDC_POLICY_IF_SOURCE_IS_OLDER},
+            {L'F', IDC_POLICY_KEEP_EXISTING},        {L'U', IDC_POLICY_OVERWRITE},
+            {L'R', IDC_POLICY_RENAME_INCOMING},      {L'B', IDC_POLICY_RENAME_EXISTING},
+            {L'W', IDC_POLICY_RENAME_AUTOMATICALLY}, {L'D', IDC_POLICY_ASK_EACH}};
+}
+
 /// Which control each letter of the confirmation dialog leads to.
 Letters LettersOfConfirmation(const Layout& layout) {
-    Letters letters = {{L'Z', IDC_DESTINATION}, {L'X', IDC_FAVOURITES}, {L'P', IDC_COPY},
-                       {L'M', IDC_MOVE},        {L'E', IDC_BATCH},      {L'K', IDC_INDIVIDUAL},
-                       {L'J', IDC_OPEN_TARGET}};
+    Letters letters = LettersOfBothModes(layout.In);
     letters.emplace(L'T', layout.IsList ? IDC_TAB_LIST : IDC_OTHER_TABS);
-    if (!layout.IsIndividual) {
+    if (layout.IsIndividual) {
+        letters.merge(LettersOfPolicies(layout.In));
+    } else {
         letters.emplace(L'A', IDC_NO_ASK);
-        return letters;
     }
-    letters.insert({{L'N', IDC_POLICY_IF_SOURCE_IS_NEWER},
-                    {L'L', IDC_POLICY_IF_SOURCE_IS_OLDER},
-                    {L'F', IDC_POLICY_KEEP_EXISTING},
-                    {L'U', IDC_POLICY_OVERWRITE},
-                    {L'R', IDC_POLICY_RENAME_INCOMING},
-                    {L'B', IDC_POLICY_RENAME_EXISTING},
-                    {L'W', IDC_POLICY_RENAME_AUTOMATICALLY},
-                    {L'D', IDC_POLICY_ASK_EACH}});
     return letters;
+}
+
+Letters LettersOfRename(Language language) {
+    if (language == Language::English) {
+        return {{L'N', IDC_NEW_NAME},
+                {L'E', IDC_EXTENSION},
+                {L'D', IDC_INSERT_DATE},
+                {L'F', IDC_DATE_FORMATS},
+                {L'T', IDC_INSERT_TIME},
+                {L'M', IDC_TIME_FORMATS},
+                {L'W', IDC_INSERT_WEEKDAY},
+                {L'Y', IDC_WEEKDAY_FORMATS},
+                {L'S', IDC_DATE_SOURCES},
+                {L'P', IDC_REMOVE_COPY_MARKS},
+                {L'L', IDC_REMOVE_LEADING_DIGITS},
+                {L'R', IDC_REMOVE_TRAILING_DIGITS},
+                {L'U', IDC_UPPER_CASE},
+                {L'O', IDC_LOWER_CASE},
+                {L'C', IDC_CAPITALISE},
+                {L'X', IDC_SPLIT_FILES},
+                {L'I', IDC_SPLIT_FOLDERS}};
+    }
+    return {{L'F', IDC_NEW_NAME},
+            {L'E', IDC_EXTENSION},
+            {L'D', IDC_INSERT_DATE},
+            {L'T', IDC_DATE_FORMATS},
+            {L'S', IDC_INSERT_TIME},
+            {L'R', IDC_TIME_FORMATS},
+            {L'W', IDC_INSERT_WEEKDAY},
+            {L'Y', IDC_WEEKDAY_FORMATS},
+            {L'U', IDC_DATE_SOURCES},
+            {L'P', IDC_REMOVE_COPY_MARKS},
+            {L'M', IDC_REMOVE_LEADING_DIGITS},
+            {L'L', IDC_REMOVE_TRAILING_DIGITS},
+            {L'G', IDC_UPPER_CASE},
+            {L'H', IDC_LOWER_CASE},
+            {L'J', IDC_CAPITALISE},
+            {L'X', IDC_SPLIT_FILES},
+            {L'Z', IDC_SPLIT_FOLDERS}};
 }
 
 /// The same for any of the dialogs.
 Letters LettersOf(const Layout& layout) {
+    const bool isEnglish = layout.In == Language::English;
     switch (layout.Template) {
         case IDD_BUSY:
-            return {{L'C', IDCANCEL}};
+            return {{isEnglish ? L'S' : L'C', IDCANCEL}};
         case IDD_FILE_MODE:
-            return {{L'O', IDC_APPLY_TO_ALL}, {L'A', IDC_STOP_ALL}};
+            return isEnglish ? Letters{{L'A', IDC_APPLY_TO_ALL}, {L'S', IDC_STOP_ALL}}
+                             : Letters{{L'O', IDC_APPLY_TO_ALL}, {L'A', IDC_STOP_ALL}};
         case IDD_REPORT:
             return {{L'C', IDC_REPORT_COPY}};
         case IDD_INPUT:
-            return {{L'F', IDC_NEW_NAME},
-                    {L'E', IDC_EXTENSION},
-                    {L'D', IDC_INSERT_DATE},
-                    {L'T', IDC_DATE_FORMATS},
-                    {L'S', IDC_INSERT_TIME},
-                    {L'R', IDC_TIME_FORMATS},
-                    {L'W', IDC_INSERT_WEEKDAY},
-                    {L'Y', IDC_WEEKDAY_FORMATS},
-                    {L'U', IDC_DATE_SOURCES},
-                    {L'P', IDC_REMOVE_COPY_MARKS},
-                    {L'M', IDC_REMOVE_LEADING_DIGITS},
-                    {L'L', IDC_REMOVE_TRAILING_DIGITS},
-                    {L'G', IDC_UPPER_CASE},
-                    {L'H', IDC_LOWER_CASE},
-                    {L'J', IDC_CAPITALISE},
-                    {L'X', IDC_SPLIT_FILES},
-                    {L'Z', IDC_SPLIT_FOLDERS}};
+            return LettersOfRename(layout.In);
         default:
             return LettersOfConfirmation(layout);
     }

@@ -2,6 +2,7 @@
 #include <windows.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 #include <memory>
 
@@ -10,6 +11,8 @@
 #include "dialogs/file_mode_dialog.h"
 #include "dialogs/input_dialog.h"
 #include "dialogs/report_dialog.h"
+#include "texts/new_language.h"
+#include "texts/text_tree.h"
 #include "windows/dialog_world_win32.h"
 #include "windows/support_win32.h"
 
@@ -57,6 +60,16 @@ TEST_P(DialogTexts, AreReadWhereTheyLie) {
     // The rename dialog has the title that its caller wants.
     EXPECT_EQ(title_, GetParam().Template == 133 ? L"caption" : L"Translated");
     EXPECT_EQ(test::ReadUnits(Path()), text);
+}
+
+TEST_P(DialogTexts, AreWhatTranslatorsStartWith) {
+    OpenAndClose();
+    texts::TextTree tree(FERRY_ROOT);
+    ASSERT_TRUE(tree.Load());
+    const auto file = std::ranges::find(tree.Dialogs(), GetParam().Template,
+                                        [](const texts::DialogFile& one) { return one.Dialog.Number; });
+    ASSERT_NE(file, tree.Dialogs().end());
+    EXPECT_EQ(test::ReadUnits(Path()), texts::StartDialogText(file->Dialog, L"").Units);
 }
 
 template <class Dialog, class... Arguments>

@@ -16,6 +16,19 @@ std::wstring InstalledProgram() {
     return module.substr(0, module.rfind(L'\\') + 1) + L"Ferry.exe";
 }
 
+/// Runs nothing but what the test wants.
+class FavouritesByPlan final : public dialogs::Favourites {
+public:
+    FavouritesByPlan(const PlannedFavourites& plan, HWND dialog) noexcept : plan_(plan), dialog_(dialog) {}
+
+    std::wstring Folder() override { return plan_.Folder; }
+    void Run(const std::wstring& path) override { plan_.Run(path, dialog_); }
+
+private:
+    const PlannedFavourites& plan_;
+    HWND dialog_;
+};
+
 }  // namespace
 
 DialogWorld::DialogWorld() : DialogWorld(InstalledProgram()) {}
@@ -53,6 +66,9 @@ dialogs::Services DialogWorld::ServicesWith(calendar::Clock& clock, files::Folde
             changes_,
             [this](HWND owner) -> std::unique_ptr<transfer::ShellOperations> {
                 return std::make_unique<desktop::WindowsShellOperations>(owner, files_);
+            },
+            [this](HWND dialog) -> std::unique_ptr<dialogs::Favourites> {
+                return std::make_unique<FavouritesByPlan>(Favourites, dialog);
             }};
 }
 

@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -19,6 +20,13 @@
 
 namespace ferry::test {
 
+/// The favourites of a dialog, as a test wants them.
+struct PlannedFavourites {
+    std::wstring Folder;  ///< Not there until a test names one.
+    /// What running the script at `path` does; `dialog` is the window that it works for.
+    std::function<void(const std::wstring& path, HWND dialog)> Run = [](const std::wstring&, HWND) {};
+};
+
 /// The program's services, as a dialog meets them on a fresh machine: in Japanese until a language is put
 /// among the host's texts.
 class DialogWorld {
@@ -34,6 +42,7 @@ public:
     MemoryStore Store;
     StandingClock Clock;
     MessageText Messages;  ///< Not there until a test puts its lines there.
+    PlannedFavourites Favourites;
 
     /// The services with `clock` in the place of the standing one, or with `folders` in that of the disk's.
     dialogs::Services ServicesWith(calendar::Clock& clock);

@@ -5,42 +5,16 @@
 #include <algorithm>
 #include <vector>
 
-#include "dialogs/dialog_ex.h"
 #include "ids.h"
 #include "lang/dialog_text.h"
 #include "process/module_path_win32.h"
+#include "windows/any_dialog_win32.h"
 #include "windows/dialog_template_win32.h"
 #include "windows/dialog_world_win32.h"
 #include "windows/support_win32.h"
 
 namespace ferry::dialogs {
 namespace {
-
-/// A dialog of any template, with nothing but its texts.
-class AnyDialog : public CDialogEx {
-public:
-    using CDialogEx::CDialogEx;
-
-protected:
-    bool OnInitDialog() override {
-        Localise();
-        return true;
-    }
-};
-
-// NOLINTNEXTLINE(readability-non-const-parameter): the system prescribes it
-BOOL CALLBACK NoteTemplate(HMODULE, LPCWSTR, LPWSTR name, LONG_PTR list) {
-    if (IS_INTRESOURCE(name))
-        reinterpret_cast<std::vector<int>*>(list)->push_back(LOWORD(name));
-    return TRUE;
-}
-
-std::vector<int> TemplatesOfTheProgram() {
-    std::vector<int> templates;
-    // RT_DIALOG, whose type changes with the character set.
-    EnumResourceNamesW(nullptr, MAKEINTRESOURCEW(5), &NoteTemplate, reinterpret_cast<LONG_PTR>(&templates));
-    return templates;
-}
 
 bool IsJapanese(const std::wstring& text) {
     return std::ranges::any_of(text, [](wchar_t unit) { return unit >= 0x3000; });
@@ -56,14 +30,14 @@ std::wstring EnglishTextPath(int templateId) {
 TEST(EveryDialog, SpeaksEnglishToWhoeverReadsEnglish) {
     test::DialogWorld world;
     world.Store.HostTexts[L"NLS"] = L".en-US";
-    const std::vector<int> templates = TemplatesOfTheProgram();
+    const std::vector<int> templates = test::TemplatesOfTheProgram();
     ASSERT_GE(templates.size(), 5U);
     for (const int id : templates) {
         SCOPED_TRACE(id);
         // Without the file the dialog would write one.
         const std::wstring path = EnglishTextPath(id);
         ASSERT_NE(GetFileAttributesW(path.c_str()), INVALID_FILE_ATTRIBUTES);
-        AnyDialog dialog(static_cast<UINT>(id), world.Services().Localiser);
+        test::AnyDialog dialog(static_cast<UINT>(id), world.Services().Localiser);
         ASSERT_TRUE(dialog.Create(nullptr));
         EXPECT_FALSE(IsJapanese(test::TextOfWindow(dialog.Handle())));
         for (HWND control = GetWindow(dialog.Handle(), GW_CHILD); control != nullptr;
@@ -89,9 +63,9 @@ LONG IconWidth(HWND window, WPARAM size) {
 TEST(EveryDialog, BearsTheIconInBothSizes) {
     test::DialogWorld world;
     framework::CDialog::UseIcon(IDI_FERRY);
-    for (const int id : TemplatesOfTheProgram()) {
+    for (const int id : test::TemplatesOfTheProgram()) {
         SCOPED_TRACE(id);
-        AnyDialog dialog(static_cast<UINT>(id), world.Services().Localiser);
+        test::AnyDialog dialog(static_cast<UINT>(id), world.Services().Localiser);
         EXPECT_TRUE(dialog.Create(nullptr));
         const UINT dpi = GetDpiForWindow(dialog.Handle());
         EXPECT_EQ(IconWidth(dialog.Handle(), ICON_BIG), GetSystemMetricsForDpi(SM_CXICON, dpi));
@@ -101,7 +75,7 @@ TEST(EveryDialog, BearsTheIconInBothSizes) {
 }
 
 TEST(EveryDialog, IsInJapaneseByItselfAndInTheFontOfDialogs) {
-    for (const int id : TemplatesOfTheProgram()) {
+    for (const int id : test::TemplatesOfTheProgram()) {
         SCOPED_TRACE(id);
         const test::DialogTemplate dialog = test::ReadDialogTemplate(id);
         EXPECT_TRUE(IsJapanese(dialog.Title));

@@ -66,10 +66,12 @@ TEST_F(DialogAtItsStart, EachStoredChoiceHasItsOwnControl) {
     EXPECT_TRUE(IsChecked(IDC_OPEN_TARGET));
 }
 
-TEST_F(DialogAtItsStart, OffersNoFavouritesYet) {
-    Open({L"C:\\a.txt"});
-    EXPECT_TRUE(test::IsShown(Window(), IDC_FAVOURITES));
-    EXPECT_FALSE(IsWindowEnabled(GetDlgItem(Window(), IDC_FAVOURITES)));
+TEST_F(DialogAtItsStart, OffersFavouritesAlsoWithoutSources) {
+    for (const std::vector<std::wstring>& items : {std::vector<std::wstring>{L"C:\\a.txt"}, {}}) {
+        Open(items);
+        EXPECT_TRUE(test::IsShown(Window(), IDC_FAVOURITES));
+        EXPECT_TRUE(IsWindowEnabled(GetDlgItem(Window(), IDC_FAVOURITES)));
+    }
 }
 
 TEST_F(DialogAtItsStart, GivesTheListTheSystemsSmallIcons) {

@@ -284,6 +284,21 @@ TEST_F(TheStart, BeginsComForTheTransfer) {
     EXPECT_TRUE(hadComInTime);
 }
 
+TEST_F(TheStart, OpensNoFavouritesWhileItTransfers) {
+    OpenWith(destination_);
+    int presses = 0;
+    const test::WatchedImport<&CoCreateInstance> create(
+        "CoCreateInstance", [&](REFCLSID classId, LPUNKNOWN outer, DWORD servers, REFIID id, LPVOID* object) {
+            ++presses;
+            SendMessageW(Window(), WM_COMMAND, MAKEWPARAM(IDC_FAVOURITES, BN_CLICKED),
+                         reinterpret_cast<LPARAM>(GetDlgItem(Window(), IDC_FAVOURITES)));
+            return create.CallReal(classId, outer, servers, id, object);
+        });
+    PressStart();
+    EXPECT_GE(presses, 1);
+    EXPECT_TRUE(boxes_.Asked.empty()) << "there are no favourites, which nobody wanted to know";
+}
+
 TEST_F(TheStart, KeepsTheSessionFromEndingWhileItTransfers) {
     *world_.Messages.File += L"5954\tcopying\r\n";
     OpenWith(destination_);

@@ -65,6 +65,15 @@ TEST(ScriptBoxes, StandOverTheActiveWindow) {
     EXPECT_EQ(boxes.Only().Owner, window.Get());
 }
 
+TEST(ScriptBoxes, StandOverTheGivenWindowWhileNoneIsActive) {
+    const test::TestWindow window(
+        CreateWindowExW(0, L"Static", L"", WS_POPUP, 0, 0, 50, 50, nullptr, nullptr, nullptr, nullptr));
+    const test::WatchedImport<&GetActiveWindow> active("GetActiveWindow", [] { return HWND{}; });
+    const test::AnsweredBoxes boxes;
+    desktop::ScriptBoxes(window.Get()).Show(L"text", 0);
+    EXPECT_EQ(boxes.Only().Owner, window.Get());
+}
+
 TEST(ScriptHost, RecordsNameTheOwnWindowAndAreZeroBehindTheText) {
     const test::RecordingWindow window(test::UniqueName(L"FerryHost"), L"host");
     desktop::ScriptHost(window.Handle(), GetDesktopWindow()).HandOver({.Code = 100, .Text = L"ab"});
@@ -170,6 +179,44 @@ TEST_F(ScriptPaceTest, ThePersonStopsTheRunForGood) {
     isPressed_ = false;
     time_.Now += 1000;
     EXPECT_FALSE(RunFor(200));
+}
+
+TEST_F(ScriptPaceTest, TheNextRunIsNotStoppedAndHasASignOfItsOwn) {
+    EXPECT_TRUE(RunFor(kLongerThanUntilTheSign));
+    isPressed_ = true;
+    EXPECT_FALSE(RunFor(200));
+    isPressed_ = false;
+    int others = 0;
+    pace_.Begin([&]() -> std::unique_ptr<desktop::ScriptSign> {
+        ++others;
+        return std::make_unique<TestSign>(isPressed_);
+    });
+    time_.Now += 60'000;  // nothing ran meanwhile
+    pace_.Begin([&]() -> std::unique_ptr<desktop::ScriptSign> {
+        ++others;
+        return std::make_unique<TestSign>(isPressed_);
+    });
+    EXPECT_TRUE(RunFor(desktop::ScriptPace::kSignAfterMs - 100));
+    EXPECT_EQ(others, 0);
+    EXPECT_TRUE(RunFor(200));
+    EXPECT_EQ(others, 1);
+    EXPECT_EQ(signs_, 1);
+}
+
+TEST_F(ScriptPaceTest, TheSignGoesWithTheRun) {
+    bool stands = false;
+    struct Standing final : desktop::ScriptSign {
+        explicit Standing(bool& stands) : Stands(stands) { Stands = true; }
+        ~Standing() override { Stands = false; }
+        bool TakesMessage(MSG&) override { return false; }
+        bool IsStopped() override { return false; }
+        bool& Stands;
+    };
+    pace_.Begin([&] { return std::make_unique<Standing>(stands); });
+    EXPECT_TRUE(RunFor(kLongerThanUntilTheSign));
+    EXPECT_TRUE(stands);
+    pace_.End();
+    EXPECT_FALSE(stands);
 }
 
 TEST_F(ScriptPaceTest, AWaitEndsWhenThePersonStopsTheRun) {

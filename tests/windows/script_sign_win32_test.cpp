@@ -4,10 +4,14 @@
 #include <windows.h>
 #include <gtest/gtest.h>
 
+#include <string>
+#include <vector>
+
 #include "ids.h"
 #include "samplehost/process_windows_win32.h"
 #include "windows/dialog_world_win32.h"
 #include "windows/support_win32.h"
+#include "windows/watched_import_win32.h"
 
 namespace ferry::dialogs {
 namespace {
@@ -62,6 +66,38 @@ TEST_F(ScriptSignTest, EscapeStopsTheScript) {
     PostMessageW(GetDlgItem(Window(), IDCANCEL), WM_KEYDOWN, VK_ESCAPE, 0);
     HandleMessages(*sign);
     EXPECT_TRUE(sign->IsStopped());
+}
+
+TEST_F(ScriptSignTest, EnablesItsOwnerBeforeItHidesWhenItIsStopped) {
+    const auto sign = make_();
+    const HWND window = Window();
+    std::vector<std::string> steps;
+    const test::WatchedImport<&EnableWindow> enable("EnableWindow", [&](HWND enabled, BOOL on) {
+        if (enabled == owner_.Get())
+            steps.emplace_back(on ? "enable" : "disable");
+        return enable.CallReal(enabled, on);
+    });
+    const test::WatchedImport<&ShowWindow> show("ShowWindow", [&](HWND shown, int how) {
+        if (shown == window && how == SW_HIDE)
+            steps.emplace_back("hide");
+        return show.CallReal(shown, how);
+    });
+    test::Click(window, IDCANCEL);
+    EXPECT_EQ(steps, (std::vector<std::string>{"enable", "hide"}));
+    EXPECT_TRUE(IsWindowEnabled(owner_.Get()));
+}
+
+TEST_F(ScriptSignTest, LeavesTheForegroundToItsOwnerWhenItIsStopped) {
+    if (!test::MayTakeForeground())
+        GTEST_SKIP() << test::kNoForeground;
+    ShowWindow(owner_.Get(), SW_SHOW);
+    SetForegroundWindow(owner_.Get());
+    const auto sign = make_();
+    SetForegroundWindow(Window());
+    ASSERT_TRUE(test::PumpUntil([] { return GetForegroundWindow() == Window(); }));
+    test::Click(Window(), IDCANCEL);
+    EXPECT_TRUE(test::PumpUntil([&] { return GetForegroundWindow() == owner_.Get(); }));
+    EXPECT_EQ(GetActiveWindow(), owner_.Get());
 }
 
 TEST_F(ScriptSignTest, StandsWithoutAnOwner) {

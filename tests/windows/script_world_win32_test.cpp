@@ -5,14 +5,15 @@
 #include <algorithm>
 #include <initializer_list>
 
+#include "app/real_world_win32.h"
 #include "base/utf16.h"
+#include "desktop/message_boxes_win32.h"
 #include "desktop/user_clipboard_win32.h"
 #include "e2e/driver/child_process.h"
 #include "e2e/driver/file_op_log.h"
 #include "process/module_path_win32.h"
 #include "process/programs.h"
 #include "script/engine.h"
-#include "script/real_world_win32.h"
 #include "windows/answered_boxes_win32.h"
 #include "windows/child_process_win32.h"
 #include "windows/current_folder_win32.h"
@@ -36,8 +37,9 @@ protected:
         for (const std::wstring& line : lines)
             text += line + L"\r\n";
         test::WriteUnits(script_, text);
-        scripttools::RealWorld world;
-        return Engine(world.Ports()).Run(script_, selection);
+        app::RealWorld world;
+        desktop::MessageBoxes speaker;
+        return Engine(world.Ports(speaker)).Run(script_, selection);
     }
 
     /// What a file in the test's folder holds.

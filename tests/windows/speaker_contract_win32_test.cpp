@@ -5,6 +5,7 @@
 #include "desktop/message_boxes_win32.h"
 #include "windows/answered_boxes_win32.h"
 #include "windows/support_win32.h"
+#include "windows/watched_import_win32.h"
 
 namespace ferry::lang::contract {
 namespace {
@@ -53,6 +54,29 @@ TEST(MessageBoxes, StandOverTheActiveWindow) {
     const test::AnsweredBoxes asked;
     desktop::MessageBoxes().Tell(L"text", Tone::Plain);
     EXPECT_EQ(asked.Only().Owner, window.Get());
+}
+
+TEST(MessageBoxes, StandOverTheGivenWindowWhileNoneIsActive) {
+    const test::TestWindow window(
+        CreateWindowExW(0, L"Static", L"", WS_POPUP, 0, 0, 50, 50, nullptr, nullptr, nullptr, nullptr));
+    const test::WatchedImport<&GetActiveWindow> active("GetActiveWindow", [] { return HWND{}; });
+    const test::AnsweredBoxes asked;
+    desktop::MessageBoxes(window.Get(), {}).Tell(L"text", Tone::Plain);
+    EXPECT_EQ(asked.Only().Owner, window.Get());
+    EXPECT_EQ(asked.Only().Title, L"Ferry");
+}
+
+TEST(MessageBoxes, SayInTheirTitlesWhatTheyAreAboutJustThen) {
+    std::wstring about = L"a.txt (3)";
+    desktop::MessageBoxes speaker(nullptr, [&] { return about; });
+    const test::AnsweredBoxes asked;
+    speaker.Tell(L"text", Tone::Plain);
+    about.clear();
+    speaker.Ask(L"question", Tone::Question);
+    ASSERT_EQ(asked.Asked.size(), 2U);
+    EXPECT_EQ(asked.Asked[0].Title, L"Ferry - a.txt (3)");
+    EXPECT_EQ(asked.Asked[0].Text, L"text");
+    EXPECT_EQ(asked.Asked[1].Title, L"Ferry");
 }
 
 }  // namespace

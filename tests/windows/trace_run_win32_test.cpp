@@ -1,7 +1,8 @@
 // Scripts that the engine runs, watched in the trace window.
+#include "app/real_world_win32.h"
 #include "base/utf16.h"
+#include "desktop/message_boxes_win32.h"
 #include "script/engine.h"
-#include "script/real_world_win32.h"
 #include "windows/answered_boxes_win32.h"
 #include "windows/trace_dialog_fixture_win32.h"
 
@@ -11,9 +12,10 @@ namespace {
 class TracedRun : public TraceDialogFixture {
 protected:
     void RunEngine(const std::wstring& path) const {
-        scripttools::RealWorld world;
+        app::RealWorld world;
+        desktop::MessageBoxes speaker;
         std::vector<std::wstring> selection;
-        script::Engine(world.Ports()).Run(path, selection);
+        script::Engine(world.Ports(speaker)).Run(path, selection);
     }
 
     void TearDown() override {

@@ -3,7 +3,8 @@
 
 #include <iostream>
 
-#include "real_world_win32.h"
+#include "app/real_world_win32.h"
+#include "desktop/message_boxes_win32.h"
 #include "script/engine.h"
 #include "script_program.h"
 
@@ -11,7 +12,7 @@ namespace {
 
 using namespace ferry;
 
-/// Speaks as the speaker of a world does, and knows whether a person was told of an error.
+/// Speaks as another speaker does, and knows whether a person was told of an error.
 class CountingSpeaker final : public lang::Speaker {
 public:
     explicit CountingSpeaker(lang::Speaker& speaker) : speaker_(speaker) {}
@@ -29,30 +30,11 @@ private:
     bool hasTold_ = false;
 };
 
-script::World WithSpeaker(const script::World& world, lang::Speaker& speaker) {
-    return {.Boxes = world.Boxes,
-            .Speaker = speaker,
-            .Programs = world.Programs,
-            .Host = world.Host,
-            .Trace = world.Trace,
-            .Settings = world.Settings,
-            .Files = world.Files,
-            .Folders = world.Folders,
-            .Changes = world.Changes,
-            .ByteFiles = world.ByteFiles,
-            .Clipboard = world.Clipboard,
-            .Speech = world.Speech,
-            .Clock = world.Clock,
-            .Chance = world.Chance,
-            .Surroundings = world.Surroundings,
-            .Homes = world.Homes,
-            .Pace = world.Pace};
-}
-
 bool RunOnThisMachine(const std::wstring& script, std::vector<std::wstring> selection) {
-    scripttools::RealWorld world;
-    CountingSpeaker speaker(world.Ports().Speaker);
-    script::Engine(WithSpeaker(world.Ports(), speaker)).Run(script, selection);
+    app::RealWorld world;
+    desktop::MessageBoxes boxes;
+    CountingSpeaker speaker(boxes);
+    script::Engine(world.Ports(speaker)).Run(script, selection);
     return speaker.HasTold();
 }
 

@@ -22,6 +22,7 @@ public:
         std::wstring Name;
         bool IsFolder;
         files::ItemTimes Times = {};  // NOLINT(readability-redundant-member-init): most tests leave it out
+        std::uint32_t MoreAttributes = 0;
     };
 
     std::uint32_t Search(std::wstring_view pattern,
@@ -34,18 +35,21 @@ public:
             if (!Fits(mask, base::SmallLetters(item.Name)))
                 return true;
             ++Visited;
-            return visit({item.Name, item.IsFolder ? files::kAttributeDirectory : kFile, item.Times});
+            const std::uint32_t kind = item.IsFolder ? files::kAttributeDirectory : kFile;
+            return visit({item.Name, kind | item.MoreAttributes, item.Times});
         };
-        if (!show({L".", true, {}}) || !show({L"..", true, {}}))
+        if (!show({L".", true, {}, OwnAttributes}) || !show({L"..", true, {}, OwnAttributes}))
             return 0;
         for (const Item& item : Items) {
             if (!show(item))
                 return 0;
         }
-        return 0;
+        return ErrorAtEnd;
     }
 
     std::vector<Item> Items;
+    std::uint32_t OwnAttributes = 0;  ///< Of the folders themselves, beside being folders.
+    std::uint32_t ErrorAtEnd = 0;     ///< What ends every search that was not ended before.
     std::wstring OnlyFolder;  ///< With its separator; when empty, what is no item is a folder of these items.
     std::vector<std::wstring> Patterns;
     std::size_t Visited = 0;
