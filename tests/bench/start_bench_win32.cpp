@@ -5,13 +5,13 @@
 // taken. Prints one line of JSON per comparison and ends with 1 when they could not be measured.
 #include <windows.h>
 
-#include <array>
 #include <chrono>
 #include <cstddef>
 #include <cstdio>
 #include <optional>
 #include <string>
 
+#include "appearance_win32.h"
 #include "comparison.h"
 #include "e2e/driver/child_process.h"
 #include "e2e/driver/surroundings.h"
@@ -23,48 +23,14 @@
 
 namespace {
 
+using ferry::bench::AppearanceHook;
+using ferry::bench::CountLabel;
 using ferry::e2e::ChildProcess;
 using ferry::samplehost::BlockFields;
 
 constexpr std::size_t kFewItems = 10;
 constexpr std::size_t kManyItems = 100'000;
 constexpr ferry::bench::Limits kLimits{.MostSeconds = 45, .WarmUpRounds = 2};
-constexpr int kCountLabelId = 1350;
-
-// Asked this often when no window says that it appeared.
-constexpr DWORD kLookMs = 5;
-
-/// Wakes the waiting thread whenever a window of another process appears. While it exists, a wait for
-/// messages ends at that moment; without it (a system that has no hooks) the look every kLookMs stays.
-class AppearanceHook {
-public:
-    AppearanceHook() noexcept
-        : hook_(SetWinEventHook(EVENT_OBJECT_SHOW, EVENT_OBJECT_SHOW, nullptr, &AppearanceHook::Ignore, 0, 0,
-                                WINEVENT_OUTOFCONTEXT)) {}
-    ~AppearanceHook() { UnhookWinEvent(hook_); }
-    AppearanceHook(const AppearanceHook&) = delete;
-    AppearanceHook& operator=(const AppearanceHook&) = delete;
-
-    void Wait() const {
-        MsgWaitForMultipleObjects(0, nullptr, FALSE, kLookMs, QS_ALLINPUT);
-        MSG message;
-        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-            DispatchMessageW(&message);
-        }
-    }
-
-private:
-    static void CALLBACK Ignore(HWINEVENTHOOK, DWORD, HWND, LONG, LONG, DWORD, DWORD) {}
-
-    HWINEVENTHOOK hook_;
-};
-
-std::wstring CountLabel(HWND dialog) {
-    std::array<wchar_t, 32> text{};
-    // GetWindowText reads a window of another process without waiting for that process.
-    GetWindowTextW(GetDlgItem(dialog, kCountLabelId), text.data(), static_cast<int>(text.size()));
-    return text.data();
-}
 
 /// A program to time and what it shows when it is ready.
 struct Contestant {

@@ -31,8 +31,9 @@ HWND FindVisibleWindow(DWORD processId, const std::function<bool(HWND)>& isWante
 
 bool StartProcess(const std::wstring& path, std::wstring& line, DWORD flags, STARTUPINFOW& start,
                   PROCESS_INFORMATION& info) {
+    const BOOL inherits = (start.dwFlags & STARTF_USESTDHANDLES) != 0;
     const auto create = [&] {
-        return CreateProcessW(path.c_str(), line.data(), nullptr, nullptr, FALSE, flags, nullptr, nullptr,
+        return CreateProcessW(path.c_str(), line.data(), nullptr, nullptr, inherits, flags, nullptr, nullptr,
                               &start, &info) != FALSE;
     };
     if (create())
