@@ -33,7 +33,11 @@ protected:
     /// The controls that take the keyboard, in the order of Tab; a group of choices has one stop.
     std::vector<int> TabStops() const {
         std::vector<int> stops = {kSourceList, kDestination, kBrowse};
-        stops.push_back(GetParam().IsList ? kTabFoldersList : kTabFoldersButton);
+        if (GetParam().IsList) {
+            stops.insert(stops.end(), {kFavourites, kTabFoldersList});
+        } else {
+            stops.insert(stops.end(), {kTabFoldersButton, kFavourites});
+        }
         stops.push_back(kCopy);
         stops.push_back(GetParam().IsIndividual ? kIndividual : kBatch);
         stops.push_back(kOpenDestination);

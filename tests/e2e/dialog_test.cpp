@@ -1,6 +1,4 @@
 // What the confirmation dialog answers, shows and says, message by message.
-#include "e2e/driver/app_copy.h"
-#include "e2e/driver/surroundings.h"
 #include "e2e/fixture.h"
 #include "samplehost/delivery_win32.h"
 #include "samplehost/host_block_writer.h"
@@ -289,48 +287,6 @@ TEST_F(ConfirmationDialog, WithoutOtherTabsTheirButtonSaysSo) {
     EXPECT_EQ(box.Text, L"他のタブのフォルダーがありません。");
     EXPECT_TRUE(DismissMessageBox(box));
     EXPECT_EQ(Dialog().Destination(), L"");
-}
-
-/// While it exists, the shell opens HTML pages with a command of its own, which writes their address to a
-/// file.
-class PageOpener {
-public:
-    explicit PageOpener(const std::wstring& file) {
-        Set(L".html", kProgram);
-        Set(std::wstring(kProgram) + L"\\shell\\open\\command",
-            L"C:\\windows\\system32\\cmd.exe /c echo %1>\"" + file + L"\"");
-    }
-    ~PageOpener() {
-        Set(L".html", L"htmlfile");
-        RegDeleteTreeW(HKEY_CLASSES_ROOT, kProgram);
-    }
-    PageOpener(const PageOpener&) = delete;
-    PageOpener& operator=(const PageOpener&) = delete;
-
-private:
-    static constexpr wchar_t kProgram[] = L"FerryTest.Page";
-
-    static void Set(const std::wstring& key, const std::wstring& text) {
-        RegSetKeyValueW(HKEY_CLASSES_ROOT, key.c_str(), nullptr, REG_SZ, text.c_str(),
-                        static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)));
-    }
-};
-
-TEST_F(ConfirmationDialog, F1OpensTheManualThatIsInstalledBesideIt) {
-    ASSERT_TRUE(OpenWith({}));
-    const std::wstring mark = Tree().Path(L"opened.txt");
-    const PageOpener opener(mark);
-    ASSERT_TRUE(Dialog().FocusDestination());
-    PressKey(VK_F1);
-    const std::wstring page =
-        ProgramFolder(AppFolder()) + L"\\Manual\\kiv\\man5\\6.Command\\2.DefaultCommand\\Ferry.html";
-    ASSERT_TRUE(Exists(page));
-    EXPECT_TRUE(WaitUntil([&] { return !ReadBytes(mark).empty(); }));
-    std::string opened = ReadBytes(mark);
-    std::erase(opened, '"');
-    EXPECT_EQ(std::wstring(opened.begin(), opened.begin() + static_cast<std::ptrdiff_t>(
-                                                                std::min(opened.find('\r'), opened.size()))),
-              page);
 }
 
 }  // namespace

@@ -12,6 +12,7 @@
 #include "e2e/driver/keys.h"
 #include "e2e/driver/message_box.h"
 #include "e2e/driver/practice_dialog.h"
+#include "e2e/driver/remote_menu.h"
 #include "e2e/driver/surroundings.h"
 #include "e2e/driver/temp_tree.h"
 #include "samplehost/delivery_win32.h"
@@ -100,6 +101,57 @@ TEST_F(Driver, SendsDataToTheDialog) {
     ASSERT_TRUE(
         samplehost::SendData(dialog_.Window(), nullptr, 100, samplehost::TextPayload(L"D:\\先"), 5000));
     EXPECT_EQ(dialog_.Destination(), L"D:\\先");
+}
+
+class DriverOfMenus : public Driver {
+protected:
+    void SetUp() override {
+        ASSERT_NO_FATAL_FAILURE(Driver::SetUp());
+        menu_ = RemoteMenu(dialog_.Window());
+        ASSERT_TRUE(TakeForeground(dialog_.Window()));
+        Order(practice::kShowMenu);
+        ASSERT_TRUE(menu_.WaitUntilOpen());
+    }
+
+    RemoteMenu menu_{nullptr};
+};
+
+TEST_F(DriverOfMenus, ReadsTheEntries) {
+    const std::vector<MenuEntry> entries = menu_.Entries();
+    ASSERT_EQ(entries.size(), 4U);
+    EXPECT_EQ(entries[0], (MenuEntry{L"one", false, false}));
+    EXPECT_EQ(entries[1].Text, L"");
+    EXPECT_EQ(entries[2], (MenuEntry{L"&more", true, false}));
+    EXPECT_EQ(entries[3], (MenuEntry{L"last", false, true}));
+    EXPECT_EQ(menu_.IndexOf(L"no such"), -1);
+    EXPECT_TRUE(menu_.Cancel());
+    EXPECT_TRUE(dialog_.IsOpen());
+}
+
+TEST_F(DriverOfMenus, MovesAndLeavesWithTheKeys) {
+    EXPECT_TRUE(menu_.MoveTo(3));
+    EXPECT_TRUE(menu_.MoveTo(0));
+    EXPECT_EQ(menu_.Highlighted(), 0);
+    EXPECT_FALSE(menu_.MoveTo(4));
+    ASSERT_TRUE(menu_.Enter(2));
+    EXPECT_EQ(menu_.Texts(), (std::vector<std::wstring>{L"in&ner", L"deep"}));
+    EXPECT_EQ(menu_.Depth(), 2U);
+    ASSERT_TRUE(menu_.Leave(VK_LEFT));
+    ASSERT_TRUE(menu_.Enter(2));
+    ASSERT_TRUE(menu_.Leave(VK_ESCAPE));
+    EXPECT_EQ(menu_.Count(), 4);
+    ASSERT_TRUE(menu_.Choose(std::vector<std::wstring>{L"one"}));
+    EXPECT_EQ(ExitCode(), 1U);
+}
+
+TEST_F(DriverOfMenus, ChoosesInASubmenuWithTheKeys) {
+    ASSERT_TRUE(menu_.Choose(std::vector<std::wstring>{L"&more", L"deep"}));
+    EXPECT_EQ(ExitCode(), 3U);
+}
+
+TEST_F(DriverOfMenus, ChoosesInASubmenuWithTheMouse) {
+    ASSERT_TRUE(menu_.ChooseWithMouse(std::vector<std::wstring>{L"&more", L"in&ner"}));
+    EXPECT_EQ(ExitCode(), 2U);
 }
 
 TEST_F(Driver, ReadsAndDismissesMessageBoxes) {

@@ -47,9 +47,9 @@ TEST_F(ProgressOfARun, ItAndTheQuestionSpeakTheLanguageOfTheHost) {
     const RemoteDialog question = Collision();
     EXPECT_EQ(question.Title(), L"Confirm the file operation");
     EXPECT_EQ(question.Text(ChoiceControl(6)), L"Rename automatically");
-    EXPECT_EQ(question.Text(kForAll), L"All later (&O)");
+    EXPECT_EQ(question.Text(kForAll), L"Apply to &all");
     EXPECT_EQ(ProgressWindow().Title(), L"Progress");
-    EXPECT_EQ(ProgressWindow().Text(kCancel), L"Stop (&C)");
+    EXPECT_EQ(ProgressWindow().Text(kCancel), L"&Stop");
     ASSERT_TRUE(PressEscapeIn(question));
     ASSERT_TRUE(Ends());
 }

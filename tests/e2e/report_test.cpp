@@ -1,19 +1,10 @@
 // What a run says of the items that it had to leave behind.
+#include "e2e/driver/clipboard.h"
 #include "e2e/driver/keys.h"
 #include "e2e/run_fixture.h"
 
 namespace ferry::e2e {
 namespace {
-
-/// The text on the clipboard; empty when there is none.
-std::wstring ClipboardText() {
-    if (OpenClipboard(nullptr) == FALSE)
-        return {};
-    const auto* const text = static_cast<const wchar_t*>(GlobalLock(GetClipboardData(CF_UNICODETEXT)));
-    const std::wstring copied = text == nullptr ? L"" : text;
-    CloseClipboard();
-    return copied;
-}
 
 /// A run of many files, of which some cannot go.
 class LeftBehind : public TransferTest {
@@ -106,9 +97,9 @@ INSTANTIATE_TEST_SUITE_P(
                     Way{1, L".ja-JP", L"処理できなかった項目",
                         L"1000 項目のうち 7 項目を処理できませんでした。元の場所に残っています。"},
                     Way{0, L".en-US", L"Items left behind",
-                        L"7 of 1000 items could not be handled and are where they were."},
+                        L"7 of 1000 items could not be transferred. They are still where they were."},
                     Way{1, L".en-US", L"Items left behind",
-                        L"7 of 1000 items could not be handled and are where they were."}),
+                        L"7 of 1000 items could not be transferred. They are still where they were."}),
     [](const auto& way) {
         return std::string(way.param.Mode == 0 ? "Batch" : "Individual") +
                (std::wstring_view(way.param.Language) == L".ja-JP" ? "Japanese" : "English");

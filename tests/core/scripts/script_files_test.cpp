@@ -1,5 +1,5 @@
 // Every test script is a test of its own, named by its path, and so is every script that people are shown:
-// the examples, and the blocks of the script reference, named by their lines there.
+// the examples, the sample favourites, and the blocks of the script reference, named by their lines there.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -46,7 +46,10 @@ std::string ReadText(const fs::path& path) {
 std::string NameOf(const fs::path& path, const fs::path& folder) {
     std::string name = Utf8Of(path.lexically_relative(folder));
     name.resize(name.size() - kEnd.size());
-    std::ranges::replace(name, '-', '_');
+    for (char& each : name) {
+        if (each == '-' || each == ' ' || each == '\'')
+            each = '_';
+    }
     return name;
 }
 
@@ -61,7 +64,7 @@ std::vector<TestScript> ScriptsBelow(const fs::path& folder) {
     return scripts;
 }
 
-/// The fenced blocks of a page that hold scripts.
+/// The fenced blocks of a page that hold scripts, named by their lines.
 std::vector<TestScript> ScriptsOnPage(const fs::path& path) {
     constexpr std::string_view kStart = "```script\n";
     const std::string page = ReadText(path);
@@ -147,19 +150,24 @@ std::size_t Register(const char* suite, const std::vector<TestScript>& scripts) 
 
 const std::vector<TestScript> kFiles = ScriptsBelow(FERRY_TEST_SCRIPTS);
 const std::vector<TestScript> kExamples = ScriptsBelow(FERRY_SCRIPT_EXAMPLES);
+const std::vector<TestScript> kFavourites = ScriptsBelow(FERRY_SAMPLE_FAVOURITES);
 const std::vector<TestScript> kBlocks = ScriptsOnPage(FERRY_SCRIPT_REFERENCE);
 
 const std::size_t kFileTests = Register<TestOfScript>("ScriptFile", kFiles);
 const std::size_t kExampleTests = Register<TestOfScript>("ScriptExample", kExamples);
+const std::size_t kFavouriteTests = Register<TestOfScript>("SampleFavourite", kFavourites);
 const std::size_t kBlockTests = Register<TestOfScript>("ScriptReference", kBlocks);
 const std::size_t kCheckedExamples = Register<SilenceOfChecker>("CheckedExample", kExamples);
+const std::size_t kCheckedFavourites = Register<SilenceOfChecker>("CheckedFavourite", kFavourites);
 const std::size_t kCheckedBlocks = Register<SilenceOfChecker>("CheckedReference", RightOnes(kBlocks));
 
 TEST(ScriptFiles, AreThere) {
     EXPECT_GE(kFileTests, 500U) << "in " << FERRY_TEST_SCRIPTS;
     EXPECT_GE(kExampleTests, 8U) << "in " << FERRY_SCRIPT_EXAMPLES;
+    EXPECT_GE(kFavouriteTests, 10U) << "in " << FERRY_SAMPLE_FAVOURITES;
     EXPECT_GE(kBlockTests, 50U) << "on " << FERRY_SCRIPT_REFERENCE;
     EXPECT_EQ(kCheckedExamples, kExampleTests);
+    EXPECT_EQ(kCheckedFavourites, kFavouriteTests);
     EXPECT_GE(kCheckedBlocks, 30U) << "on " << FERRY_SCRIPT_REFERENCE;
 }
 
@@ -170,6 +178,75 @@ std::string LineOf(const std::string& script, std::size_t number) {
     while (number-- > 0 && std::getline(lines, line)) {
     }
     return line;
+}
+
+/// The blocks of all pages that lie beside `page`, named by their pages, too.
+std::vector<TestScript> ScriptsBeside(const fs::path& page) {
+    std::vector<TestScript> scripts;
+    std::error_code error;
+    for (const fs::directory_entry& other : fs::directory_iterator(page.parent_path(), error)) {
+        if (other.path().extension() != ".md" || other.path().filename() == page.filename())
+            continue;
+        std::string name = Utf8Of(other.path().stem());
+        std::ranges::replace(name, '-', '_');
+        for (const TestScript& script : ScriptsOnPage(other.path())) {
+            scripts.push_back({name + '_' + script.Name, script.Place, script.Text});
+        }
+    }
+    std::ranges::sort(scripts, {}, &TestScript::Name);
+    return scripts;
+}
+
+const std::vector<TestScript> kOtherBlocks = ScriptsBeside(FERRY_SCRIPT_REFERENCE);
+const std::size_t kOtherTests = Register<TestOfScript>("ScriptOnPage", kOtherBlocks);
+const std::size_t kCheckedOthers = Register<SilenceOfChecker>("CheckedPage", kOtherBlocks);
+
+TEST(ScriptFiles, OfOtherPagesAreTriedToo) {
+    EXPECT_GE(kOtherTests, 1U) << "beside " << FERRY_SCRIPT_REFERENCE;
+    EXPECT_EQ(kCheckedOthers, kOtherTests);
+}
+
+/// What a page of the manual shows as `text`.
+std::string Unmarked(std::string text) {
+    for (const auto& [sign, meaning] :
+         {std::pair<std::string_view, char>{"&lt;", '<'}, {"&gt;", '>'}, {"&amp;", '&'}}) {
+        for (std::size_t at = text.find(sign); at != std::string::npos; at = text.find(sign, at + 1))
+            text.replace(at, sign.size(), 1, meaning);
+    }
+    return text;
+}
+
+/// The scripts that the manual's pages below `folder` show, named by page and line.
+std::vector<TestScript> ScriptsInManual(const fs::path& folder) {
+    constexpr std::string_view kStart = "<pre class=\"script\"><code>";
+    std::vector<TestScript> scripts;
+    std::error_code error;
+    for (fs::recursive_directory_iterator file(folder, error), end; !error && file != end;
+         file.increment(error)) {
+        if (file->path().extension() != ".html")
+            continue;
+        const std::string page = ReadText(file->path());
+        for (std::size_t at = page.find(kStart); at != std::string::npos; at = page.find(kStart, at)) {
+            at += kStart.size();
+            const std::string line = std::to_string(
+                std::count(page.begin(), page.begin() + static_cast<std::ptrdiff_t>(at), '\n') + 1);
+            std::string name = Utf8Of(file->path().lexically_relative(folder).replace_extension());
+            std::ranges::replace(name, '/', '_');
+            std::ranges::replace(name, '-', '_');
+            scripts.push_back({name + "_line_" + line, Utf8Of(file->path()) + ':' + line,
+                               Unmarked(page.substr(at, page.find("</code>", at) - at)) + '\n'});
+        }
+    }
+    std::ranges::sort(scripts, {}, &TestScript::Name);
+    return scripts;
+}
+
+const std::size_t kCheckedInManual =
+    Register<SilenceOfChecker>("CheckedManual", ScriptsInManual(FERRY_MANUAL));
+
+TEST(ScriptFiles, OfTheManualAreTheSameNumberInEachLanguage) {
+    EXPECT_GE(kCheckedInManual, 16U) << "in " << FERRY_MANUAL;
+    EXPECT_EQ(kCheckedInManual % 2, 0U);
 }
 
 TEST(CheckerOfScripts, PointsAtWhatItIsAbout) {

@@ -7,8 +7,6 @@
 #include "support/disk_win32.h"
 
 namespace ferry::e2e {
-namespace {
-
 bool CopyFolder(const std::wstring& from, const std::wstring& to) {
     CreateDirectoryW(LongForm(to).c_str(), nullptr);  // its absence shows in the copies below
     bool isCopied = true;
@@ -22,8 +20,6 @@ bool CopyFolder(const std::wstring& from, const std::wstring& to) {
     });
     return isListed && isCopied;
 }
-
-}  // namespace
 
 bool CopyApp(const std::wstring& folder) {
     // Only the program and its texts: the layout may stand inside a build folder.

@@ -52,7 +52,7 @@ Ending WaitForEnding(const base::ProcessHandle& process, int timeoutMs) {
     return ending;
 }
 
-ChildProcess::ChildProcess(const std::wstring& path, const std::vector<std::wstring>& arguments)
+ChildProcess::ChildProcess(const std::wstring& path, const std::vector<std::wstring>& arguments, HANDLE input)
     : job_(MakeJob()) {
     // Wine starts the process of its desktop for the first program that asks for it. It must not be a
     // child of this one, whose job would take it down.
@@ -63,6 +63,12 @@ ChildProcess::ChildProcess(const std::wstring& path, const std::vector<std::wstr
     }
     STARTUPINFOW start = {};
     start.cb = sizeof(start);
+    if (input != nullptr) {
+        start.dwFlags = STARTF_USESTDHANDLES;
+        start.hStdInput = input;
+        start.hStdOutput = GetStdHandle(STD_OUTPUT_HANDLE);
+        start.hStdError = GetStdHandle(STD_ERROR_HANDLE);
+    }
     PROCESS_INFORMATION info = {};
     if (!samplehost::StartProcess(path, line, CREATE_SUSPENDED, start, info))
         return;

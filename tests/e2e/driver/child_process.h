@@ -30,8 +30,10 @@ Ending WaitForEnding(const base::ProcessHandle& process, int timeoutMs);
 /// A started process. It and its children end with this object at the latest.
 class ChildProcess {
 public:
-    /// Starts `path` with `arguments`, each quoted as needed.
-    ChildProcess(const std::wstring& path, const std::vector<std::wstring>& arguments);
+    /// Starts `path` with `arguments`, each quoted as needed. `input`, a handle that can be inherited,
+    /// becomes its standard input when it is given.
+    ChildProcess(const std::wstring& path, const std::vector<std::wstring>& arguments,
+                 HANDLE input = nullptr);
 
     bool IsStarted() const noexcept { return static_cast<bool>(process_); }
     bool IsRunning() const noexcept;

@@ -23,6 +23,17 @@ WORD ScanCodeOf(WORD key) {
     return static_cast<WORD>(MapVirtualKeyW(key, MAPVK_VK_TO_VSC));
 }
 
+/// Each event brings its place along: a pointer that was moved before may not have arrived.
+void SendMouse(POINT place, DWORD event) {
+    constexpr int kFullScale = 65535;
+    INPUT input = {};
+    input.type = INPUT_MOUSE;
+    input.mi.dx = MulDiv(place.x, kFullScale, GetSystemMetrics(SM_CXSCREEN) - 1);
+    input.mi.dy = MulDiv(place.y, kFullScale, GetSystemMetrics(SM_CYSCREEN) - 1);
+    input.mi.dwFlags = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE | event;
+    SendInput(1, &input, sizeof(input));
+}
+
 // Presses Shift and keeps it down. A window that has just got the focus lets go of every key when it hears of
 // that, which may be after Shift was pressed; it has heard of it when Shift stays down while it answers.
 void HoldShift() {
@@ -68,19 +79,16 @@ void TypeText(std::wstring_view text) {
     }
 }
 
-void ClickAt(POINT place, int clicks) {
-    // Each event brings its place along: a pointer that was moved before may not have arrived.
-    constexpr int kFullScale = 65535;
-    INPUT input = {};
-    input.type = INPUT_MOUSE;
-    input.mi.dx = MulDiv(place.x, kFullScale, GetSystemMetrics(SM_CXSCREEN) - 1);
-    input.mi.dy = MulDiv(place.y, kFullScale, GetSystemMetrics(SM_CYSCREEN) - 1);
+void ClickAt(POINT place, int clicks, DWORD button) {
     for (int click = 0; click < clicks; ++click) {
-        for (const DWORD button : {MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP}) {
-            input.mi.dwFlags = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE | button;
-            SendInput(1, &input, sizeof(input));
-        }
+        // The number of a release is twice that of the press.
+        for (const DWORD event : {button, button << 1U})
+            SendMouse(place, event);
     }
+}
+
+void MovePointerTo(POINT place) {
+    SendMouse(place, 0);
 }
 
 bool TakeForeground(HWND window) {

@@ -19,8 +19,11 @@ void PressChord(std::initializer_list<WORD> keys);
 /// Types `text` whatever the keyboard layout.
 void TypeText(std::wstring_view text);
 
-/// Clicks with the left button at a place on the screen, so many times in a row.
-void ClickAt(POINT place, int clicks = 1);
+/// Clicks at a place on the screen, so many times in a row; `button` is MOUSEEVENTF_LEFTDOWN or another one.
+void ClickAt(POINT place, int clicks = 1, DWORD button = MOUSEEVENTF_LEFTDOWN);
+
+/// Moves the mouse to a place on the screen.
+void MovePointerTo(POINT place);
 
 /// Gives `window` the foreground and waits until it has it.
 bool TakeForeground(HWND window);

@@ -7,8 +7,8 @@
 
 namespace ferry::e2e {
 
-std::wstring InstalledMessage(const std::wstring& appFolder, int number) {
-    const std::string bytes = ReadBytes(appFolder + L"\\Lang\\Msg.ja-JP.txt");
+std::wstring InstalledMessage(const std::wstring& appFolder, int number, const std::wstring& language) {
+    const std::string bytes = ReadBytes(appFolder + L"\\Lang\\Msg." + language + L".txt");
     const std::wstring text = base::UnitsFromBytes(std::as_bytes(std::span(bytes)));
     const std::wstring key = L"\n" + std::to_wstring(number) + L"\t";
     const std::size_t at = text.find(key);

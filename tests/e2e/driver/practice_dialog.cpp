@@ -69,6 +69,24 @@ void Start(HWND dialog) {
         EndDialog(dialog, GetKeyState(VK_SHIFT) < 0 ? 11 : 10);
 }
 
+void ShowMenu(HWND dialog) {
+    const HMENU inner = CreatePopupMenu();
+    AppendMenuW(inner, MF_STRING, 2, L"in&ner");
+    AppendMenuW(inner, MF_STRING, 3, L"deep");
+    const HMENU menu = CreatePopupMenu();
+    AppendMenuW(menu, MF_STRING, 1, L"one");
+    AppendMenuW(menu, MF_SEPARATOR, 0, nullptr);
+    AppendMenuW(menu, MF_POPUP, reinterpret_cast<UINT_PTR>(inner), L"&more");
+    AppendMenuW(menu, MF_STRING | MF_GRAYED, 4, L"last");
+    RECT place = {};
+    GetWindowRect(dialog, &place);
+    const BOOL choice = TrackPopupMenu(menu, TPM_RETURNCMD | TPM_RIGHTBUTTON, place.left + 30, place.top + 60,
+                                       0, dialog, nullptr);
+    DestroyMenu(menu);
+    if (choice != 0)
+        EndDialog(dialog, choice);
+}
+
 INT_PTR CALLBACK Procedure(HWND dialog, UINT message, WPARAM first, LPARAM second) {
     switch (message) {
         case WM_INITDIALOG:
@@ -92,6 +110,9 @@ INT_PTR CALLBACK Procedure(HWND dialog, UINT message, WPARAM first, LPARAM secon
         case practice::kHang:
             SetPropW(dialog, practice::kHangs, dialog);
             Sleep(INFINITE);
+            return TRUE;
+        case practice::kShowMenu:
+            ShowMenu(dialog);
             return TRUE;
         case practice::kLinger:
             Sleep(static_cast<DWORD>(first));

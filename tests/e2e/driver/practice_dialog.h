@@ -15,4 +15,8 @@ inline constexpr wchar_t kHangs[] = L"hangs";
 /// Does nothing else for so many milliseconds.
 inline constexpr UINT kLinger = WM_APP + 2;
 
+/// Shows a menu: "one", a line, "&more" with "in&ner" and "deep", and "last", which cannot be chosen. Ends
+/// with 1 for "one", 2 and 3 for those of the submenu; goes on when nothing was chosen.
+inline constexpr UINT kShowMenu = WM_APP + 3;
+
 }  // namespace ferry::e2e::practice

@@ -4,10 +4,10 @@
 
 #include <algorithm>
 
-#include "base/handles_win32.h"
 #include "e2e/driver/ask.h"
 #include "e2e/driver/keys.h"
 #include "e2e/driver/message_box.h"
+#include "e2e/driver/remote_memory.h"
 #include "support/poll_win32.h"
 
 namespace ferry::e2e {
@@ -16,32 +16,6 @@ using test::WaitUntil;
 namespace {
 
 /// The place that a list view writes an item's text to must lie in its own process.
-class RemoteMemory {
-public:
-    RemoteMemory(HWND window, std::size_t size) {
-        DWORD processId = 0;
-        GetWindowThreadProcessId(window, &processId);
-        process_.Reset(
-            OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_READ | PROCESS_VM_WRITE, FALSE, processId));
-        place_ = VirtualAllocEx(process_.Get(), nullptr, size, MEM_COMMIT | MEM_RESERVE, PAGE_READWRITE);
-    }
-    ~RemoteMemory() { VirtualFreeEx(process_.Get(), place_, 0, MEM_RELEASE); }
-    RemoteMemory(const RemoteMemory&) = delete;
-    RemoteMemory& operator=(const RemoteMemory&) = delete;
-
-    std::byte* Place() const noexcept { return static_cast<std::byte*>(place_); }
-    void Write(const void* data, std::size_t size) const {
-        WriteProcessMemory(process_.Get(), place_, data, size, nullptr);
-    }
-    void Read(std::size_t offset, void* data, std::size_t size) const {
-        ReadProcessMemory(process_.Get(), Place() + offset, data, size, nullptr);
-    }
-
-private:
-    base::ProcessHandle process_;
-    void* place_ = nullptr;
-};
-
 constexpr int kItemTextUnits = 1024;
 
 }  // namespace
