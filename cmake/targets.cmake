@@ -44,6 +44,11 @@ if(WIN32)
         # ASLR with high entropy, NX, no import of a compiler's runtime DLL.
         target_link_options(ferry_options INTERFACE
             -static -Wl,--dynamicbase -Wl,--high-entropy-va -Wl,--nxcompat)
+        # The same sources give the same bytes, whenever and wherever they are built.
+        target_compile_options(ferry_options INTERFACE
+            "$<$<AND:$<CONFIG:Release>,$<COMPILE_LANGUAGE:C,CXX>>:-ffile-prefix-map=${CMAKE_SOURCE_DIR}=.>"
+            "$<$<AND:$<CONFIG:Release>,$<COMPILE_LANGUAGE:C,CXX>>:-ffile-prefix-map=${CMAKE_BINARY_DIR}=build>")
+        target_link_options(ferry_options INTERFACE -Wl,--no-insert-timestamp)
     else()
         set(CMAKE_MSVC_RUNTIME_LIBRARY "MultiThreaded$<$<CONFIG:Debug>:Debug>")
         target_link_options(ferry_options INTERFACE /DYNAMICBASE /HIGHENTROPYVA /NXCOMPAT /guard:cf)

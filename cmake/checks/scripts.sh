@@ -9,7 +9,7 @@ if [ "${#own[@]}" = 0 ] || [ "${#parts[@]}" = 0 ]; then
 fi
 bad=0
 
-shellcheck -x dev .ci/run "${own[@]}" || bad=1
+shellcheck -x dev .ci/run packaging/linux/ferry "${own[@]}" || bad=1
 
 # The parts of ./dev share their variables. Alone a part is judged by its form only, ...
 shellcheck -s bash -e SC2034,SC2154,SC1091 "${parts[@]}" || bad=1
@@ -22,5 +22,5 @@ for part in dev "${parts[@]}"; do
 done >"$whole"
 shellcheck -s bash -x -a -P "$PWD" -i SC2034,SC2154,SC2030,SC2031 "$whole" || bad=1
 
-[ "$bad" = 0 ] && echo "   $((2 + ${#own[@]} + ${#parts[@]})) scripts"
+[ "$bad" = 0 ] && echo "   $((3 + ${#own[@]} + ${#parts[@]})) scripts"
 exit "$bad"

@@ -29,7 +29,7 @@ make_units() {
         BEGIN {
             count = split(folders, folder, " ")
             while (leftOut != "" && (getline line < leftOut) > 0) skip[line] = 1
-            entry = "^(extern \"C\" )?int (main|wmain|LLVMFuzzerTestOneInput)\\("
+            entry = "^(extern \"C\" )?int (WINAPI )?(main|wmain|wWinMain|LLVMFuzzerTestOneInput)\\("
         }
         function unitOf(path,   i, name) {
             for (i = 1; i <= count; ++i) {

@@ -38,7 +38,7 @@ install_app() {
 build_app() {
     [ -n "${app_is_built:-}" ] && return
     need build
-    build_preset mingw Ferry ferry_texts ferry_fileop samplehost rundriver
+    build_preset mingw Ferry FerryOpen ferry_texts ferry_fileop samplehost rundriver
     install_app
     app_is_built=1
 }

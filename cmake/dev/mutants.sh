@@ -95,7 +95,7 @@ commands_for() {
     while IFS= read -r file; do
         dependents "$1" "$root/$file"
         awk -F '\t' -v file="$root/$file" '$3 == file { print $1 }' "$commands"
-    done < <(cd "$2" && find src res -type f 2>/dev/null) | sort -u |
+    done < <(cd "$2" && find src res tools -type f 2>/dev/null) | sort -u |
         awk -F '\t' 'FNR == NR { wanted[$1]; next } $1 in wanted' - "$commands"
 }
 
@@ -118,7 +118,7 @@ build_mutant() {
         command=${command/ -Werror/}  # a wrong change may look wrong
         case $command in
             *windres*) command=${command/ -I / -I "$scratch/res" -I } ;;
-            *) command=${command/ -I/ -iquote "$scratch/src" -iquote "$scratch/res" -I} ;;
+            *) command=${command/ -I/ -iquote "$scratch/src" -iquote "$scratch/res" -iquote "$scratch/tools" -I} ;;
         esac
         (cd "$folder" && eval "$command") || return 1
         number=$((number + 1))

@@ -36,10 +36,10 @@ take_picture() {
     rm -f "$before"
 }
 
-# drive ARGUMENTS...: runs the driver and takes a picture wherever it pauses, as PICTURES-name.png. It fails
-# with a Ferry that does not end well, and with whatever else crashes.
+# drive ARGUMENTS...: runs the driver and takes a picture wherever it pauses, as PICTURES-name.png, with the frames of
+# the windows beside it. It fails with a Ferry that does not end well, and with whatever else crashes.
 drive() {
-    local line status=0
+    local line picture status=0
     mkdir -p "$build/screenshots"
     coproc driver { LC_ALL=$wine_locale "$wine_loader" "$rundriver" --pause "$@" 2>&1 9>&-; }
     # shellcheck disable=SC2154 # coproc sets it
@@ -49,7 +49,10 @@ drive() {
         line=${line%$'\r'}
         case $line in
             'PAUSE '*)
-                take_picture "$build/screenshots/$pictures-${line#PAUSE }.png"
+                read -r _ picture line <<<"$line"
+                picture=$build/screenshots/$pictures-$picture
+                take_picture "$picture.png"
+                printf '%s\n' "$line" >"$picture.frames"
                 echo >&8 ;;
             *'Unhandled exception'*|*'Unhandled page fault'*)
                 printf '   %s\n' "$line"

@@ -1,5 +1,6 @@
-# ./dev screenshots: every dialog in both languages, at 100 % and at 150 %, for somebody to look at.
-load run
+# ./dev screenshots: every window in both languages and at several scalings, for somebody to look at, and the pictures
+# of the documentation.
+load run pictures
 
 settings_key='HKCU\Software\Marrowby\Kiv\Main001\Settings'
 scaling_key='HKCU\Control Panel\Desktop'
@@ -77,16 +78,86 @@ picture_progress() {
     wait "$run"
 }
 
+# make_favourites LANGUAGE: the user's folder with the sample favourites in it, and as the last of them one that runs
+# until it is stopped.
+make_favourites() {
+    local user=$wine_prefix/drive_c/FerryPicturesUser last='Wait for the disk' script name
+    [ "$1" != ja-JP ] || last=待機
+    rm -rf "$user"
+    mkdir -p "$user/Bar/Favorite"
+    while IFS= read -r script; do
+        name=$user/Bar/Favorite/${script%.script.txt}.txt
+        mkdir -p "$(dirname "$name")"
+        iconv -f UTF-8 -t UTF-16LE "$root/samples/favourites/$1/$script" >"$name"
+    done < <(cd "$root/samples/favourites/$1" && find . -name '*.script.txt')
+    printf 'do\r\nwait=100\r\nwhile 1==1\r\n' | iconv -f UTF-8 -t UTF-16LE >"$user/Bar/Favorite/$last.txt"
+    run_wine reg.exe add "$settings_key" /v UserDirMode /t REG_DWORD /d 2 /f >/dev/null
+    run_wine reg.exe add "$settings_key" /v UserDir /d 'C:\FerryPicturesUser' /f >/dev/null
+}
+
+# The menu with a submenu, the sign of a script that runs, and what is said when it was stopped.
+picture_favourites() {
+    make_favourites "$1"
+    picture_batch --favourites --last-favourite
+}
+
+# picture_launcher: what the launcher says about itself.
+picture_launcher() { drive --show 'C:\Ferry\Command\Ferry\FerryOpen.exe' --help; }
+
+# picture_trace: a script that ran, in the window that watches scripts.
+picture_trace() {
+    local folder=$wine_prefix/drive_c/FerryPictures
+    rm -rf "$folder"
+    mkdir -p "$folder"
+    cp "$build/mingw/tools/script/FerryScript.exe" "$build/mingw/tools/tracewindow/FerryTrace.exe" "$folder/"
+    sed 's/$/\r/' <<'SCRIPT' | iconv -f UTF-8 -t UTF-16LE >"$folder/count.txt"
+// Counts, and keeps a name for each.
+debug
+var count
+var 名前
+count=0
+do
+    count=+1
+    名前=写真 ?Year?-count
+while count<5
+SCRIPT
+    drive --show --beside 'C:\FerryPictures\FerryScript.exe run C:\FerryPictures\count.txt' \
+        'C:\FerryPictures\FerryTrace.exe'
+}
+
+# picture_motion: a copy from the dialog to its end, with a name that exists. What arrived then is in motion_names.
+picture_motion() {
+    local folder=$wine_prefix/drive_c/FerryPictures number faults=
+    rm -rf "$folder"
+    mkdir -p "$folder/source" "$folder/destination"
+    for number in 1 2 3 4 5 6; do
+        printf 'new %s\n' "$number" >"$folder/source/IMG_$number.jpg"
+        faults+=${faults:+,}slow@$number:1000
+    done
+    printf 'old\n' | tee "$folder/destination/IMG_2.jpg" >"$folder/destination/IMG_5.jpg"
+    FERRY_FILEOP_FAULTS=$faults drive --individual --policy 7 --choose 6 --progress --log 'C:\FerryPictures.log' \
+        'C:\FerryPictures\destination' 'C:\FerryPictures\source\IMG_'{1,2,3,4,5,6}'.jpg' || return
+    motion_names=$(cd "$folder/destination" && find . -name '*.jpg' -printf '%f\n' | sort)
+}
+
+# picture LANGUAGE-SCALE WHAT FUNCTION ARGUMENT...: the pictures of one run.
+picture() {
+    pictures=$1-$2
+    "${@:3}" || fail "the run for $pictures did not end; see build/screenshots/$pictures-*.png"
+}
+
 # picture_language LANGUAGE SCALE: the progress window stands beside the questions of the runs.
 picture_language() {
     local name=$1-$2
     run_wine reg.exe add "$settings_key" /v NLS /d ".$1" /f >/dev/null
-    pictures=$name-batch; picture_batch || fail "the batch run did not end; see build/screenshots/$pictures-*.png"
-    pictures=$name-tabs; picture_batch --tab-list "${other_tabs[@]}" || fail "the run with a tab list did not end"
-    pictures=$name-decide; picture_collision 7 || fail "the individual run did not end"
-    pictures=$name-rename; picture_collision 4 || fail "the renaming run did not end"
-    pictures=$name-report; picture_report || fail "the run that leaves something behind did not end"
-    pictures=$name-progress; picture_progress || fail "the run with slow files did not end"
+    picture "$name" batch picture_batch
+    picture "$name" tabs picture_batch --tab-list "${other_tabs[@]}"
+    picture "$name" decide picture_collision 7
+    picture "$name" rename picture_collision 4
+    picture "$name" report picture_report
+    picture "$name" progress picture_progress
+    picture "$name" favourites picture_favourites "$1"
+    picture "$name" launcher picture_launcher
 }
 
 # scale_to PERCENT: of programs that start from now on.
@@ -96,25 +167,57 @@ scale_to() {
 
 undo_picture_settings() {
     run_wine reg.exe delete "$settings_key" /v NLS /f
+    run_wine reg.exe delete "$settings_key" /v UserDirMode /f
+    run_wine reg.exe delete "$settings_key" /v UserDir /f
     run_wine reg.exe delete "$scaling_key" /v LogPixels /f
+    rm -rf "$wine_prefix"/drive_c/FerryPictures*
 } >/dev/null 2>&1
+
+# read_picture_arguments ARGUMENT...: sets `scales` and `publish`.
+read_picture_arguments() {
+    scales=() publish=0
+    local argument
+    for argument in "$@"; do
+        case $argument in
+            --publish) publish=1 ;;
+            100|125|150|175|200) scales+=("$argument") ;;
+            *) fail "usage: ./dev screenshots [--publish] [100] [125] [150] [175] [200]" ;;
+        esac
+    done
+    [ "${#scales[@]}" -gt 0 ] || scales=(100 125 150 200)
+    # The documentation shows what most people see.
+    [ "$publish" = 0 ] || [[ " ${scales[*]} " == *' 100 '* ]] || scales=(100 "${scales[@]}")
+}
 
 command_screenshots() {
     local language scale
+    read_picture_arguments "$@"
     build_app
+    build_preset mingw ferry-script ferry-trace
+    # Two windows beside each other at 200 %.
+    screen_size=1920x1200
     open_wine virtual
     install_on_c Ferry
     FERRY_E2E_HOST=$(windows_path "$samplehost")
     export FERRY_E2E_HOST FERRY_E2E_APP='C:\Ferry'
-    rm -f "$build"/screenshots/{ja-JP,en-US}-*.png
+    rm -f "$build"/screenshots/*-[12]??-*.{png,frames}
     at_end undo_picture_settings
-    for scale in 100 150; do
+    for scale in "${scales[@]}"; do
         scale_to "$scale"
         for language in ja-JP en-US; do
             say "$language at $scale %"
             picture_language "$language" "$scale"
         done
     done
+    if [ "$publish" = 1 ]; then
+        scale_to 100
+        for language in ja-JP en-US; do
+            run_wine reg.exe add "$settings_key" /v NLS /d ".$language" /f >/dev/null
+            picture "$language-100" motion picture_motion
+        done
+        picture en-US-100 trace picture_trace
+        publish_pictures
+    fi
     say "pictures:"
     find "$build/screenshots" -name '*.png' -printf '   build/screenshots/%f\n' | sort
 }

@@ -4,15 +4,17 @@
 # Cross-compiling, and the sources of the test framework and of the JSON library that every configuration reads.
 packages_build=(cmake ninja-build g++-mingw-w64-x86-64-posix googletest nlohmann-json3-dev)
 # Running Windows programs on a virtual display; libxrender1 and the other X libraries are opened
-# by Wine at run time, and fonts look jagged or the mouse is dead without them.
-packages_wine=(wine64 xvfb fonts-ipafont-gothic imagemagick locales libxrender1 libxcursor1 libxi6 libxrandr2
+# by Wine at run time, and fonts look jagged or the mouse is dead without them. fonts-wine has the signs on the
+# buttons of title bars, which are letters otherwise.
+packages_wine=(wine64 fonts-wine xvfb fonts-ipafont-gothic imagemagick locales libxrender1 libxcursor1 libxi6 libxrandr2
     libxinerama1 libxcomposite1 libxfixes3)
 packages_native=(g++ cmake ninja-build googletest nlohmann-json3-dev)
 packages_fuzz=(clang-19 libclang-rt-19-dev cmake ninja-build nlohmann-json3-dev)
 packages_check=(clang-19 clang-format-19 clang-tidy-19 shellcheck)
 # What scripts are measured against.
 packages_bench=(tcl)
-packages_package=(zip)
+# makensis compiles installers; python3 packs zips with names in UTF-8.
+packages_package=(nsis python3 unzip)
 
 # missing_packages NAME...: those of them that are not installed.
 missing_packages() {

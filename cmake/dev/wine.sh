@@ -6,6 +6,9 @@ load setup
 use_wine_dir() { wine_dir=$1 wine_prefix=$1/prefix wine_is_open=; }
 use_wine_dir "$build/wine"
 
+# The virtual display, and the Wine desktop on it.
+screen_size=1280x900
+
 # What stands before Wine's programs to keep them on some processors; nothing, as a rule.
 wine_pinned=()
 fileop_dll=$build/mingw/tools/fileop/ferry_fileop.dll
@@ -92,7 +95,7 @@ stop_wine_and_display() {
 start_display() {
     local number_file=$wine_dir/display.$$ waited=0
     : >"$number_file"
-    Xvfb -displayfd 3 -screen 0 1280x900x24 -nolisten tcp -noreset 3>"$number_file" \
+    Xvfb -displayfd 3 -screen 0 "${screen_size}x24" -nolisten tcp -noreset 3>"$number_file" \
         >"$wine_dir/xvfb.log" 2>&1 9>&- &
     xvfb_pid=$!
     until [ -s "$number_file" ]; do
@@ -107,7 +110,8 @@ start_display() {
 }
 
 # The settings of the prefix, as a registry file. A proportional Japanese face stands in for the
-# dialog fonts, as on a Japanese Windows.
+# dialog fonts, as on a Japanese Windows. Wine has a Tahoma of its own, which knows no Japanese: a replacement stands in
+# for a missing font only, a substitute for one that is there, too.
 prefix_settings() {
     cat <<'REG'
 Windows Registry Editor Version 5.00
@@ -116,6 +120,7 @@ Windows Registry Editor Version 5.00
 "MS Shell Dlg"="IPAPGothic"
 "MS Shell Dlg 2"="IPAPGothic"
 "MS UI Gothic"="IPAPGothic"
+"Tahoma"="IPAPGothic"
 
 [HKEY_CURRENT_USER\Software\Wine\Fonts\Replacements]
 "Tahoma"="IPAPGothic"
@@ -131,7 +136,7 @@ REG
     # Without a window manager Wine draws title bars only on its own desktop.
     if [ "$1" = own ]; then
         printf '[HKEY_CURRENT_USER\\Software\\Wine\\Explorer]\n"Desktop"="Ferry"\n\n'
-        printf '[HKEY_CURRENT_USER\\Software\\Wine\\Explorer\\Desktops]\n"Ferry"="1280x900"\n'
+        printf '[HKEY_CURRENT_USER\\Software\\Wine\\Explorer\\Desktops]\n"Ferry"="%s"\n' "$screen_size"
     else
         printf '[-HKEY_CURRENT_USER\\Software\\Wine\\Explorer]\n'
     fi
@@ -144,6 +149,11 @@ create_prefix() {
         >"$wine_dir/wineboot.log" 2>&1 9>&- </dev/null ||
         { stop_wine "$wine_prefix.new"; fail "Wine could not make its prefix; see build/wine/wineboot.log"; }
     WINEPREFIX=$wine_prefix.new timeout 60 "$wine_server" -w 9>&- || true
+    mkdir -p "$wine_prefix.new/drive_c/windows/Fonts"
+    # The signs on title bars. Debian's Wine does not look where Debian's package puts them; the other fonts there
+    # would only stand in the way of those below.
+    cp /usr/share/wine/fonts/marlett.ttf "$wine_prefix.new/drive_c/windows/Fonts" 2>/dev/null ||
+        say "marlett.ttf is not where fonts-wine puts it; title bars will show letters"
     mv "$wine_prefix.new" "$wine_prefix"
 }
 
@@ -158,6 +168,8 @@ apply_prefix_settings() {
     run_wine reg.exe import "$(windows_path "$wine_dir/settings.reg")" >"$wine_dir/reg.log" 2>&1 ||
         fail "the Wine prefix took no settings; see build/wine/reg.log"
     mv "$wine_dir/settings.new" "$wine_prefix/ferry-settings"
+    # What runs already has the desktop of before.
+    restart_wine
 }
 
 # register_fileop: the file-operation service takes the place of Wine's class, once it is built.

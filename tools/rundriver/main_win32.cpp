@@ -1,44 +1,87 @@
 // rundriver: lets Ferry copy or move files and presses its buttons.
 //
-// rundriver [--move] [--individual] [--policy N] [--tab FOLDER]... [--tab-list] [--pause] --log FILE
-//     DESTINATION ITEM...
+// rundriver [OPTION]... --log FILE DESTINATION ITEM...
+// rundriver [--pause] --show [--beside LINE] PROGRAM [ARGUMENT]...
 // FERRY_E2E_APP and FERRY_E2E_HOST name the installed layout and the sample host.
+#include <algorithm>
 #include <cstdio>
 #include <cwchar>
 #include <exception>
+#include <iterator>
 #include <string_view>
 
 #include "e2e/driver/surroundings.h"
+#include "shown_program_win32.h"
 #include "watched_run_win32.h"
 
 namespace {
 
 using ferry::rundriver::Wishes;
 
+constexpr char kUsage[] =
+    "usage: rundriver [--move] [--individual] [--policy N] [--choose N] [--tab FOLDER]... [--tab-list]\n"
+    "           [--favourites] [--last-favourite] [--progress] [--pause] --log FILE DESTINATION ITEM...\n"
+    "       rundriver [--pause] --show [--beside LINE] PROGRAM [ARGUMENT]...\n";
+
+constexpr struct {
+    std::wstring_view Name;
+    bool Wishes::* Flag;
+} kFlags[] = {
+    {L"--move", &Wishes::Moves},
+    {L"--individual", &Wishes::IsIndividual},
+    {L"--pause", &Wishes::PausesAt},
+    {L"--tab-list", &Wishes::ListsTabs},
+    {L"--favourites", &Wishes::OpensFavourites},
+    {L"--last-favourite", &Wishes::RunsLastFavourite},
+    {L"--progress", &Wishes::WatchesProgress},
+    {L"--show", &Wishes::ShowsProgram},
+};
+
+bool SetFlag(std::wstring_view argument, Wishes& wishes) {
+    const auto* const found = std::ranges::find(kFlags, argument, [](const auto& row) { return row.Name; });
+    if (found == std::end(kFlags))
+        return false;
+    wishes.*found->Flag = true;
+    return true;
+}
+
+bool SetValue(std::wstring_view argument, const wchar_t* value, Wishes& wishes) {
+    const int number = static_cast<int>(std::wcstol(value, nullptr, 10));
+    if (argument == L"--tab") {
+        wishes.Tabs.emplace_back(value);
+    } else if (argument == L"--policy") {
+        wishes.Policy = number;
+    } else if (argument == L"--choose") {
+        wishes.Choice = number;
+    } else if (argument == L"--log") {
+        wishes.LogFile = value;
+    } else if (argument == L"--beside") {
+        wishes.Beside = value;
+    } else {
+        return false;
+    }
+    return true;
+}
+
 /// Reads the options before the paths. The result is the index of the first path.
 int ReadOptions(int count, wchar_t** arguments, Wishes& wishes) {
     int index = 1;
-    for (; index < count; ++index) {
-        const std::wstring_view argument = arguments[index];
-        if (argument == L"--move") {
-            wishes.Moves = true;
-        } else if (argument == L"--individual") {
-            wishes.IsIndividual = true;
-        } else if (argument == L"--pause") {
-            wishes.PausesAt = true;
-        } else if (argument == L"--tab-list") {
-            wishes.ListsTabs = true;
-        } else if (argument == L"--tab" && index + 1 < count) {
-            wishes.Tabs.emplace_back(arguments[++index]);
-        } else if (argument == L"--policy" && index + 1 < count) {
-            wishes.Policy = static_cast<int>(std::wcstol(arguments[++index], nullptr, 10));
-        } else if (argument == L"--log" && index + 1 < count) {
-            wishes.LogFile = arguments[++index];
-        } else {
+    while (index < count) {
+        if (SetFlag(arguments[index], wishes))
+            ++index;
+        else if (index + 1 < count && SetValue(arguments[index], arguments[index + 1], wishes))
+            index += 2;
+        else
             break;
-        }
     }
     return index;
+}
+
+/// Whether the wishes and so many paths behind them can be fulfilled.
+bool CanBe(const Wishes& wishes, int paths) {
+    if (wishes.ShowsProgram)
+        return paths >= 1;
+    return paths >= 2 && !wishes.LogFile.empty() && wishes.Policy <= 7 && wishes.Choice <= 6;
 }
 
 }  // namespace
@@ -46,12 +89,13 @@ int ReadOptions(int count, wchar_t** arguments, Wishes& wishes) {
 int wmain(int count, wchar_t** arguments) {
     Wishes wishes;
     int index = ReadOptions(count, arguments, wishes);
-    if (count - index < 2 || wishes.LogFile.empty() || wishes.Policy > 7) {
-        std::fputs(
-            "usage: rundriver [--move] [--individual] [--policy N] [--tab FOLDER]... [--tab-list] [--pause]"
-            " --log FILE DESTINATION ITEM...\n",
-            stderr);
+    if (!CanBe(wishes, count - index)) {
+        std::fputs(kUsage, stderr);
         return 2;
+    }
+    if (wishes.ShowsProgram) {
+        wishes.Items.assign(arguments + index, arguments + count);
+        return ferry::rundriver::ShowProgram(wishes) ? 0 : 1;
     }
     if (const std::wstring missing = ferry::e2e::MissingSurroundings(); !missing.empty()) {
         std::fprintf(stderr, "rundriver: %ls\n", missing.c_str());

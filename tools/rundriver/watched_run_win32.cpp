@@ -9,6 +9,7 @@
 #include "e2e/driver/keys.h"
 #include "e2e/driver/message_box.h"
 #include "e2e/driver/run_dialogs.h"
+#include "frames_win32.h"
 #include "samplehost/process_windows_win32.h"
 #include "support/poll_win32.h"
 
@@ -16,6 +17,15 @@ namespace ferry::rundriver {
 namespace {
 
 constexpr int kCancelButton = 2;
+
+/// The class of every popup menu.
+constexpr wchar_t kMenuClass[] = L"#32768";
+
+/// How long a submenu may take to open, when the entry has one at all.
+constexpr int kSubmenuMs = 700;
+
+/// How often the progress window is pictured.
+constexpr ULONGLONG kProgressMs = 400;
 
 /// A window that asks or tells something, known by a control that only it has, and the button that answers it
 /// without touching a file.
@@ -25,12 +35,13 @@ struct Question {
     int Answer;
 };
 constexpr int kSkipButton = 1102;
+constexpr int kChoiceControl = 1226;
 constexpr Question kQuestions[] = {
-    {"collision", 1226, kCancelButton},  // Ferry's own: which policy
-    {"rename", 1108, kCancelButton},     // Ferry's own: which name
-    {"report", 1910, IDOK},              // Ferry's own: what stayed behind
-    {"replace", 1004, kSkipButton},      // the file-operation service: replace or skip
-    {"error", IDRETRY, kSkipButton},     // the file-operation service: again or skip
+    {"collision", kChoiceControl, kCancelButton},  // Ferry's own: which policy
+    {"rename", 1108, kCancelButton},               // Ferry's own: which name
+    {"report", 1910, IDOK},                        // Ferry's own: what stayed behind
+    {"replace", 1004, kSkipButton},                // the file-operation service: replace or skip
+    {"error", IDRETRY, kSkipButton},               // the file-operation service: again or skip
 };
 
 /// What `window` asks; null when it asks nothing.
@@ -44,6 +55,11 @@ const Question* QuestionIn(HWND window) {
 void MoveTo(HWND window, int left, int top) {
     SetWindowPos(window, nullptr, left, top, 0, 0,
                  SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_ASYNCWINDOWPOS);
+    // Its process moves it when it gets to it; who looks where it is wants to know the new place.
+    test::WaitUntil([=] {
+        RECT place = {};
+        return GetWindowRect(window, &place) != FALSE && place.left == left && place.top == top;
+    });
 }
 
 /// The question would lie over the progress window; this way a picture shows both.
@@ -55,11 +71,6 @@ void PlaceBesideProgress(HWND question, DWORD processId) {
     RECT place = {};
     GetWindowRect(progress.Window(), &place);
     MoveTo(question, place.right, 0);
-}
-
-bool Complain(const char* what) {
-    std::fprintf(stderr, "rundriver: %s\n", what);
-    return false;
 }
 
 e2e::RunPlan PlanOf(const Wishes& wishes) {
@@ -84,6 +95,10 @@ bool WatchedRun::Perform() {
     if (!ShowCandidates() || !FillIn())
         return false;
     Pause("filled");
+    if (wishes_.OpensFavourites && !ShowSubmenu())
+        return false;
+    if (wishes_.RunsLastFavourite && !StopLastFavourite())
+        return false;
     dialog_.Click(e2e::kStart);
     return WaitForEnd();
 }
@@ -112,6 +127,66 @@ bool WatchedRun::FillIn() {
     return true;
 }
 
+bool WatchedRun::OpenFavourites() {
+    if (!e2e::TakeForeground(dialog_.Window()) || !dialog_.PressWithKeys(e2e::kFavourites))
+        return Complain("the button of the favourites cannot be pressed");
+    const auto menus = [this] { return CountWindows(run_.FerryId(), kMenuClass); };
+    if (!test::WaitUntil([&] { return menus() > 0; }))
+        return Complain("the menu of the favourites does not open");
+    // The menu stands around the mouse, which would choose for the keys, and has opened the folder that it is
+    // on.
+    e2e::MovePointerTo({0, 0});
+    e2e::HasHandledAll(dialog_.Window());
+    for (int depth = menus(); depth > 1; --depth) {
+        e2e::PressKey(VK_LEFT);
+        test::WaitUntil([&] { return menus() < depth; });
+    }
+    return menus() == 1 || Complain("a folder of the favourites does not close");
+}
+
+bool WatchedRun::ShowSubmenu() {
+    if (!OpenFavourites())
+        return false;
+    const auto menus = [this] { return CountWindows(run_.FerryId(), kMenuClass); };
+    // In front of the folders may stand an entry of the menu's own.
+    constexpr int kMostEntries = 4;
+    e2e::PressKey(VK_HOME);
+    for (int tried = 0; menus() < 2 && tried < kMostEntries; ++tried) {
+        if (tried > 0)
+            e2e::PressKey(VK_DOWN);
+        e2e::PressKey(VK_RIGHT);
+        test::WaitUntil([&] { return menus() == 2; }, kSubmenuMs);
+    }
+    if (menus() < 2)
+        return Complain("no folder of the favourites opens");
+    Pause("menu");
+    for (int depth = menus(); depth > 0; --depth) {
+        e2e::PressKey(VK_ESCAPE);
+        test::WaitUntil([&] { return menus() < depth; });
+    }
+    return menus() == 0 || Complain("the menu of the favourites does not close");
+}
+
+bool WatchedRun::StopLastFavourite() {
+    if (!OpenFavourites())
+        return false;
+    e2e::PressKey(VK_END);
+    e2e::PressKey(VK_RETURN);
+    const e2e::RemoteDialog sign = e2e::WaitForRunDialog(run_.FerryId(), e2e::RunDialog::Progress);
+    if (!sign.IsOpen())
+        return Complain("the script does not show itself");
+    Pause("sign");
+    PostMessageW(sign.Control(kCancelButton), BM_CLICK, 0, 0);
+    const e2e::ShownBox box = e2e::WaitForMessageBox(run_.FerryId());
+    if (box.Window == nullptr)
+        return Complain("nothing tells that the script was stopped");
+    Pause("stopped");
+    if (!e2e::DismissMessageBox(box))
+        return Complain("the box about the script stays");
+    return test::WaitUntil([this] { return IsWindowEnabled(dialog_.Window()) != FALSE; }) ||
+           Complain("the dialog stays closed to its user");
+}
+
 bool WatchedRun::WaitForEnd() {
     const ULONGLONG deadline = GetTickCount64() + static_cast<ULONGLONG>(wishes_.PatienceMs);
     while (run_.IsRunning()) {
@@ -119,8 +194,11 @@ bool WatchedRun::WaitForEnd() {
             Pause("stuck");
             return Complain("Ferry did not end in time");
         }
-        if (!AnswerWhatIsAsked())
-            Sleep(test::kStepMs);
+        if (AnswerWhatIsAsked())
+            continue;
+        if (wishes_.WatchesProgress)
+            WatchProgress();
+        Sleep(test::kStepMs);
     }
     const e2e::Ending ending = run_.WaitForEnd();
     return ending.IsGood() || Complain(("Ferry ended badly: " + e2e::TextOf(ending)).c_str());
@@ -143,20 +221,39 @@ bool WatchedRun::AnswerWhatIsAsked() {
         return false;
     if (wishes_.PausesAt)
         PlaceBesideProgress(window, run_.FerryId());
-    std::printf("answered without touching a file: %s\n", asked->Name);
+    const bool isChoice = wishes_.Choice >= 0 && asked->TellingControl == kChoiceControl;
+    if (!isChoice)
+        std::printf("answered without touching a file: %s\n", asked->Name);
     Pause(asked->Name);
-    PostMessageW(GetDlgItem(window, asked->Answer), BM_CLICK, 0, 0);
+    if (isChoice)
+        ChooseForAll(window);
+    else
+        PostMessageW(GetDlgItem(window, asked->Answer), BM_CLICK, 0, 0);
     test::WaitUntil([&] { return !IsWindow(window) || !IsWindowVisible(window); });
     return true;
+}
+
+void WatchedRun::ChooseForAll(HWND question) {
+    const e2e::RemoteDialog dialog(question);
+    dialog.Choose(e2e::ChoiceControl(wishes_.Choice));
+    Pause("chosen");
+    dialog.Click(e2e::kForAll);
+}
+
+void WatchedRun::WatchProgress() {
+    const ULONGLONG now = GetTickCount64();
+    if (now < nextPicture_ || !e2e::FindRunDialog(run_.FerryId(), e2e::RunDialog::Progress).IsOpen())
+        return;
+    char name[] = "progress-00";
+    std::snprintf(name, sizeof name, "progress-%02d", std::min(++pictures_, 99));
+    Pause(name);
+    nextPicture_ = GetTickCount64() + kProgressMs;
 }
 
 void WatchedRun::Pause(const char* name) const {
     if (!wishes_.PausesAt)
         return;
-    std::printf("PAUSE %s\n", name);
-    std::fflush(stdout);
-    for (int character = std::getchar(); character != '\n' && character != EOF; character = std::getchar()) {
-    }
+    PauseFor(name, run_.FerryId());
 }
 
 }  // namespace ferry::rundriver
