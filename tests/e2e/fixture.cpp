@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "base/utf16.h"
+#include "e2e/driver/keys.h"
 #include "e2e/driver/run_dialogs.h"
 #include "e2e/driver/surroundings.h"
 #include "samplehost/delivery_win32.h"
@@ -25,6 +26,8 @@ const testing::Environment* const kSurroundings = testing::AddGlobalTestEnvironm
 }  // namespace
 
 FerryTest::FerryTest() : fileOpLog_(tree_.Path(L"fileop.log")) {
+    // Where the one before has left it, it might lie over a list and select what keys are to select.
+    MovePointerTo({0, 0});
     SetVariable(L"FERRY_FILEOP_LOG", fileOpLog_);
     SetVariable(L"FERRY_FILEOP_FAULTS", L"");
 }

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "support/poll_win32.h"
+#include "windows/support_win32.h"
 
 namespace ferry::test {
 namespace {
@@ -56,6 +57,14 @@ std::wstring TextOf(HMENU menu, UINT index) {
     return text;
 }
 
+// A window that has just come to the front may hear of it later, and a menu that is open then closes.
+void Settle() {
+    constexpr DWORD kQuietMs = 100;
+    while (MsgWaitForMultipleObjects(0, nullptr, FALSE, kQuietMs, QS_ALLINPUT) == WAIT_OBJECT_0) {
+        Pump();
+    }
+}
+
 }  // namespace
 
 std::vector<MenuEntry> EntriesOf(HMENU menu) {
@@ -81,9 +90,10 @@ std::vector<std::wstring> TextsOf(HMENU menu) {
 }
 
 MenuDriver::MenuDriver(HWND window, std::function<void(const MenuDriver&)> work)
-    : window_(window),
-      threadId_(GetCurrentThreadId()),
-      thread_([this, work = std::move(work)] { Run(work); }) {}
+    : window_(window), threadId_(GetCurrentThreadId()) {
+    Settle();
+    thread_ = std::thread([this, work = std::move(work)] { Run(work); });
+}
 
 MenuDriver::~MenuDriver() {
     thread_.join();

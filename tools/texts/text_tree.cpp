@@ -86,7 +86,11 @@ std::vector<LanguagePlace> TextTree::Languages() const {
 }
 
 LanguagePlace TextTree::LanguageIn(const fs::path& folder) {
-    const fs::path place = fs::absolute(folder / ".").lexically_normal().parent_path();
+    // Its own name, also when it was called "." or has a separator behind it.
+    fs::path place = fs::absolute(folder).lexically_normal();
+    if (!place.has_filename()) {
+        place = place.parent_path();
+    }
     LanguagePlace language{folder, place.parent_path() / (L"Msg." + WidePath(place.filename()) + L".txt")};
     for (const fs::path& file : FilesBelow(folder, false)) {
         if (WidePath(file.filename()).starts_with(L"Msg.")) {
