@@ -92,8 +92,13 @@ bool RemoteMenu::WaitUntilOpen() {
     if (!WaitUntilShown())
         return false;
     MovePointerTo({0, 0});
-    // Where the mouse stood on a folder, that has opened; it closes again.
-    HasHandledAll(owner_);
+    // The program moved the mouse to the middle, and may hear of that only now: it selects what is there, and
+    // opens it when it is a folder, which closes again below.
+    constexpr int kSettledAfter = 4;
+    for (int round = 0; round < kSettledAfter; ++round) {
+        Sleep(test::kStepMs);
+        HasHandledAll(owner_);
+    }
     for (std::size_t shown = AllShown().size(); shown > 1; --shown) {
         PressKey(VK_LEFT);
         if (!WaitUntil([&] { return AllShown().size() < shown; }))
