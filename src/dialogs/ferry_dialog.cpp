@@ -8,6 +8,7 @@
 #include "confirmation/policies.h"
 #include "desktop/window_placement.h"
 #include "dialogs/list_items.h"
+#include "dirmenu/labels.h"
 #include "framework/accessible_name.h"
 #include "framework/fields.h"
 #include "framework/handles.h"
@@ -39,11 +40,6 @@ constexpr int kOperations[] = {IDC_COPY, IDC_MOVE};
 constexpr int kModes[] = {IDC_BATCH, IDC_INDIVIDUAL};
 
 constexpr int kIndividualOnly[] = {IDC_POLICY_GROUP, IDC_PRECISION_LABEL, IDC_PRECISION};
-
-// Menus take "&" for a mnemonic.
-std::wstring MenuText(std::wstring_view text) {
-    return base::ReplaceAll(text, L"&", L"&&");
-}
 
 POINT CentreOf(HWND window) {
     RECT box{};
@@ -206,7 +202,7 @@ void CFerryDlg::OnOtherTabs() {
     }
     const framework::MenuHandle menu(CreatePopupMenu());
     for (std::size_t index = 0; index < folders.Size(); ++index) {
-        AppendMenuW(menu.Get(), MF_STRING, index + 1, MenuText(folders[index]).c_str());
+        AppendMenuW(menu.Get(), MF_STRING, index + 1, dirmenu::MenuText(folders[index]).c_str());
     }
     const POINT centre = CentreOf(Item(IDC_OTHER_TABS));
     const int command = TrackPopupMenu(menu.Get(), TPM_CENTERALIGN | TPM_VCENTERALIGN | TPM_RETURNCMD,
