@@ -31,21 +31,7 @@ struct Caller {
     HOOKPROC Procedure = nullptr;
 };
 
-/// Takes the hook away again.
-class Hook {
-public:
-    explicit Hook(HHOOK hook) noexcept : hook_(hook) {}
-    ~Hook() {
-        if (hook_ != nullptr)
-            UnhookWindowsHookEx(hook_);
-    }
-    Hook(const Hook&) = delete;
-    Hook& operator=(const Hook&) = delete;
-    explicit operator bool() const noexcept { return hook_ != nullptr; }
-
-private:
-    HHOOK hook_;
-};
+using HookHandle = base::UniqueResource<base::ReleasedBy<HHOOK, &UnhookWindowsHookEx>>;
 
 /// The file name of the library that holds `address` in this process.
 std::wstring LibraryAt(std::uintptr_t address, HMODULE& library) {
@@ -96,8 +82,8 @@ bool CallRemotely(HWND window, std::span<RemoteCall> calls) {
     const RemoteMemory data(window, size);
     if (caller.Procedure == nullptr || data.Place() == nullptr || !data.Write(all.data(), size))
         return false;
-    const Hook hook(SetWindowsHookExW(WH_CALLWNDPROC, caller.Procedure, caller.Library,
-                                      GetWindowThreadProcessId(window, nullptr)));
+    const HookHandle hook(SetWindowsHookExW(WH_CALLWNDPROC, caller.Procedure, caller.Library,
+                                            GetWindowThreadProcessId(window, nullptr)));
     DWORD_PTR answer = 0;
     // Without the hook the message, when it comes late, means nothing to anybody.
     return hook &&

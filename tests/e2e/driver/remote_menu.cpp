@@ -264,32 +264,40 @@ bool RemoteMenu::Choose(std::span<const std::wstring> path) {
     return WaitUntilClosed();
 }
 
+bool RemoteMenu::PointAt(int index) const {
+    POINT at = MiddleOf(PlaceOf(index));
+    return WaitUntil([&] {
+        // A hand is never quite still: an earlier place of the mouse that arrives late is put right so.
+        at.x ^= 1;
+        MovePointerTo(at);
+        return HasHandledAll(owner_) && Highlighted() == index;
+    });
+}
+
 bool RemoteMenu::ChooseWithMouse(std::span<const std::wstring> path, DWORD button) {
     for (std::size_t step = 0; step + 1 < path.size(); ++step) {
         const int index = IndexOf(path[step]);
         if (index < 0)
             return false;
-        MovePointerTo(MiddleOf(PlaceOf(index)));
-        if (!WaitForSubmenu(index))
+        if (!PointAt(index) || !WaitForSubmenu(index))
             return false;
     }
     const int index = IndexOf(path.back());
-    if (index < 0)
-        return false;
-    MovePointerTo(MiddleOf(PlaceOf(index)));
-    if (!Highlights(index))
+    if (index < 0 || !PointAt(index))
         return false;
     ClickAt(MiddleOf(PlaceOf(index)), 1, button);
     return WaitUntilClosed();
 }
 
 bool RemoteMenu::Cancel() {
-    while (open_.size() > 1) {
-        if (!Leave(VK_ESCAPE))
+    // A key that comes when no menu is left would be the window's.
+    for (std::size_t left = AllShown().size(); left > 0; left = AllShown().size()) {
+        PressKey(VK_ESCAPE);
+        if (!WaitUntil([&] { return AllShown().size() < left; }))
             return false;
     }
-    PressKey(VK_ESCAPE);
-    return WaitUntilClosed();
+    open_.clear();
+    return true;
 }
 
 }  // namespace ferry::e2e

@@ -87,6 +87,7 @@ private:
     HMENU SubmenuOf(int index) const;
     bool WaitForSubmenu(int index);
     bool Highlights(int index) const;
+    bool PointAt(int index) const;
     std::vector<std::uintptr_t> ResultsForEach(std::uintptr_t function, std::uintptr_t lastArgument) const;
 
     HWND owner_;
