@@ -95,8 +95,7 @@ TEST_F(DirMenuKeys, WhatCannotBeChosenIsNot) {
     const auto choice = Track([](const MenuDriver& driver) {
         EXPECT_TRUE(driver.Open(L"beta"));
         EXPECT_EQ(TextsOf(driver.OpenMenus().back()), Texts{L"(unread)"});
-        driver.Press(VK_RETURN);
-        EXPECT_TRUE(driver.Leave(VK_ESCAPE));
+        driver.PressInVain(VK_RETURN);
     });
     EXPECT_EQ(choice, std::nullopt);
 }

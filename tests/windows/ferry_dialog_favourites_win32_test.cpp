@@ -120,8 +120,8 @@ TEST_F(FavouritesButton, RunsTheScriptThatIsChosen) {
 
 TEST_F(FavouritesButton, RunsNothingWhenTheMenuIsCancelled) {
     PressAndDo([](const test::MenuDriver& menu) {
-        menu.GoTo(L"a.txt");
-        menu.Press(VK_ESCAPE);
+        EXPECT_TRUE(menu.GoTo(L"a.txt"));
+        EXPECT_TRUE(menu.Leave(VK_ESCAPE));
     });
     EXPECT_EQ(runs_, Texts{});
     EXPECT_EQ(Destination(), L"");

@@ -106,8 +106,9 @@ void MenuDriver::Run(const std::function<void(const MenuDriver&)>& work) const {
         ADD_FAILURE() << "no menu came, or more than one";
     }
     // One at a time: a key that comes when no menu is left would end the next one.
-    while (!OpenMenus().empty()) {
-        if (!Leave(VK_ESCAPE)) {
+    for (std::size_t left = OpenMenus().size(); left > 0; left = OpenMenus().size()) {
+        Press(VK_ESCAPE);
+        if (!WaitUntil([&] { return OpenMenus().size() < left; })) {
             ADD_FAILURE() << "a menu stays open";
             return;
         }
@@ -175,6 +176,12 @@ bool MenuDriver::Choose(const std::wstring& text, WPARAM key) const {
 
 void MenuDriver::Press(WPARAM key) const {
     PostMessageW(window_, WM_KEYDOWN, key, 1);
+}
+
+void MenuDriver::PressInVain(WPARAM key) const {
+    constexpr int kEnoughMs = 300;
+    Press(key);
+    WaitUntil([&] { return OpenMenus().empty(); }, kEnoughMs);
 }
 
 bool MenuDriver::WaitForDepth(std::size_t depth) const {

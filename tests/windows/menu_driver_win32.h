@@ -56,10 +56,11 @@ public:
     /// Goes to the entry called `text` and presses Enter; the menus close.
     bool Choose(const std::wstring& text, WPARAM key = VK_DOWN) const;
 
-    /// Presses a key, whatever it does.
-    void Press(WPARAM key) const;
+    /// Presses a key that chooses nothing, and gives the menus time to take it: some systems close them then.
+    void PressInVain(WPARAM key) const;
 
 private:
+    void Press(WPARAM key) const;
     void Run(const std::function<void(const MenuDriver&)>& work) const;
     bool WaitForDepth(std::size_t depth) const;
 
