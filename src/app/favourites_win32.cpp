@@ -45,17 +45,18 @@ void ScriptFavourites::Run(const std::wstring& path) {
     engine_.Run(path, nothing);
 }
 
-/// The file and the line that a message is about; the messages themselves name neither.
+/// The line and the file that a message is about, which most messages do not name. The line comes first: a
+/// narrow box cuts its title, and a name is known by its beginning.
 std::wstring ScriptFavourites::About() const {
     const std::optional<script::ScriptPlace> place = engine_.Place();
     if (!place) {
         return {};
     }
-    std::wstring about(paths::LastComponent(place->Script));
-    if (place->Line > 0) {
-        about.append(L" (").append(std::to_wstring(place->Line)).append(L")");
+    const std::wstring_view name = paths::LastComponent(place->Script);
+    if (place->Line == 0) {
+        return std::wstring(name);
     }
-    return about;
+    return std::to_wstring(place->Line).append(L": ").append(name);
 }
 
 }  // namespace ferry::app

@@ -79,7 +79,7 @@ TEST_F(FavouriteScript, AnErrorNamesTheFileAndTheLine) {
     const ShownBox box = Box();
     ASSERT_NE(box.Window, nullptr);
     EXPECT_EQ(box.Text, L"Syntax error!\nfolderjump=,");
-    EXPECT_EQ(RemoteText(box.Window), L"Ferry - wrong.txt (8)");
+    EXPECT_EQ(RemoteText(box.Window), L"Ferry - 8: wrong.txt");
     ASSERT_TRUE(DismissMessageBox(box));
     // It goes on behind its error.
     EXPECT_TRUE(DestinationIs(L"C:\\behind"));
@@ -106,7 +106,7 @@ TEST_F(FavouriteScript, ALoopEndsAtItsLimitWithAMessage) {
     const ShownBox box = Box();
     ASSERT_NE(box.Window, nullptr);
     EXPECT_EQ(box.Text, L"The number of repetitions of up too many.(5 times)");
-    EXPECT_EQ(RemoteText(box.Window), L"Ferry - loop.txt (2)");
+    EXPECT_EQ(RemoteText(box.Window), L"Ferry - 2: loop.txt");
     ASSERT_TRUE(DismissMessageBox(box));
     EXPECT_TRUE(IsAsBefore());
 }

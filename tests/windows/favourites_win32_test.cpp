@@ -95,16 +95,16 @@ TEST_F(FavouriteScripts, BeginWithNothingSelectedAndWithoutWhatTheLastOneLeft) {
         EXPECT_EQ(box.Text, L"0<>");
 }
 
-TEST_F(FavouriteScripts, TellWhatIsWrongWithTheFileAndTheLineInTheTitle) {
+TEST_F(FavouriteScripts, TellWhatIsWrongWithTheLineAndTheFileInTheTitle) {
     const test::AnsweredBoxes boxes;
     const std::wstring inner = Script(L"inner.txt", L"\r\n\r\nfilewritew=x\r\n");
     Run(L"outer.txt", L"include=" + inner + L"\r\nfilewritew=x\r\n");
     favourites_.Run(folder_ / L"gone.txt");
     ASSERT_EQ(boxes.Asked.size(), 3U);
     EXPECT_EQ(boxes.Asked[0].Text, L"File is not open.");
-    EXPECT_EQ(boxes.Asked[0].Title, L"Ferry - inner.txt (3)");
+    EXPECT_EQ(boxes.Asked[0].Title, L"Ferry - 3: inner.txt");
     EXPECT_EQ(boxes.Asked[1].Text, L"File is not open.");
-    EXPECT_EQ(boxes.Asked[1].Title, L"Ferry - outer.txt (2)");
+    EXPECT_EQ(boxes.Asked[1].Title, L"Ferry - 2: outer.txt");
     EXPECT_EQ(boxes.Asked[2].Text, L"Cannot read " + folder_ / L"gone.txt");
     EXPECT_EQ(boxes.Asked[2].Title, L"Ferry - gone.txt");
 }
@@ -149,7 +149,7 @@ TEST_P(StoppedFavourite, ShowsItsNameOverTheDisabledWindowAndSaysThatItWasStoppe
     EXPECT_TRUE(visitor.HasVisited());
     EXPECT_TRUE(IsWindowEnabled(dialog_.Handle()));
     EXPECT_TRUE(boxes.Only().Text.starts_with(L"The script was stopped.\n")) << "it ended by itself";
-    EXPECT_TRUE(boxes.Only().Title.starts_with(L"Ferry - loop.txt ("));
+    EXPECT_TRUE(boxes.Only().Title.ends_with(L": loop.txt"));
 }
 
 TEST_P(StoppedFavourite, LeavesTheForegroundToTheWindow) {
