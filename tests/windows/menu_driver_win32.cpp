@@ -150,7 +150,11 @@ bool MenuDriver::GoTo(const std::wstring& text, WPARAM key) const {
         if (before && TextOf(menu, *before) == text)
             return true;
         Press(key);
-        if (!WaitUntil([&] { return SelectedIndex(menu) != before; }))
+        // Between two entries nothing is selected for a moment.
+        if (!WaitUntil([&] {
+                const auto now = SelectedIndex(menu);
+                return now && now != before;
+            }))
             return false;
     }
     return false;
