@@ -60,7 +60,7 @@ wine_benches() {
 
 # What these measure is one call of Wine's server after the other. On one processor such a call takes a third of
 # the time, and not now more and now less, since no other processor has to be woken for each.
-serial_benches='bench_batch|bench_completion|bench_enumerate|bench_individual|bench_script'
+serial_benches='bench_batch|bench_completion|bench_enumerate|bench_individual|bench_menu|bench_script'
 
 run_pinned_benches() {
     local processor
