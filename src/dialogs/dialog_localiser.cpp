@@ -5,6 +5,7 @@
 #include "framework/controls.h"
 #include "lang/catalogue.h"
 #include "lang/dialog_text.h"
+#include "paths/path_grammar.h"
 
 namespace ferry::dialogs {
 
@@ -55,7 +56,7 @@ void Apply(const DialogTextEdit& edit, HWND dialog) {
 }  // namespace
 
 void DialogLocaliser::Localise(int templateId, HWND dialog) {
-    if (ChosenLanguage().UsesFiles && !Import(templateId, dialog)) {
+    if (ChosenLanguage().UsesFiles && !Import(templateId, dialog) && !HasFile(templateId)) {
         Export(templateId, dialog);
     }
 }
@@ -68,6 +69,12 @@ const DialogLocaliser::Language& DialogLocaliser::ChosenLanguage() {
         language_ = std::move(language);
     }
     return *language_;
+}
+
+/// A file that another program held for a moment is somebody's work, which must not be written over.
+bool DialogLocaliser::HasFile(int templateId) {
+    const std::wstring path = lang::DialogTextPath(modulePath_, ChosenLanguage().Suffix, templateId);
+    return GetFileAttributesW(paths::LongPathText(path).c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
 bool DialogLocaliser::Import(int templateId, HWND dialog) {

@@ -35,6 +35,7 @@ private:
     };
 
     const Language& ChosenLanguage();
+    bool HasFile(int templateId);
     bool Import(int templateId, HWND dialog);
     void Export(int templateId, HWND dialog);
 

@@ -17,7 +17,10 @@ public:
         // The window hides itself when it is stopped. If its owner were disabled then, the foreground would
         // go to another program.
         dialog_.OnStop([owner] { EnableWindow(owner, TRUE); });
-        dialog_.Create(owner);
+        // An owner that is disabled without a sign over it could not be used, and the script not be stopped.
+        if (!dialog_.Create(owner)) {
+            return;
+        }
         // Nobody knows how far a script has come.
         ShowWindow(dialog_.Item(IDC_BUSY_BAR), SW_HIDE);
         EnableWindow(owner_, FALSE);

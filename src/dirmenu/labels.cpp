@@ -11,12 +11,14 @@ namespace {
 constexpr wchar_t kEllipsis = L'\x2026';
 
 /// Whether `unit` belongs to the character before it: the second half of a pair, an accent, a voicing mark of
-/// the Japanese letters, a choice between forms.
+/// the Japanese letters, wide or narrow, a choice between forms, whose pair of units begins with one that
+/// stands for nothing else.
 bool ContinuesCharacter(wchar_t unit) noexcept {
     const auto isIn = [unit](unsigned first, unsigned last) {
         return static_cast<unsigned>(unit) >= first && static_cast<unsigned>(unit) <= last;
     };
-    return isIn(0xDC00, 0xDFFF) || isIn(0x0300, 0x036F) || isIn(0x3099, 0x309A) || isIn(0xFE00, 0xFE0F);
+    return isIn(0xDC00, 0xDFFF) || isIn(0x0300, 0x036F) || isIn(0x3099, 0x309A) || isIn(0xFE00, 0xFE0F) ||
+           isIn(0xFF9E, 0xFF9F) || isIn(0xDB40, 0xDB40);
 }
 
 /// `name` with no more than `kept` units of it, the larger half of them from its beginning.

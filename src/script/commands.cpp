@@ -30,9 +30,6 @@ constexpr std::uint32_t kMessage2 = 32778;
 constexpr std::uint32_t kMessageWait = 32779;
 constexpr std::uint32_t kMessageBar = 32780;
 
-constexpr std::uint32_t kKilledCode = 999;
-constexpr const wchar_t* kStillRunning = L"259";
-
 /// The parts of an argument at its first comma.
 struct Fields {
     std::wstring_view First;
@@ -125,12 +122,11 @@ ProgramStart StartOf(const CommandScope& scope, const Fields& fields) {
 std::wstring WaitFor(CommandScope& scope, RunningProgram& program) {
     // -1 waits without limit, and is that as an unsigned number, too.
     if (!program.Wait(static_cast<std::uint32_t>(scope.Options.Number(OptionId::Timeout)))) {
-        const std::wstring question = L"Timeout!\nAre you sure you want to kill the process?";
-        if (!scope.World.Speaker.Ask(question, lang::Tone::Question)) {
-            return kStillRunning;
+        if (!scope.World.Speaker.Ask(process::kKillQuestion, lang::Tone::Plain)) {
+            return std::to_wstring(process::kStillRuns);
         }
-        program.Kill(kKilledCode);
-        return std::to_wstring(kKilledCode);
+        program.Kill(process::kKilledExitCode);
+        return std::to_wstring(process::kKilledExitCode);
     }
     return std::to_wstring(static_cast<std::int32_t>(program.ExitCode()));
 }

@@ -52,6 +52,17 @@ TEST_F(FavouriteScript, AnyOtherLineLeavesTheDialogAsItWas) {
     EXPECT_TRUE(IsAsBefore());
 }
 
+TEST_F(FavouriteScript, WhatIsHandedOverUnderTheNumberOfAJumpIsOne) {
+    ASSERT_TRUE(OpenDialog());
+    for (const auto& [line, destination] :
+         {std::pair{L"exrun=C:\\tool", L"C:\\tool"}, {L"system_command=200,C:\\two", L"C:\\two"}}) {
+        SCOPED_TRACE(base::ToUtf8(line));
+        WriteScript(L"other.txt", {line});
+        ASSERT_TRUE(Choose({L"other.txt"}));
+        EXPECT_TRUE(DestinationIs(destination));
+    }
+}
+
 TEST_F(FavouriteScript, TheLastJumpOfAScriptDecides) {
     WriteScript(L"two.txt", {L"folderjump=0,C:\\first", L"folderjump=1,C:\\second"});
     ASSERT_TRUE(OpenDialog());

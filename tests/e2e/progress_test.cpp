@@ -55,11 +55,12 @@ TEST_F(ProgressOfARun, ItAndTheQuestionSpeakTheLanguageOfTheHost) {
 }
 
 TEST_F(ProgressOfARun, TheConfirmationDialogIsHiddenAndDisabledMeanwhile) {
-    ASSERT_TRUE(Start({Colliding(L"a.txt")}, kRenameIncoming));
-    ASSERT_TRUE(Rename().IsOpen());
+    // While no question is open, which would disable it, too.
+    ASSERT_TRUE(StartSlowly());
     EXPECT_FALSE(IsWindowVisible(Dialog().Window()));
     EXPECT_FALSE(IsWindowEnabled(Dialog().Window()));
     EXPECT_EQ(GetWindow(ProgressWindow().Window(), GW_OWNER), Dialog().Window());
+    ASSERT_TRUE(Ends());
 }
 
 TEST_F(ProgressOfARun, AQuestionBelongsToTheConfirmationAndLeavesItEnabled) {

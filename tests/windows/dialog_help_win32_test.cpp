@@ -133,7 +133,10 @@ private:
         const HWND menu = FindWindowW(L"#32768", nullptr);
         if (menu == nullptr || !IsWindowVisible(menu) || !current_->opened_.empty())
             return;
-        current_->opened_ = current_->OpenedFrom(current_->Window());
+        // The key goes to the window that the menu belongs to: of favourites, a child of their button.
+        constexpr int kMenuWindow = 500;
+        const HWND owner = GetDlgItem(GetDlgItem(current_->Window(), IDC_FAVOURITES), kMenuWindow);
+        current_->opened_ = current_->OpenedFrom(owner != nullptr ? owner : current_->Window());
         EndMenu();
     }
 

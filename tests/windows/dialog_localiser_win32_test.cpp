@@ -189,6 +189,24 @@ TEST_F(DialogLocaliserTest, FileOfAnyBytesDoesNoHarmAndIsKept) {
     EXPECT_EQ(Text(kButtonId), L"開始(&S)");
 }
 
+TEST_F(DialogLocaliserTest, AFileThatIsHeldForAMomentIsNotWrittenOver) {
+    const std::wstring work = L"\xFEFFTitle\r\n1002\tButton\tmine\r\n";
+    WriteFile(work);
+    {
+        int opened = 0;
+        const test::WatchedImport<&_wfsopen> open(
+            "_wfsopen", [&](const wchar_t* path, const wchar_t* mode, int sharing) {
+                return ++opened == 1 ? nullptr : open.CallReal(path, mode, sharing);
+            });
+        Localise(english_);
+        EXPECT_EQ(opened, 1);
+    }
+    EXPECT_EQ(test::ReadUnits(path_), work);
+    EXPECT_EQ(Text(kButtonId), L"開始(&S)");
+    Localise(english_);
+    EXPECT_EQ(Text(kButtonId), L"mine");
+}
+
 TEST_F(DialogLocaliserTest, FileThatCannotBeMadeIsSkipped) {
     test::WriteUnits(folder_ / L"Command\\Ferry\\.en-US", L"a file where the folder should be");
     Localise(english_);

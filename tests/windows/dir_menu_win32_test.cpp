@@ -292,6 +292,18 @@ TEST_F(DirMenuWindowTest, ThreeMenusOfLongNamesFitBesideEachOther) {
     EXPECT_GT(WidestName(Button()), 100);
 }
 
+TEST_F(DirMenuWindowTest, ANameHasTheSameRoomOnAMonitorOfAnotherScaling) {
+    // The font is that of the system; a window of twice its scaling has twice the pixels for as much.
+    const int usual = WidestName(Button());
+    const WatchedImport<&GetDpiForSystem> system("GetDpiForSystem", [] { return 96U; });
+    {
+        const WatchedImport<&GetDpiForWindow> window("GetDpiForWindow", [](HWND) { return 192U; });
+        EXPECT_NEAR(WidestName(Button()), usual / 2, 1);
+    }
+    const WatchedImport<&GetDpiForWindow> window("GetDpiForWindow", [](HWND) { return 96U; });
+    EXPECT_EQ(WidestName(Button()), usual);
+}
+
 TEST_F(DirMenuWindowTest, AnExceptionClosesTheMenuAndComesToWhoeverShowedIt) {
     class Failing final : public files::FolderSearch {
     public:

@@ -81,17 +81,21 @@ protected:
     std::wstring favourite_ = folder_ / L"a.txt";
     Texts runs_;
     std::function<void()> during_ = [] {};
+    std::function<BOOL(HMENU)> chosen_;  ///< What a menu answers instead of being shown.
+    // A menu that nobody works would wait for somebody.
+    int menusLeft_ = 0;
 
 private:
     // The pointer would select what lies under it, and open it when it is a folder.
     test::WatchedImport<&SetCursorPos> pointer_{"SetCursorPos", [](int, int) { return TRUE; }};
-    // A menu that nobody works would wait for somebody.
-    int menusLeft_ = 0;
     int menusRefused_ = 0;
     test::WatchedImport<&TrackPopupMenu> track_{
         "TrackPopupMenu",
         [this](HMENU menu, UINT flags, int x, int y, int reserved, HWND owner, const RECT* free) {
-            if (menusLeft_-- > 0)
+            const bool isExpected = menusLeft_-- > 0;
+            if (isExpected && chosen_)
+                return chosen_(menu);
+            if (isExpected)
                 return track_.CallReal(menu, flags, x, y, reserved, owner, free);
             ++menusRefused_;
             return FALSE;
@@ -135,6 +139,44 @@ TEST_F(FavouritesButton, OffersFilesAndTheFolderItselfButNothingHidden) {
     Texts texts;
     PressAndDo([&](const test::MenuDriver& menu) { texts = test::TextsOf(menu.OpenMenus().front()); });
     EXPECT_EQ(texts, (Texts{L"[Open Folder]", L"more\\", L"a.txt"}));
+}
+
+TEST_F(FavouritesButton, AFolderThatIsChosenItselfBecomesTheDestination) {
+    test::MakeFolders(folder_ / L"more");
+    SetWindowTextW(Edit(), L"D:\\before\\");
+    menusLeft_ = 1;
+    // Some systems give the command of a submenu that is clicked twice.
+    chosen_ = [](HMENU menu) { return static_cast<BOOL>(test::EntriesOf(menu)[1].Command); };
+    Press(IDC_FAVOURITES);
+    EXPECT_EQ(Destination(), (folder_ / L"more") + L"\\");
+    EXPECT_EQ(runs_, Texts{});
+}
+
+TEST_F(FavouritesButton, AnEmptyFolderOfFavouritesIsNamedInTheLanguageOfTheHost) {
+    test::MakeFolders(folder_ / L"more");
+    const auto textsOfMore = [&] {
+        Texts texts;
+        PressAndDo([&](const test::MenuDriver& menu) {
+            EXPECT_TRUE(menu.Open(L"more"));
+            texts = test::TextsOf(menu.OpenMenus().back());
+            EXPECT_TRUE(menu.Leave(VK_LEFT));
+        });
+        return texts;
+    };
+    world_.Store.HostTexts[L"NLS"] = L".ja-JP";
+    EXPECT_EQ(textsOfMore(), Texts{L"（空）"});
+    world_.Store.HostTexts[L"NLS"] = L".en-US";
+    EXPECT_EQ(textsOfMore(), Texts{L"(empty)"});
+}
+
+TEST_F(FavouritesButton, AMessageFileCanNameAnEmptyFolderOfFavourites) {
+    world_.Messages.File = L"65261\tvide\r\n";
+    test::MakeFolders(folder_ / L"more");
+    PressAndDo([&](const test::MenuDriver& menu) {
+        EXPECT_TRUE(menu.Open(L"more"));
+        EXPECT_EQ(test::TextsOf(menu.OpenMenus().back()), Texts{L"vide"});
+        EXPECT_TRUE(menu.Leave(VK_LEFT));
+    });
 }
 
 TEST_F(FavouritesButton, OpensTheFolderInTheShellWhenThatIsChosen) {

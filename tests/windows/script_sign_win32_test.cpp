@@ -100,6 +100,15 @@ TEST_F(ScriptSignTest, LeavesTheForegroundToItsOwnerWhenItIsStopped) {
     EXPECT_EQ(GetActiveWindow(), owner_.Get());
 }
 
+TEST_F(ScriptSignTest, LeavesItsOwnerUsableWhenTheSystemHasNoWindowLeft) {
+    const test::WatchedImport<&CreateDialogParamW> none(
+        "CreateDialogParamW", [](HINSTANCE, LPCWSTR, HWND, DLGPROC, LPARAM) -> HWND { return nullptr; });
+    const auto sign = make_();
+    EXPECT_EQ(none.Calls().size(), 1U);
+    EXPECT_TRUE(IsWindowEnabled(owner_.Get()));
+    EXPECT_FALSE(sign->IsStopped());
+}
+
 TEST_F(ScriptSignTest, StandsWithoutAnOwner) {
     const auto sign = ScriptSigns(world_.Services().Localiser, nullptr, L"main.txt")();
     EXPECT_NE(Window(), nullptr);

@@ -148,6 +148,15 @@ TEST_F(ScriptWorld, AfterTheLimitThePersonIsAskedAndMayLetTheProgramRun) {
     EXPECT_TRUE(children.HasStarted());
 }
 
+TEST_F(ScriptWorld, TheQuestionAfterTheLimitIsAPlainOne) {
+    const test::WaitingChildren children;
+    const test::AnsweredBoxes boxes(IDNO);
+    Run({L"runwait=1", L"timeout=0", L"exec=" + Child(children.Arguments())});
+    EXPECT_EQ(boxes.Only().Text, process::kKillQuestion);
+    EXPECT_EQ(boxes.Only().Style, UINT{MB_YESNO});
+    EXPECT_TRUE(children.HasStarted());
+}
+
 TEST_F(ScriptWorld, AfterTheLimitThePersonMayHaveTheProgramKilled) {
     const test::WaitingChildren children;
     base::ProcessHandle child;

@@ -52,10 +52,11 @@ TEST(Shortened, IsTheEllipsisWhereNothingFits) {
 }
 
 TEST(Shortened, CutsNoCharacterInTwo) {
-    // Each: one character of two units, a letter with an accent, one with a voicing mark, one with a chosen
+    // Each: one character of two units, a letter with an accent, two with a voicing mark, two with a chosen
     // form.
-    for (const std::wstring_view character :
-         {L"\xD842\xDFB7", L"e\x0301", L"\x304B\x3099", L"\x845B\xFE00"}) {
+    for (const std::wstring_view character : {L"\xD842\xDFB7", L"e\x0301", L"\x304B\x3099", L"\xFF76\xFF9E",
+                                              L"\x845B\xFE00", L"\x845B\xDB40\xDD00"}) {
+        const std::size_t size = character.size();
         std::wstring name;
         for (int count = 0; count < 10; ++count) {
             name.append(character);
@@ -66,10 +67,10 @@ TEST(Shortened, CutsNoCharacterInTwo) {
             const std::size_t ellipsis = shortened.find(L'\x2026');
             ASSERT_NE(ellipsis, std::wstring::npos);
             EXPECT_LE(shortened.size(), width);
-            EXPECT_EQ(ellipsis % 2, 0U);
-            EXPECT_EQ((shortened.size() - ellipsis - 1) % 2, 0U);
-            for (std::size_t at = 0; at < shortened.size(); at += at == ellipsis ? 1 : 2) {
-                EXPECT_TRUE(at == ellipsis || shortened.substr(at, 2) == character);
+            EXPECT_EQ(ellipsis % size, 0U);
+            EXPECT_EQ((shortened.size() - ellipsis - 1) % size, 0U);
+            for (std::size_t at = 0; at < shortened.size(); at += at == ellipsis ? 1 : size) {
+                EXPECT_TRUE(at == ellipsis || shortened.substr(at, size) == character);
             }
         }
     }

@@ -41,10 +41,10 @@ std::size_t LinesThatSaySomething(const std::wstring& text) {
     return count;
 }
 
-constexpr std::uint16_t kNumbers[] = {5953,  5954,  6269,  62304, 62306, 62314, 62325,
-                                      62400, 62401, 62402, 62535, 63007, 63503, kTooLongMessage};
+constexpr std::uint16_t kNumbers[] = {5953,  5954,  6269,  62304, 62306, 62314, 62325, 62400,          62401,
+                                      62402, 62535, 62541, 62544, 62547, 63007, 63503, kTooLongMessage};
 
-TEST(ShippedTexts, HaveEveryMessageThatTheProgramShowsInBothLanguages) {
+TEST(ShippedTexts, HaveEveryMessageThatTheProgramAndItsHostShowInBothLanguages) {
     for (const char* const name : {"Msg.ja-JP.txt", "Msg.en-US.txt"}) {
         const CatalogueEntries entries = Messages(name);
         for (const std::uint16_t number : kNumbers) {

@@ -261,7 +261,7 @@ void LiteralRun::StartProgram(const std::wstring& text, bool isWaitedFor) {
         program->ExitCode();
         return;
     }
-    if (world_.Speaker.Ask(L"Timeout!\nAre you sure you want to kill the process?", lang::Tone::Question))
+    if (world_.Speaker.Ask(L"Timeout!\nAre you sure you want to kill the process?", lang::Tone::Plain))
         program->Kill(999);
 }
 
