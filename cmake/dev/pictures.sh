@@ -17,6 +17,7 @@ favourites favourites-menu 9
 script-sign favourites-sign 9
 script-stopped favourites-stopped 1
 launcher-help launcher-window 1
+trace-window trace-window 1
 TABLE
 }
 
@@ -84,7 +85,7 @@ moving_picture() {
         moving_frame "${picture%.png}" 'The copy goes on ...' 35
     done < <(find "$build/screenshots" -name "$(basename "$1")-progress-*.png" -newer "$1-chosen.png" | sort)
     convert -size 760x500 xc:'#e8ecf0' -gravity north -font "$picture_font" -pointsize 20 -fill '#203040' \
-        -annotate +0+90 "$(printf 'Destination:\n\n%s' "$motion_names")" -gravity south \
+        -annotate +0+90 "$(printf 'Photos, at the destination:\n\n%s' "$motion_names")" -gravity south \
         -annotate +0+12 'Done. Nothing was overwritten.' "$moving/end.png" || fail "$2 could not be made"
     convert -loop 0 "${moving_frames[@]}" -delay 320 "$moving/end.png" +dither -colors 48 -layers optimize "$2" ||
         fail "$2 could not be made"
@@ -104,7 +105,6 @@ publish_pictures() {
             ! is_shown "$name" || cut_out "$build/screenshots/$language-100-$made" "$count" "$shown_pictures/$name"
         done < <(published_pictures)
     done
-    cut_out "$build/screenshots/en-US-100-trace-window" 1 "$shown_pictures/trace-window.png"
     moving_picture "$build/screenshots/en-US-100-motion" "$shown_pictures/collision.gif"
     say "the pictures of the documentation and of the manual are new: docs/images"
 }

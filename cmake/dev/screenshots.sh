@@ -104,40 +104,43 @@ picture_favourites() {
 # picture_launcher: what the launcher says about itself.
 picture_launcher() { drive --show 'C:\Ferry\Command\Ferry\FerryOpen.exe' --help; }
 
-# picture_trace: a script that ran, in the window that watches scripts.
+# picture_trace LOCALE NAME: a script that ran, in the window that watches scripts, which speaks the language of the
+# user. NAME is that of a variable.
 picture_trace() {
-    local folder=$wine_prefix/drive_c/FerryPictures
+    local folder=$wine_prefix/drive_c/FerryPictures wine_locale
+    make_locale "$1"
     rm -rf "$folder"
     mkdir -p "$folder"
     cp "$build/mingw/tools/script/FerryScript.exe" "$build/mingw/tools/tracewindow/FerryTrace.exe" "$folder/"
-    sed 's/$/\r/' <<'SCRIPT' | iconv -f UTF-8 -t UTF-16LE >"$folder/count.txt"
+    sed 's/$/\r/' <<SCRIPT | iconv -f UTF-8 -t UTF-16LE >"$folder/count.txt"
 // Counts, and keeps a name for each.
 debug
 var count
-var 名前
+var $2
 count=0
 do
     count=+1
-    名前=写真 ?Year?-count
+    $2=Photo ?Year?-count
 while count<5
 SCRIPT
     drive --show --beside 'C:\FerryPictures\FerryScript.exe run C:\FerryPictures\count.txt' \
         'C:\FerryPictures\FerryTrace.exe'
 }
 
-# picture_motion: a copy from the dialog to its end, with a name that exists. What arrived then is in motion_names.
+# picture_motion: a copy of a folder from the dialog to its end, with a name that exists. What arrived then is in
+# motion_names.
 picture_motion() {
     local folder=$wine_prefix/drive_c/FerryPictures number faults=
     rm -rf "$folder"
-    mkdir -p "$folder/source" "$folder/destination"
+    mkdir -p "$folder/Photos" "$folder/destination/Photos"
     for number in 1 2 3 4 5 6; do
-        printf 'new %s\n' "$number" >"$folder/source/IMG_$number.jpg"
+        printf 'new %s\n' "$number" >"$folder/Photos/IMG_$number.jpg"
         faults+=${faults:+,}slow@$number:1000
     done
-    printf 'old\n' | tee "$folder/destination/IMG_2.jpg" >"$folder/destination/IMG_5.jpg"
+    printf 'old\n' | tee "$folder/destination/Photos/IMG_2.jpg" >"$folder/destination/Photos/IMG_5.jpg"
     FERRY_FILEOP_FAULTS=$faults drive --individual --policy 7 --choose 6 --progress --log 'C:\FerryPictures.log' \
-        'C:\FerryPictures\destination' 'C:\FerryPictures\source\IMG_'{1,2,3,4,5,6}'.jpg' || return
-    motion_names=$(cd "$folder/destination" && find . -name '*.jpg' -printf '%f\n' | sort)
+        'C:\FerryPictures\destination' 'C:\FerryPictures\Photos' || return
+    motion_names=$(cd "$folder/destination/Photos" && find . -name '*.jpg' -printf '%f\n' | sort)
 }
 
 # picture LANGUAGE-SCALE WHAT FUNCTION ARGUMENT...: the pictures of one run.
@@ -215,7 +218,8 @@ command_screenshots() {
             run_wine reg.exe add "$settings_key" /v NLS /d ".$language" /f >/dev/null
             picture "$language-100" motion picture_motion
         done
-        picture en-US-100 trace picture_trace
+        picture en-US-100 trace picture_trace en_US.UTF-8 label
+        picture ja-JP-100 trace picture_trace ja_JP.UTF-8 名前
         publish_pictures
     fi
     say "pictures:"

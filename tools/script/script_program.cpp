@@ -15,6 +15,7 @@ constexpr std::string_view kHelp = R"(Usage: ferry-script COMMAND ...
 
   run SCRIPT [OPTIONS]      runs one script and prints what it does, a line each
       --select PATH         an item that is selected; may be given again
+      --select-from FILE    the items that FILE names, one a line, in UTF-8
       --host-window         the window of the host is there
       --answer NUMBER       the button that is pressed in the next box with a choice; may be given again
       --env NAME=VALUE      an environment variable; may be given again
