@@ -108,7 +108,7 @@ picture_launcher() { drive --show 'C:\Ferry\Command\Ferry\FerryOpen.exe' --help;
 # user. NAME is that of a variable.
 picture_trace() {
     local folder=$wine_prefix/drive_c/FerryPictures wine_locale
-    make_locale "$1"
+    FERRY_LOCALE=$1 make_locale
     rm -rf "$folder"
     mkdir -p "$folder"
     cp "$build/mingw/tools/script/FerryScript.exe" "$build/mingw/tools/tracewindow/FerryTrace.exe" "$folder/"

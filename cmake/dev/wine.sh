@@ -56,10 +56,10 @@ wine_environment() {
     make_locale
 }
 
-# make_locale [LOCALE]: Wine takes the language of Windows and the coding of Unix names from the locale. Where
+# make_locale: Wine takes the language of Windows and the coding of Unix names from the locale. Where
 # the C library has not generated it, names that are not ASCII arrive garbled, so it is made here.
 make_locale() {
-    wine_locale=${1:-${FERRY_LOCALE:-ja_JP.UTF-8}}
+    wine_locale=${FERRY_LOCALE:-ja_JP.UTF-8}
     export LOCPATH=$wine_dir/locale
     [ -d "$LOCPATH/$wine_locale" ] && return
     mkdir -p "$LOCPATH"
