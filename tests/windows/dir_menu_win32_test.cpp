@@ -298,7 +298,8 @@ TEST_F(DirMenuWindowTest, ANameHasTheSameRoomOnAMonitorOfAnotherScaling) {
     const WatchedImport<&GetDpiForSystem> system("GetDpiForSystem", [] { return 96U; });
     {
         const WatchedImport<&GetDpiForWindow> window("GetDpiForWindow", [](HWND) { return 192U; });
-        EXPECT_NEAR(WidestName(Button()), usual / 2, 1);
+        const int half = usual / 2;
+        EXPECT_NEAR(WidestName(Button()), half, 1);
     }
     const WatchedImport<&GetDpiForWindow> window("GetDpiForWindow", [](HWND) { return 96U; });
     EXPECT_EQ(WidestName(Button()), usual);
