@@ -3,12 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <condition_variable>
 #include <cstdio>
 #include <cstdlib>
-#include <mutex>
 #include <string>
-#include <thread>
+
+#include "support/alarm.h"
 
 namespace ferry::test {
 namespace {
@@ -22,41 +21,23 @@ std::chrono::seconds Limit() {
     return std::chrono::seconds(seconds > 0 ? seconds : kUsualSeconds);
 }
 
-/// Looks on from a thread of its own while a test runs.
+std::string running;
+
+void EndProgram() noexcept {
+    std::printf("time limit: error: %s did not end within %lld s\n", running.c_str(),
+                static_cast<long long>(Limit().count()));
+    std::fflush(stdout);
+    std::_Exit(kExitCode);
+}
+
 class TimeLimit : public testing::EmptyTestEventListener {
 public:
     void OnTestStart(const testing::TestInfo& test) override {
-        isOver_ = false;
-        name_ = std::string(test.test_suite_name()) + "." + test.name();
-        watch_ = std::thread([this] { Watch(); });
+        running = std::string(test.test_suite_name()) + "." + test.name();
+        StartAlarm(Limit(), &EndProgram);
     }
 
-    void OnTestEnd(const testing::TestInfo&) override {
-        {
-            const std::lock_guard lock(mutex_);
-            isOver_ = true;
-        }
-        changed_.notify_one();
-        watch_.join();
-    }
-
-private:
-    void Watch() {
-        std::unique_lock lock(mutex_);
-        const auto limit = Limit();
-        if (changed_.wait_for(lock, limit, [this] { return isOver_; }))
-            return;
-        std::printf("time limit: error: %s did not end within %lld s\n", name_.c_str(),
-                    static_cast<long long>(limit.count()));
-        std::fflush(stdout);
-        std::_Exit(kExitCode);
-    }
-
-    std::mutex mutex_;
-    std::condition_variable changed_;
-    std::thread watch_;
-    std::string name_;
-    bool isOver_ = false;
+    void OnTestEnd(const testing::TestInfo&) override { StopAlarm(); }
 };
 
 [[maybe_unused]] const bool kIsWatched = [] {

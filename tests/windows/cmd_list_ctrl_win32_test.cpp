@@ -518,10 +518,13 @@ TEST(ListItemsTest, AreGuardedByASectionThatSpinsAWhile) {
 
 TEST(ListItemsTest, AreChangedUnderTheirLockOnly) {
     ListItems items;
+    const DWORD thread = GetCurrentThreadId();
     std::set<LPCRITICAL_SECTION> entered;
     const test::WatchedImport<&EnterCriticalSection> enter("EnterCriticalSection",
                                                            [&](LPCRITICAL_SECTION section) {
-                                                               entered.insert(section);
+                                                               if (GetCurrentThreadId() == thread) {
+                                                                   entered.insert(section);
+                                                               }
                                                                enter.CallReal(section);
                                                            });
     LPCRITICAL_SECTION own = nullptr;

@@ -12,7 +12,6 @@
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <mutex>
 #include <tuple>
 #include <type_traits>
 #include <utility>
@@ -27,6 +26,10 @@ void** FindImport(const char* name) noexcept;
 void* ReplaceImport(void** place, void* function) noexcept;
 
 /// Takes the place of one imported function for as long as it lives. One at a time for each function.
+///
+/// Threads that no test started may call, too: the system's own ones come and go at any moment, and the
+/// runtime library of this program has work to do for each. What a test says of every call of a function
+/// that the runtime uses, it says of its own thread's calls.
 template <auto function>
 class WatchedImport;
 
@@ -45,14 +48,22 @@ public:
             ADD_FAILURE() << name << " is not imported";
             return;
         }
+        const Guard guard;
+        real_ = reinterpret_cast<RealFunction>(*place_);
         current_ = this;
-        real_ = reinterpret_cast<RealFunction>(ReplaceImport(place_, reinterpret_cast<void*>(&Receive)));
+        ReplaceImport(place_, reinterpret_cast<void*>(&Receive));
     }
 
+    /// Waits for answers that are under way on other threads.
     ~WatchedImport() {
-        if (place_ != nullptr) {
-            ReplaceImport(place_, reinterpret_cast<void*>(real_));
-            current_ = nullptr;
+        if (place_ == nullptr) {
+            return;
+        }
+        ReplaceImport(place_, reinterpret_cast<void*>(real_));
+        const Guard guard;
+        current_ = nullptr;
+        while (answering_ != 0) {
+            SleepConditionVariableSRW(&answered_, &lock_, INFINITE, 0);
         }
     }
 
@@ -64,7 +75,7 @@ public:
 
     /// The arguments of every call so far. What they point to may be gone.
     std::vector<Call> Calls() const {
-        const std::lock_guard guard(lock_);
+        const Guard guard;
         return calls_;
     }
 
@@ -78,21 +89,59 @@ public:
 private:
     using RealFunction = Result(WINAPI*)(Arguments...);
 
-    static Result WINAPI Receive(Arguments... arguments) {
-        WatchedImport& watched = *current_;
-        {
-            const std::lock_guard guard(watched.lock_);
-            watched.calls_.emplace_back(arguments...);
+    /// The system's own lock: that of the standard library may call what is watched.
+    class Guard {
+    public:
+        Guard() noexcept { AcquireSRWLockExclusive(&lock_); }
+        ~Guard() { ReleaseSRWLockExclusive(&lock_); }
+        Guard(const Guard&) = delete;
+        Guard& operator=(const Guard&) = delete;
+    };
+
+    /// Notes a call, and keeps the watcher alive while it answers.
+    class Visit {
+    public:
+        explicit Visit(Arguments... arguments) {
+            const Guard guard;
+            if (current_ == nullptr) {
+                return;
+            }
+            current_->calls_.emplace_back(arguments...);
+            if (current_->answer_) {
+                answer_ = &current_->answer_;
+                ++answering_;
+            }
         }
-        return watched.answer_ ? watched.answer_(arguments...) : watched.real_(arguments...);
+        ~Visit() {
+            if (answer_ != nullptr) {
+                const Guard guard;
+                --answering_;
+                WakeAllConditionVariable(&answered_);
+            }
+        }
+        Visit(const Visit&) = delete;
+        Visit& operator=(const Visit&) = delete;
+
+        /// Null when the call is to be passed on: also when the watcher ended after the call had begun.
+        const Answer* Asked() const noexcept { return answer_; }
+
+    private:
+        const Answer* answer_ = nullptr;
+    };
+
+    static Result WINAPI Receive(Arguments... arguments) {
+        const Visit visit(arguments...);
+        return visit.Asked() != nullptr ? (*visit.Asked())(arguments...) : real_(arguments...);
     }
 
+    static inline SRWLOCK lock_ = SRWLOCK_INIT;
+    static inline CONDITION_VARIABLE answered_ = CONDITION_VARIABLE_INIT;
     static inline WatchedImport* current_ = nullptr;
+    static inline int answering_ = 0;
+    static inline RealFunction real_ = nullptr;
 
     Answer answer_;
     void** place_;
-    RealFunction real_ = nullptr;
-    mutable std::mutex lock_;
     std::vector<Call> calls_;
 };
 
