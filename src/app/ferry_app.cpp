@@ -100,7 +100,7 @@ bool CFerryApp::InitInstance() {
     files::DiskInfo files;
     files::DiskSearch folders;
     files::DiskChanges changes;
-    dialogs::DialogLocaliser localiser(settings, changes, texts, modulePath);
+    dialogs::DialogLocaliser localiser(settings, files, changes, texts, modulePath);
     dialogs::Services services{modulePath,
                                host,
                                settings,

@@ -5,7 +5,6 @@
 #include "framework/controls.h"
 #include "lang/catalogue.h"
 #include "lang/dialog_text.h"
-#include "paths/path_grammar.h"
 
 namespace ferry::dialogs {
 
@@ -56,8 +55,13 @@ void Apply(const DialogTextEdit& edit, HWND dialog) {
 }  // namespace
 
 void DialogLocaliser::Localise(int templateId, HWND dialog) {
-    if (ChosenLanguage().UsesFiles && !Import(templateId, dialog) && !HasFile(templateId)) {
-        Export(templateId, dialog);
+    if (!ChosenLanguage().UsesFiles) {
+        return;
+    }
+    const std::wstring path = lang::DialogTextPath(modulePath_, ChosenLanguage().Suffix, templateId);
+    // One that is there and could not be read is somebody's work, held by another program for a moment.
+    if (!Import(path, dialog) && info_.Attributes(path) == files::kInvalidAttributes) {
+        Export(path, dialog);
     }
 }
 
@@ -71,14 +75,8 @@ const DialogLocaliser::Language& DialogLocaliser::ChosenLanguage() {
     return *language_;
 }
 
-/// A file that another program held for a moment is somebody's work, which must not be written over.
-bool DialogLocaliser::HasFile(int templateId) {
-    const std::wstring path = lang::DialogTextPath(modulePath_, ChosenLanguage().Suffix, templateId);
-    return GetFileAttributesW(paths::LongPathText(path).c_str()) != INVALID_FILE_ATTRIBUTES;
-}
-
-bool DialogLocaliser::Import(int templateId, HWND dialog) {
-    const auto text = texts_.Read(lang::DialogTextPath(modulePath_, ChosenLanguage().Suffix, templateId));
+bool DialogLocaliser::Import(const std::wstring& path, HWND dialog) {
+    const auto text = texts_.Read(path);
     if (!text) {
         return false;
     }
@@ -88,17 +86,15 @@ bool DialogLocaliser::Import(int templateId, HWND dialog) {
     return true;
 }
 
-void DialogLocaliser::Export(int templateId, HWND dialog) {
-    const std::wstring& suffix = ChosenLanguage().Suffix;
+void DialogLocaliser::Export(const std::wstring& path, HWND dialog) {
     // Best effort: without the folder the file cannot be made either, and then nothing is.
-    changes_.MakeFolder(lang::DialogTextFolder(modulePath_, suffix));
+    changes_.MakeFolder(lang::DialogTextFolder(modulePath_, ChosenLanguage().Suffix));
     std::vector<ControlText> controls;
     HWND control = nullptr;
     while ((control = FindWindowExW(dialog, control, nullptr, nullptr)) != nullptr) {
         controls.push_back(Describe(control));
     }
-    texts_.Write(lang::DialogTextPath(modulePath_, suffix, templateId),
-                 lang::RenderDialogText(framework::WindowText(dialog), controls));
+    texts_.Write(path, lang::RenderDialogText(framework::WindowText(dialog), controls));
 }
 
 }  // namespace ferry::dialogs

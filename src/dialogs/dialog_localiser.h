@@ -16,9 +16,9 @@ namespace ferry::dialogs {
 class DialogLocaliser {
 public:
     /// The ports must outlive this object; `modulePath` is the executable's full path.
-    DialogLocaliser(settings::SettingsStore& store, files::FileChanges& changes, lang::TextFiles& texts,
-                    std::wstring modulePath)
-        : store_(store), changes_(changes), texts_(texts), modulePath_(std::move(modulePath)) {}
+    DialogLocaliser(settings::SettingsStore& store, files::FileInfo& info, files::FileChanges& changes,
+                    lang::TextFiles& texts, std::wstring modulePath)
+        : store_(store), info_(info), changes_(changes), texts_(texts), modulePath_(std::move(modulePath)) {}
 
     /// Replaces the texts of `dialog`, made from template `templateId`, by those of its text
     /// file; without such a file, writes the dialog's texts to it. Does nothing in the built-in
@@ -35,11 +35,11 @@ private:
     };
 
     const Language& ChosenLanguage();
-    bool HasFile(int templateId);
-    bool Import(int templateId, HWND dialog);
-    void Export(int templateId, HWND dialog);
+    bool Import(const std::wstring& path, HWND dialog);
+    void Export(const std::wstring& path, HWND dialog);
 
     settings::SettingsStore& store_;
+    files::FileInfo& info_;
     files::FileChanges& changes_;
     lang::TextFiles& texts_;
     std::wstring modulePath_;

@@ -65,7 +65,7 @@ protected:
     }
 
     void Localise(LanguageStore& store) {
-        DialogLocaliser(store, changes_, texts_, modulePath_).Localise(102, dialog_.Get());
+        DialogLocaliser(store, info_, changes_, texts_, modulePath_).Localise(102, dialog_.Get());
     }
 
     void WriteFile(std::wstring_view units) {
@@ -75,6 +75,7 @@ protected:
 
     std::wstring path_ = folder_ / L"Command\\Ferry\\.en-US\\Ferry\\102.txt";
     LanguageStore english_{L".en-US", 0};
+    files::DiskInfo info_;
     files::DiskChanges changes_;
     lang::DiskTextFiles texts_;
     test::TestWindow dialog_;
@@ -160,7 +161,7 @@ TEST_F(DialogLocaliserTest, TranslatesTitleControlsAndLists) {
 }
 
 TEST_F(DialogLocaliserTest, AsksForTheLanguageOnce) {
-    DialogLocaliser localiser(english_, changes_, texts_, modulePath_);
+    DialogLocaliser localiser(english_, info_, changes_, texts_, modulePath_);
     localiser.Localise(102, dialog_.Get());
     localiser.Localise(131, dialog_.Get());
     EXPECT_EQ(english_.Reads, 2);

@@ -34,7 +34,7 @@ private:
 DialogWorld::DialogWorld() : DialogWorld(InstalledProgram()) {}
 
 DialogWorld::DialogWorld(std::wstring program)
-    : localiser_(Store, changes_, texts_, std::move(program)), services_(ServicesWith(Clock)) {
+    : localiser_(Store, files_, changes_, texts_, std::move(program)), services_(ServicesWith(Clock)) {
     const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_WIN95_CLASSES};
     framework::CommonControls::Get().Init(&controls);
     HoldKeys({});
