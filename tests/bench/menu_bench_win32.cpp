@@ -13,6 +13,7 @@
 #include "dirmenu/dir_menu_window.h"
 #include "files/disk_win32.h"
 #include "framework/handles.h"
+#include "support/menus_win32.h"
 
 namespace {
 
@@ -23,25 +24,20 @@ using ferry::framework::WindowHandle;
 
 constexpr std::size_t kFavourites = 5000;
 constexpr double kMenuGoal = 1.2;
-/// Asks a menu's window for its menu; MinGW's headers do not name it.
-constexpr UINT kGetMenuMessage = 0x01E1;
-constexpr wchar_t kMenuClass[] = L"#32768";
 
 /// The entries of the menu that closed last.
 std::size_t closedEntries = 0;
 
 /// Closes the menu as soon as it waits for its first message: it stands open then.
 LRESULT CALLBACK CloseMenu(int code, WPARAM wParam, LPARAM lParam) {
-    const HWND window = code == MSGF_MENU ? FindWindowW(kMenuClass, nullptr) : nullptr;
+    const HWND window = code == MSGF_MENU ? FindWindowW(ferry::test::kMenuClass, nullptr) : nullptr;
     if (window != nullptr && IsWindowVisible(window)) {
-        const LRESULT menu = SendMessageW(window, kGetMenuMessage, 0, 0);
+        const LRESULT menu = SendMessageW(window, ferry::test::kGetMenuMessage, 0, 0);
         closedEntries = static_cast<std::size_t>(GetMenuItemCount(reinterpret_cast<HMENU>(menu)));
         EndMenu();
     }
     return CallNextHookEx(nullptr, code, wParam, lParam);
 }
-
-using HookHandle = ferry::base::UniqueResource<ferry::base::ReleasedBy<HHOOK, &UnhookWindowsHookEx>>;
 
 void MakeFavourites(const std::wstring& folder) {
     for (std::size_t number = 1; number <= kFavourites; ++number) {
@@ -92,7 +88,8 @@ bool MeasureMenu() {
     MakeFavourites(folder);
     const WindowHandle window(CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, 400, 300,
                                               nullptr, nullptr, nullptr, nullptr));
-    const HookHandle hook(SetWindowsHookExW(WH_MSGFILTER, &CloseMenu, nullptr, GetCurrentThreadId()));
+    const ferry::test::HookHandle hook(
+        SetWindowsHookExW(WH_MSGFILTER, &CloseMenu, nullptr, GetCurrentThreadId()));
     return ferry::bench::Compare({Counting(kFavourites, [&] { return ShowByFerry(window.Get(), folder); }),
                                   Counting(kFavourites, [&] { return ShowByHand(window.Get(), folder); })},
                                  {{"menu of 5000 favourites, against a bare menu", 0, 1, kMenuGoal}});

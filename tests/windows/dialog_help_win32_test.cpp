@@ -9,6 +9,7 @@
 #include "dialogs/input_dialog.h"
 #include "dialogs/report_dialog.h"
 #include "support/disk_win32.h"
+#include "support/menus_win32.h"
 #include "windows/ferry_dialog_fixture_win32.h"
 #include "windows/watched_import_win32.h"
 
@@ -130,7 +131,7 @@ protected:
 
 private:
     static void CALLBACK Ask(HWND, UINT, UINT_PTR, DWORD) {
-        const HWND menu = FindWindowW(L"#32768", nullptr);
+        const HWND menu = FindWindowW(test::kMenuClass, nullptr);
         if (menu == nullptr || !IsWindowVisible(menu) || !current_->opened_.empty())
             return;
         // The key goes to the window that the menu belongs to: of favourites, a child of their button.

@@ -99,11 +99,6 @@ protected:
 
     LRESULT ItemCount() const { return SendMessageW(List(), LVM_GETITEMCOUNT, 0, 0); }
 
-    std::wstring Destination() const {
-        return test::TextOfWindow(reinterpret_cast<HWND>(
-            SendDlgItemMessageW(Window(), IDC_DESTINATION, CBEM_GETEDITCONTROL, 0, 0)));
-    }
-
     Texts Tabs() {
         const base::TextList& tabs = world_.Services().Host.TabFolders;
         return {tabs.begin(), tabs.end()};

@@ -85,13 +85,6 @@ protected:
     }
 
     void PressBrowse() { test::Click(Window(), IDC_BROWSE); }
-
-    HWND Edit() const {
-        return reinterpret_cast<HWND>(
-            SendDlgItemMessageW(Window(), IDC_DESTINATION, CBEM_GETEDITCONTROL, 0, 0));
-    }
-
-    std::wstring Destination() const { return test::TextOfWindow(Edit()); }
 };
 
 TEST_F(Browsing, AsksWithItsPromptFromTheDestinationOn) {

@@ -67,11 +67,6 @@ protected:
                             reinterpret_cast<LPARAM>(&data));
     }
 
-    HWND Edit() const {
-        return reinterpret_cast<HWND>(
-            SendDlgItemMessageW(Window(), IDC_DESTINATION, CBEM_GETEDITCONTROL, 0, 0));
-    }
-    std::wstring Destination() const { return test::TextOfWindow(Edit()); }
     bool IsOpen() const { return IsWindowVisible(Window()) != FALSE; }
     bool IsDefault(int button) const {
         return (SendDlgItemMessageW(Window(), button, WM_GETDLGCODE, 0, 0) & DLGC_DEFPUSHBUTTON) != 0;

@@ -37,6 +37,13 @@ protected:
     HWND Window() const { return dialog_->Handle(); }
     HWND List() const { return GetDlgItem(Window(), IDC_SOURCE_LIST); }
 
+    /// The field of the destination, and what it says.
+    HWND Edit() const {
+        return reinterpret_cast<HWND>(
+            SendDlgItemMessageW(Window(), IDC_DESTINATION, CBEM_GETEDITCONTROL, 0, 0));
+    }
+    std::wstring Destination() const { return test::TextOfWindow(Edit()); }
+
     std::wstring ItemText(int index) const {
         std::wstring text(512, L'\0');
         LVITEMW item{};

@@ -24,6 +24,14 @@ void Cancel(const test::MenuDriver& menu) {
     EXPECT_TRUE(menu.Leave(VK_ESCAPE));
 }
 
+/// The commands of its entries, in their order.
+std::vector<UINT> CommandsOf(const test::MenuDriver& menu) {
+    std::vector<UINT> commands;
+    for (const test::MenuEntry& entry : test::EntriesOf(menu.OpenMenus().front()))
+        commands.push_back(entry.Command);
+    return commands;
+}
+
 class TabMenu : public FerryDialogTest {
 protected:
     void OpenWithTabs(std::vector<std::wstring> tabs) {
@@ -45,27 +53,18 @@ protected:
         SendMessageW(Window(), WM_COMMAND, MAKEWPARAM(IDC_OTHER_TABS, BN_CLICKED),
                      reinterpret_cast<LPARAM>(GetDlgItem(Window(), IDC_OTHER_TABS)));
     }
-
-    void Choose(const std::wstring& text, WPARAM key = VK_DOWN) {
-        PressAndDo([&](const test::MenuDriver& menu) { EXPECT_TRUE(menu.Choose(text, key)); });
-    }
-
-    std::wstring Destination() const { return test::TextOfWindow(Edit()); }
-
-private:
-    HWND Edit() const {
-        return reinterpret_cast<HWND>(
-            SendDlgItemMessageW(Window(), IDC_DESTINATION, CBEM_GETEDITCONTROL, 0, 0));
-    }
 };
 
 TEST_F(TabMenu, ShowsEveryFolderAsItIsCalled) {
     OpenWithTabs({L"D:\\R&D", L"D:\\&first", L"D:\\a && b", L"D:\\日本", L"D:\\plain"});
+    std::vector<UINT> commands;
     Texts texts;
     PressAndDo([&](const test::MenuDriver& menu) {
+        commands = CommandsOf(menu);
         texts = test::TextsOf(menu.OpenMenus().front());
         Cancel(menu);
     });
+    EXPECT_EQ(commands, (std::vector<UINT>{1, 2, 3, 4, 5}));
     EXPECT_EQ(texts, (Texts{L"D:\\R&&D", L"D:\\&&first", L"D:\\a &&&& b", L"D:\\日本", L"D:\\plain"}));
 }
 
@@ -88,13 +87,17 @@ TEST_F(TabMenu, StandsAtTheCentreOfItsButton) {
 
 TEST_F(TabMenu, AnAmpersandOfAFolderReachesTheDestination) {
     OpenWithTabs({L"D:\\R&D", L"D:\\other"});
-    Choose(L"D:\\R&&D");
+    PressAndDo([](const test::MenuDriver& menu) {
+        EXPECT_EQ(CommandsOf(menu).size(), 2U);
+        EXPECT_TRUE(menu.Choose(L"D:\\R&&D"));
+    });
     EXPECT_EQ(Destination(), L"D:\\R&D\\");
 }
 
 TEST_F(TabMenu, EscapeChangesNothing) {
     OpenWithTabs({L"D:\\one", L"D:\\two"});
     PressAndDo([](const test::MenuDriver& menu) {
+        EXPECT_EQ(CommandsOf(menu).size(), 2U);
         EXPECT_TRUE(menu.GoTo(L"D:\\one"));
         Cancel(menu);
     });
@@ -114,7 +117,7 @@ TEST_F(TabMenu, LeavesNoMenuBehind) {
         return end.CallReal(menu);
     });
     PressAndDo(&Cancel);
-    Choose(L"D:\\one");
+    PressAndDo([](const test::MenuDriver& menu) { EXPECT_TRUE(menu.Choose(L"D:\\one")); });
     EXPECT_EQ(make.Calls().size(), 2U);
     EXPECT_TRUE(menus.empty());
 }
@@ -125,7 +128,13 @@ TEST_F(TabMenu, TheLastOfManyFoldersCanBeChosen) {
         tabs.push_back(L"D:\\tab " + std::to_wstring(index));
     }
     OpenWithTabs(tabs);
-    Choose(L"D:\\tab 299", VK_UP);
+    std::vector<UINT> commands;
+    PressAndDo([&](const test::MenuDriver& menu) {
+        commands = CommandsOf(menu);
+        EXPECT_TRUE(menu.Choose(L"D:\\tab 299", VK_UP));
+    });
+    ASSERT_EQ(commands.size(), 300U);
+    EXPECT_EQ(commands.back(), 300U);
     EXPECT_EQ(Destination(), L"D:\\tab 299\\");
 }
 

@@ -39,11 +39,6 @@ protected:
 
     bool IsOpen() const { return IsWindowVisible(Window()) != FALSE; }
 
-    HWND Edit() const {
-        return reinterpret_cast<HWND>(
-            SendDlgItemMessageW(Window(), IDC_DESTINATION, CBEM_GETEDITCONTROL, 0, 0));
-    }
-
     /// The calls that the shell got and that begin with `name`.
     Texts CallsOf(const std::wstring& name) const {
         Texts calls;

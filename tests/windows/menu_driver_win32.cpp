@@ -7,15 +7,13 @@
 #include <string_view>
 #include <utility>
 
+#include "support/menus_win32.h"
 #include "support/poll_win32.h"
 #include "windows/support_win32.h"
 
 namespace ferry::test {
 namespace {
 
-constexpr wchar_t kMenuClass[] = L"#32768";
-/// Asks a menu's window for its menu; MinGW's headers do not name it.
-constexpr UINT kGetMenuMessage = 0x01E1;
 constexpr UINT kAnswerMs = 1000;
 
 BOOL CALLBACK AddMenu(HWND window, LPARAM menus) {

@@ -9,6 +9,7 @@
 
 #include "base/handles_win32.h"
 #include "e2e/driver/remote_memory.h"
+#include "support/menus_win32.h"
 #include "support/poll_win32.h"
 
 namespace ferry::e2e {
@@ -30,8 +31,6 @@ struct Caller {
     HMODULE Library = nullptr;  ///< Stays for as long as the program runs.
     HOOKPROC Procedure = nullptr;
 };
-
-using HookHandle = base::UniqueResource<base::ReleasedBy<HHOOK, &UnhookWindowsHookEx>>;
 
 /// The file name of the library that holds `address` in this process.
 std::wstring LibraryAt(std::uintptr_t address, HMODULE& library) {
@@ -82,8 +81,8 @@ bool CallRemotely(HWND window, std::span<RemoteCall> calls) {
     const RemoteMemory data(window, size);
     if (caller.Procedure == nullptr || data.Place() == nullptr || !data.Write(all.data(), size))
         return false;
-    const HookHandle hook(SetWindowsHookExW(WH_CALLWNDPROC, caller.Procedure, caller.Library,
-                                            GetWindowThreadProcessId(window, nullptr)));
+    const test::HookHandle hook(SetWindowsHookExW(WH_CALLWNDPROC, caller.Procedure, caller.Library,
+                                                  GetWindowThreadProcessId(window, nullptr)));
     DWORD_PTR answer = 0;
     // Without the hook the message, when it comes late, means nothing to anybody.
     return hook &&

@@ -9,13 +9,11 @@
 #include "e2e/driver/remote_calls.h"
 #include "e2e/driver/remote_memory.h"
 #include "samplehost/process_windows_win32.h"
+#include "support/menus_win32.h"
 
 namespace ferry::e2e {
 namespace {
 
-constexpr wchar_t kMenuClass[] = L"#32768";
-/// Asks a menu's window for its menu; MinGW's headers do not name it.
-constexpr UINT kGetMenuMessage = 0x01E1;
 /// Longer than any name of a file, each "&" of which is doubled.
 constexpr std::size_t kTextUnits = 600;
 constexpr wchar_t kUser[] = L"user32.dll";
@@ -59,12 +57,12 @@ bool RemoteMenu::FindFunctions() {
 std::vector<RemoteMenu::Shown> RemoteMenu::AllShown() const {
     std::vector<Shown> all;
     samplehost::FindVisibleWindow(processId_, [&all](HWND window) {
-        if (ClassOf(window) == kMenuClass)
+        if (ClassOf(window) == test::kMenuClass)
             all.push_back({window, nullptr});
         return false;
     });
     for (Shown& shown : all)
-        shown.Menu = reinterpret_cast<HMENU>(Ask(shown.Window, kGetMenuMessage));
+        shown.Menu = reinterpret_cast<HMENU>(Ask(shown.Window, test::kGetMenuMessage));
     // One that closed meanwhile has answered nothing.
     std::erase_if(all, [](const Shown& shown) { return shown.Menu == nullptr; });
     return all;
