@@ -215,6 +215,8 @@ test_windows() {
 
 install_for_tests() {
     add_other_volume
+    # Those that a run which was cut off may have left. Tests take them for somebody's.
+    rm -rf "$wine_prefix"/drive_c/users/*/AppData/Local/Kiv/Bar
     install_on_c FerryTest
     export FERRY_E2E_APP='C:\FerryTest'
     FERRY_E2E_HOST=$(windows_path "$samplehost")
