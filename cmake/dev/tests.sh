@@ -27,11 +27,11 @@ count_results() {
 # report_program NAME PASSED FAILED SKIPPED
 report_program() { printf '   %-44s %5d passed, %d failed, %d skipped\n' "$@"; }
 
-# run_to_log EXE LOG: a Windows test program; its output and what it ended with. After one that hung, Wine
+# run_to_log EXE LOG [FILTER]: a Windows test program; its output and what it ended with. After one that hung, Wine
 # starts anew, since whatever it started may hang as well.
 run_to_log() {
     local status=0
-    (cd "$(dirname "$1")" && GTEST_FILTER=$filter run_wine_within "$program_seconds" "$1" >"$2" 2>&1 </dev/null) ||
+    (cd "$(dirname "$1")" && GTEST_FILTER=${3:-$filter} run_wine_within "$program_seconds" "$1" >"$2" 2>&1 </dev/null) ||
         status=$?
     echo "$status" >"$2.status"
     if [ "$status" = 124 ] || [ "$status" = 137 ]; then restart_wine; fi
@@ -118,9 +118,20 @@ work() {
     while number=$(next_part) && [ "$number" -lt "${#lines[@]}" ]; do
         read -r part label parts exe <<<"${lines[$number]}"
         export GTEST_SHARD_INDEX=$part GTEST_TOTAL_SHARDS=$parts
-        run_to_log "$exe" "$(part_log "$label" "$exe" "$part")"
+        if [ "$label" = english ]; then
+            run_in_english "$exe" "$(part_log "$label" "$exe" "$part")"
+        else
+            run_to_log "$exe" "$(part_log "$label" "$exe" "$part")"
+        fi
     done
     unset GTEST_SHARD_INDEX GTEST_TOTAL_SHARDS
+}
+
+# run_in_english EXE LOG: the room of English texts in the fonts of an English Windows.
+run_in_english() {
+    use_fonts en-US
+    FERRY_DIALOG_FAMILY=Tahoma run_to_log "$1" "$2" '*TextRoom*English*'
+    use_fonts ja-JP
 }
 
 # start_second_worker: works beside us, in a prefix and on a display of its own.
@@ -151,7 +162,7 @@ stop_second_worker() {
 run_plan() {
     [ "${#plan[@]}" -gt 0 ] || return 0
     say "the programs for Windows, under Wine"
-    rm -f "$build/logs"/{core,windows,e2e}-*
+    rm -f "$build/logs"/{core,windows,english,e2e}-*
     echo 0 >"$build/logs/next"
     [ "$filter" != '*' ] || [ "$(jobs)" -lt 2 ] || start_second_worker
     install_for_tests
@@ -171,6 +182,7 @@ report_plan() {
             judge_log "$name, part $((part + 1))" "$(part_log "$label" "$exe" "$part")"
             ok=$((ok + last_ok)) bad=$((bad + last_bad)) skip=$((skip + last_skip))
         done
+        [ "$label" != english ] || name+=", English fonts"
         report_program "$name" "$ok" "$bad" "$skip"
     done
 }
@@ -211,6 +223,7 @@ test_core() {
 test_windows() {
     prepare_windows
     plan_programs windows "$build/mingw-traps/tests/windows" "$build/mingw-traps/tools"
+    case $filter in '*'|*TextRoom*) plan+=("english 1 $(find "$build/mingw-traps/tests/windows" -name ferry_dialogs_test.exe)") ;; esac
 }
 
 install_for_tests() {

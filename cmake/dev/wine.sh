@@ -109,26 +109,39 @@ start_display() {
     rm -f "$number_file"
 }
 
-# The settings of the prefix, as a registry file. A proportional Japanese face stands in for the
-# dialog fonts, as on a Japanese Windows. Wine has a Tahoma of its own, which knows no Japanese: a replacement stands in
-# for a missing font only, a substitute for one that is there, too.
-prefix_settings() {
-    cat <<'REG'
-Windows Registry Editor Version 5.00
-
-[HKEY_LOCAL_MACHINE\Software\Microsoft\Windows NT\CurrentVersion\FontSubstitutes]
-"MS Shell Dlg"="IPAPGothic"
-"MS Shell Dlg 2"="IPAPGothic"
+# prefix_fonts LANGUAGE: the faces that stand in for the fonts of Windows, as a part of a registry file. In Japanese a
+# proportional Japanese face does for the dialog fonts, as on a Japanese Windows. Wine has a Tahoma of its own, which knows
+# no Japanese: a replacement stands in for a missing font only, a substitute for one that is there, too. In English
+# that Tahoma does; the fallbacks are those of Han and Kana.
+prefix_fonts() {
+    local face='"Tahoma"' tahoma=-
+    [ "$1" = en-US ] || face='"IPAPGothic"' tahoma='"IPAPGothic"'
+    cat <<REG
+[HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows NT\\CurrentVersion\\FontSubstitutes]
+"MS Shell Dlg"=$face
+"MS Shell Dlg 2"=$face
 "MS UI Gothic"="IPAPGothic"
-"Tahoma"="IPAPGothic"
+"Tahoma"=$tahoma
 
-[HKEY_CURRENT_USER\Software\Wine\Fonts\Replacements]
-"Tahoma"="IPAPGothic"
+[HKEY_CURRENT_USER\\Software\\Wine\\Fonts\\Replacements]
+"Tahoma"=$tahoma
 "MS UI Gothic"="IPAPGothic"
-"Segoe UI"="IPAPGothic"
+"Segoe UI"=$face
 "Yu Gothic UI"="IPAPGothic"
 "Meiryo UI"="IPAPGothic"
 
+[HKEY_CURRENT_USER\\Software\\Wine\\Uniscribe\\Fallback]
+"696e6168"="IPAPGothic"
+"616e616b"="IPAPGothic"
+
+REG
+}
+
+# The settings of the prefix, as a registry file.
+prefix_settings() {
+    printf 'Windows Registry Editor Version 5.00\n\n'
+    prefix_fonts ja-JP
+    cat <<'REG'
 [HKEY_CURRENT_USER\Software\Wine\WineDbg]
 "ShowCrashDialog"=dword:00000000
 
@@ -149,12 +162,34 @@ create_prefix() {
         >"$wine_dir/wineboot.log" 2>&1 9>&- </dev/null ||
         { stop_wine "$wine_prefix.new"; fail "Wine could not make its prefix; see build/wine/wineboot.log"; }
     WINEPREFIX=$wine_prefix.new timeout 60 "$wine_server" -w 9>&- || true
-    mkdir -p "$wine_prefix.new/drive_c/windows/Fonts"
-    # The signs on title bars. Debian's Wine does not look where Debian's package puts them; the other fonts there
-    # would only stand in the way of those below.
-    cp /usr/share/wine/fonts/marlett.ttf "$wine_prefix.new/drive_c/windows/Fonts" 2>/dev/null ||
-        say "marlett.ttf is not where fonts-wine puts it; title bars will show letters"
     mv "$wine_prefix.new" "$wine_prefix"
+}
+
+# import_settings <FILE: what a registry file says.
+import_settings() {
+    sed 's/$/\r/' | iconv -f UTF-8 -t UTF-16 >"$wine_dir/settings.reg"
+    run_wine reg.exe import "$(windows_path "$wine_dir/settings.reg")" >"$wine_dir/reg.log" 2>&1 ||
+        fail "the Wine prefix took no settings; see build/wine/reg.log"
+}
+
+# use_fonts LANGUAGE: as on a Windows of that language, for programs that start from now on. Until they are Japanese again
+# the settings count as not written, so that a command which was cut off leaves nothing to the next one.
+use_fonts() {
+    local written=$wine_prefix/ferry-settings
+    [ "$1" = ja-JP ] || [ ! -f "$written" ] || mv "$written" "$written.kept"
+    { printf 'Windows Registry Editor Version 5.00\n\n'; prefix_fonts "$1"; } | import_settings
+    [ "$1" != ja-JP ] || [ ! -f "$written.kept" ] || mv "$written.kept" "$written"
+}
+
+# add_fonts: the signs on title bars, and what English dialogs are written in. Debian's Wine does not look where Debian's
+# package puts them; the other fonts there would only stand in the way of those above. Before Wine is started.
+add_fonts() {
+    local folder=$wine_prefix/drive_c/windows/Fonts font
+    mkdir -p "$folder"
+    for font in marlett tahoma tahomabd; do
+        [ -f "$folder/$font.ttf" ] || cp "/usr/share/wine/fonts/$font.ttf" "$folder" 2>/dev/null ||
+            say "$font.ttf is not where fonts-wine puts it; windows will look odd"
+    done
 }
 
 # apply_prefix_settings DISPLAY_KIND: writes the settings unless the same ones were written last.
@@ -164,9 +199,7 @@ apply_prefix_settings() {
         rm "$wine_dir/settings.new"
         return
     fi
-    sed 's/$/\r/' "$wine_dir/settings.new" | iconv -f UTF-8 -t UTF-16 >"$wine_dir/settings.reg"
-    run_wine reg.exe import "$(windows_path "$wine_dir/settings.reg")" >"$wine_dir/reg.log" 2>&1 ||
-        fail "the Wine prefix took no settings; see build/wine/reg.log"
+    import_settings <"$wine_dir/settings.new"
     mv "$wine_dir/settings.new" "$wine_prefix/ferry-settings"
     # What runs already has the desktop of before.
     restart_wine
@@ -207,6 +240,7 @@ open_wine() {
     local kind=own
     if [ "$1" = caller ] && [ -n "${DISPLAY:-}" ]; then kind=caller; else start_display; fi
     [ -f "$wine_prefix/system.reg" ] || create_prefix
+    add_fonts
     start_wine
     apply_prefix_settings "$kind"
     register_fileop
