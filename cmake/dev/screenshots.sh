@@ -104,11 +104,10 @@ picture_favourites() {
 # picture_launcher: what the launcher says about itself.
 picture_launcher() { drive --show 'C:\Ferry\Command\Ferry\FerryOpen.exe' --help; }
 
-# picture_trace LOCALE NAME: a script that ran, in the window that watches scripts, which speaks the language of the
-# user. NAME is that of a variable.
+# picture_trace NAME: a script that ran, in the window that watches scripts, which speaks the language of the user. NAME
+# is that of a variable.
 picture_trace() {
-    local folder=$wine_prefix/drive_c/FerryPictures wine_locale
-    FERRY_LOCALE=$1 make_locale
+    local folder=$wine_prefix/drive_c/FerryPictures
     rm -rf "$folder"
     mkdir -p "$folder"
     cp "$build/mingw/tools/script/FerryScript.exe" "$build/mingw/tools/tracewindow/FerryTrace.exe" "$folder/"
@@ -116,11 +115,11 @@ picture_trace() {
 // Counts, and keeps a name for each.
 debug
 var count
-var $2
+var $1
 count=0
 do
     count=+1
-    $2=Photo ?Year?-count
+    $1=Photo ?Year?-count
 while count<5
 SCRIPT
     drive --show --beside 'C:\FerryPictures\FerryScript.exe run C:\FerryPictures\count.txt' \
@@ -149,10 +148,27 @@ picture() {
     "${@:3}" || fail "the run for $pictures did not end; see build/screenshots/$pictures-*.png"
 }
 
+# use_language LANGUAGE: the system's own texts and the fonts as on a Windows of that language, for programs that start
+# from now on. The first program with windows after a change of the locale writes Wine's own choice of fonts into the
+# registry, so one runs before ours is written.
+use_language() {
+    FERRY_LOCALE=${1/-/_}.UTF-8 make_locale
+    run_wine regedit.exe /S 'C:\no-such-file.reg' >/dev/null 2>&1 || true
+    use_fonts "$1"
+}
+
+# speak LANGUAGE: Ferry, and all that it stands on.
+speak() {
+    run_wine reg.exe add "$settings_key" /v NLS /d ".$1" /f >/dev/null
+    use_language "$1"
+}
+
 # picture_language LANGUAGE SCALE: the progress window stands beside the questions of the runs.
 picture_language() {
     local name=$1-$2
-    run_wine reg.exe add "$settings_key" /v NLS /d ".$1" /f >/dev/null
+    # A list of folders is not to show what tests and the other language left.
+    rm -rf "$wine_prefix"/drive_c/{ferry-e2e,FerryTest,FerryBench,FerryPictures*}
+    speak "$1"
     picture "$name" batch picture_batch
     picture "$name" tabs picture_batch --tab-list "${other_tabs[@]}"
     picture "$name" decide picture_collision 7
@@ -173,6 +189,7 @@ undo_picture_settings() {
     run_wine reg.exe delete "$settings_key" /v UserDirMode /f
     run_wine reg.exe delete "$settings_key" /v UserDir /f
     run_wine reg.exe delete "$scaling_key" /v LogPixels /f
+    use_language ja-JP
     rm -rf "$wine_prefix"/drive_c/FerryPictures*
 } >/dev/null 2>&1
 
@@ -194,6 +211,7 @@ read_picture_arguments() {
 
 command_screenshots() {
     local language scale
+    declare -A variable=([ja-JP]=名前 [en-US]=label)
     read_picture_arguments "$@"
     build_app
     build_preset mingw ferry-script ferry-trace
@@ -215,11 +233,10 @@ command_screenshots() {
     if [ "$publish" = 1 ]; then
         scale_to 100
         for language in ja-JP en-US; do
-            run_wine reg.exe add "$settings_key" /v NLS /d ".$language" /f >/dev/null
+            speak "$language"
             picture "$language-100" motion picture_motion
+            picture "$language-100" trace picture_trace "${variable[$language]}"
         done
-        picture en-US-100 trace picture_trace en_US.UTF-8 label
-        picture ja-JP-100 trace picture_trace ja_JP.UTF-8 名前
         publish_pictures
     fi
     say "pictures:"
