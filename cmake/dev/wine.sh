@@ -137,9 +137,8 @@ prefix_fonts() {
 REG
 }
 
-# The settings of the prefix, as a registry file.
+# prefix_settings DISPLAY_KIND: the settings of the prefix, as a part of a registry file.
 prefix_settings() {
-    printf 'Windows Registry Editor Version 5.00\n\n'
     prefix_fonts ja-JP
     cat <<'REG'
 [HKEY_CURRENT_USER\Software\Wine\WineDbg]
@@ -165,9 +164,9 @@ create_prefix() {
     mv "$wine_prefix.new" "$wine_prefix"
 }
 
-# import_settings <FILE: what a registry file says.
+# import_settings <PART: writes what a part of a registry file says.
 import_settings() {
-    sed 's/$/\r/' | iconv -f UTF-8 -t UTF-16 >"$wine_dir/settings.reg"
+    { printf 'Windows Registry Editor Version 5.00\n\n'; cat; } | sed 's/$/\r/' | iconv -f UTF-8 -t UTF-16 >"$wine_dir/settings.reg"
     run_wine reg.exe import "$(windows_path "$wine_dir/settings.reg")" >"$wine_dir/reg.log" 2>&1 ||
         fail "the Wine prefix took no settings; see build/wine/reg.log"
 }
@@ -177,7 +176,7 @@ import_settings() {
 use_fonts() {
     local written=$wine_prefix/ferry-settings
     [ "$1" = ja-JP ] || [ ! -f "$written" ] || mv "$written" "$written.kept"
-    { printf 'Windows Registry Editor Version 5.00\n\n'; prefix_fonts "$1"; } | import_settings
+    import_settings < <(prefix_fonts "$1")
     [ "$1" != ja-JP ] || [ ! -f "$written.kept" ] || mv "$written.kept" "$written"
 }
 

@@ -7,8 +7,8 @@ namespace ferry::test {
 
 /// Calls `ring` on another thread after `delay`, unless StopAlarm comes before. One alarm at a time.
 ///
-/// Nothing of the test program runs until then: a thread that waited for it here would call into the system
-/// at moments that a test which counts calls cannot know.
+/// On Windows nothing of the test program runs until then: a thread that waited for it here would call into
+/// the system at moments that a test which counts calls cannot know.
 void StartAlarm(std::chrono::seconds delay, void (*ring)() noexcept);
 
 void StopAlarm();
